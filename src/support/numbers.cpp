@@ -1,0 +1,237 @@
+// SPDX-License-Identifier: MIT
+#include "support/numbers.h"
+
+#include <array>
+#include <cfenv>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace zor {
+
+namespace {
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+int hexDigit(char c) {
+    if (isDigit(c)) {
+        return c - '0';
+    }
+    if (c >= 'A' && c <= 'F') {
+        return c - 'A' + 10;
+    }
+    if (c >= 'a' && c <= 'f') {
+        return c - 'a' + 10;
+    }
+    return -1;
+}
+
+double hexPrefix(std::string_view digits) {
+    double value = 0;
+    for (char c : digits) {
+        int digit = hexDigit(c);
+        if (digit < 0) {
+            break;
+        }
+        value = value * 16 + digit;
+    }
+    return value;
+}
+
+/// Fixed notation with so many significant digits, never an exponent.
+std::string fixedText(double value, int significant) {
+    if (std::isnan(value)) {
+        return "0";
+    }
+    if (std::isinf(value)) {
+        return value < 0 ? "-9999999999999999" : "9999999999999999";
+    }
+    // The decimal exponent after rounding to the significant digits says how many decimals remain.
+    std::array<char, 64> scientific{};
+    auto end = std::to_chars(scientific.data(), scientific.data() + scientific.size(), value,
+                             std::chars_format::scientific, significant - 1);
+    std::string_view written(scientific.data(), static_cast<std::size_t>(end.ptr - scientific.data()));
+    auto mark = written.find('e');
+    std::string_view exponentText = written.substr(mark + 1);
+    if (exponentText.front() == '+') {
+        exponentText.remove_prefix(1);
+    }
+    int exponent = 0;
+    std::from_chars(exponentText.data(), exponentText.data() + exponentText.size(), exponent);
+
+    std::string digits;
+    bool negative = false;
+    for (char c : written.substr(0, mark)) {
+        if (c == '-') {
+            negative = true;
+        } else if (c != '.') {
+            digits += c;
+        }
+    }
+    std::string whole;
+    std::string fraction;
+    if (exponent >= 0) {
+        std::size_t wholeDigits = static_cast<std::size_t>(exponent) + 1;
+        if (digits.size() < wholeDigits) {
+            digits.append(wholeDigits - digits.size(), '0');
+        }
+        whole = digits.substr(0, wholeDigits);
+        fraction = digits.substr(wholeDigits);
+    } else {
+        fraction = std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+    }
+    while (!fraction.empty() && fraction.back() == '0') {
+        fraction.pop_back();
+    }
+    if (fraction.empty()) {
+        if (whole.empty() || whole == "0") {
+            return "0";
+        }
+        return (negative ? "-" : "") + whole;
+    }
+    return (negative ? "-" : "") + (whole == "0" ? std::string() : whole) + "." + fraction;
+}
+
+} // namespace
+
+double roundTiesEven(double value) {
+    // Exact in every rounding mode: the remainder against the nearest even integer is computed, not assumed.
+    double whole = std::floor(value);
+    double rest = value - whole;
+    if (rest < 0.5) {
+        return whole;
+    }
+    if (rest > 0.5) {
+        return whole + 1;
+    }
+    return std::fmod(whole, 2) == 0 ? whole : whole + 1;
+}
+
+double roundToDecimals(double value, int decimals) {
+    static constexpr std::array<double, 16> powers = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    double power = powers[static_cast<std::size_t>(decimals)];
+    double scaled = value * power;
+    if (!std::isfinite(scaled)) {
+        return value;
+    }
+    return roundTiesEven(scaled) / power;
+}
+
+int roundToInt(double value) {
+    if (std::isnan(value)) {
+        return 0;
+    }
+    double rounded = roundTiesEven(value);
+    if (rounded >= static_cast<double>(std::numeric_limits<int>::max())) {
+        return std::numeric_limits<int>::max();
+    }
+    if (rounded <= static_cast<double>(std::numeric_limits<int>::min())) {
+        return std::numeric_limits<int>::min();
+    }
+    return static_cast<int>(rounded);
+}
+
+std::string numberText(double value) {
+    return fixedText(value, 15);
+}
+
+std::string numberText(float value) {
+    return fixedText(static_cast<double>(value), 7);
+}
+
+std::optional<double> readNumericPrefix(std::string_view text, char decimalMark) {
+    std::size_t at = 0;
+    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) {
+        ++at;
+    }
+    text.remove_prefix(at);
+    if (text.size() >= 2 && text[0] == '&' && (text[1] == 'H' || text[1] == 'h')) {
+        std::string_view digits = text.substr(2);
+        if (digits.empty() || hexDigit(digits.front()) < 0) {
+            return std::nullopt;
+        }
+        return hexPrefix(digits);
+    }
+    std::string number;
+    if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
+        if (text.front() == '-') {
+            number += '-';
+        }
+        text.remove_prefix(1);
+    }
+    bool digitSeen = false;
+    bool pointSeen = false;
+    for (char c : text) {
+        if (isDigit(c)) {
+            digitSeen = true;
+            number += c;
+        } else if (c == decimalMark && !pointSeen) {
+            pointSeen = true;
+            number += '.';
+        } else {
+            break;
+        }
+    }
+    if (!digitSeen) {
+        return std::nullopt;
+    }
+    double value = 0;
+    auto read =
+        std::from_chars(number.data(), number.data() + number.size(), value, std::chars_format::fixed);
+    if (read.ec == std::errc::result_out_of_range) {
+        // More digits than a double holds: beyond every field's limit, on the side of its sign. A fraction
+        // too small to hold is nothing.
+        bool tiny = number.find_first_of("123456789") > number.find('.');
+        double magnitude = tiny ? 0.0 : std::numeric_limits<double>::infinity();
+        return number.front() == '-' ? -magnitude : magnitude;
+    }
+    return value;
+}
+
+double numericPrefix(std::string_view text) {
+    return readNumericPrefix(text).value_or(0);
+}
+
+std::string hexText(std::uint32_t value) {
+    std::array<char, 8> digits{};
+    auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    std::string text(digits.data(), end.ptr);
+    for (char& c : text) {
+        if (c >= 'a') {
+            c = static_cast<char>(c - 'a' + 'A');
+        }
+    }
+    return text;
+}
+
+std::string hexText(std::uint32_t value, int digits) {
+    std::string text = hexText(value);
+    if (text.size() < static_cast<std::size_t>(digits)) {
+        text.insert(0, static_cast<std::size_t>(digits) - text.size(), '0');
+    }
+    return text;
+}
+
+std::optional<std::uint32_t> readHex(std::string_view text) {
+    if (text.empty() || text.size() > 8) {
+        return std::nullopt;
+    }
+    std::uint32_t value = 0;
+    for (char c : text) {
+        int digit = hexDigit(c);
+        if (digit < 0) {
+            return std::nullopt;
+        }
+        value = value * 16 + static_cast<std::uint32_t>(digit);
+    }
+    return value;
+}
+
+std::string roundedText(double value, int decimals) {
+    return numberText(roundToDecimals(numericPrefix(numberText(value)), decimals));
+}
+
+} // namespace zor

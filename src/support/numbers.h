@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zor {
+
+/// Nearest integer, ties to the even neighbour: 2.5 gives 2, 3.5 gives 4. Infinities stay.
+[[nodiscard]] double roundTiesEven(double value);
+
+/// Rounded at the given decimal place, ties to even.
+/// @param decimals  0 to 15
+[[nodiscard]] double roundToDecimals(double value, int decimals);
+
+/// roundTiesEven, held inside an int's range; for numbers that a field's limits clamp afterwards.
+[[nodiscard]] int roundToInt(double value);
+
+/// Shortest decimal text of a number with up to 15 significant digits: no trailing zeros, no exponent, and
+/// no "0" before the point of a value below 1 (".5", "-.5"). Infinities give 16 digits of nine.
+[[nodiscard]] std::string numberText(double value);
+
+/// The same with the 7 significant digits that a single-precision number carries.
+[[nodiscard]] std::string numberText(float value);
+
+/// The number that a text begins with: leading blanks, one sign, digits and one decimal point, or "&H" and
+/// hexadecimal digits. There is no exponent, so "1e3" reads as 1.
+/// @return nothing if the text does not begin with a number
+[[nodiscard]] std::optional<double> readNumericPrefix(std::string_view text, char decimalMark = '.');
+
+/// readNumericPrefix with 0 for a text without a number, the rule of every numeric field.
+[[nodiscard]] double numericPrefix(std::string_view text);
+
+/// Upper-case hexadecimal without prefix or leading zeros, as words are shown and sent.
+[[nodiscard]] std::string hexText(std::uint32_t value);
+
+/// Upper-case hexadecimal padded with zeros to at least the given number of digits.
+[[nodiscard]] std::string hexText(std::uint32_t value, int digits);
+
+/// The value of a text that is hexadecimal from end to end, in either case.
+/// @return nothing if it is empty, longer than 8 digits or holds another character
+[[nodiscard]] std::optional<std::uint32_t> readHex(std::string_view text);
+
+/// The text rounded to a number of decimals, as computed fields are shown: the number is written with its
+/// full digits first, and what that text says is rounded.
+[[nodiscard]] std::string roundedText(double value, int decimals);
+
+} // namespace zor

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace zor {
+
+/// Writes records of the product's text files: one value a line, lines ended by CR LF.
+class RecordWriter {
+  public:
+    /// A text between double quotation marks, as it stands.
+    void text(std::string_view value);
+    /// #TRUE# or #FALSE#.
+    void boolean(bool value);
+    /// Decimal digits with a sign if negative.
+    void integer(std::int64_t value);
+    /// A position, written as a single-precision number.
+    void position(float value);
+
+    [[nodiscard]] const std::string& bytes() const { return content; }
+
+  private:
+    void line(std::string_view value);
+
+    std::string content;
+};
+
+/// Reads the same records value by value. Every read throws ToolError: inputPastEnd behind the last record,
+/// typeMismatch for a record of another form.
+///
+/// A text stands in quotation marks and ends at the second; blanks around a value do not count; a value ends
+/// at its line's end (CR LF, or either alone).
+class RecordReader {
+  public:
+    explicit RecordReader(std::string bytes)
+        : content(std::move(bytes)) {}
+
+    [[nodiscard]] std::string text();
+    [[nodiscard]] bool boolean();
+    /// A whole number that fits 32 bits; a fraction is rounded, ties to even.
+    [[nodiscard]] std::int32_t integer();
+
+    [[nodiscard]] bool atEnd() const { return next >= content.size(); }
+
+  private:
+    /// The next record without its line end and outer blanks.
+    std::string_view record();
+
+    std::string content;
+    std::size_t next = 0;
+};
+
+/// The whole file's bytes. Throws ToolError: fileNotFound, pathNotFound, permissionDenied or
+/// deviceInputOutput.
+/// @param limit  a file longer than this is refused with deviceInputOutput, so that a device or a huge file
+/// picked
+///               by mistake does not eat the memory
+[[nodiscard]] std::string readFile(const std::filesystem::path& path, std::uintmax_t limit = 64u << 20);
+
+/// Writes a file so that it is either the new content whole or still the old one: a neighbour is written,
+/// synced and renamed over it. Throws ToolError: pathNotFound, permissionDenied, diskFull, pathFileAccess.
+void writeFileWhole(const std::filesystem::path& path, std::string_view bytes);
+
+} // namespace zor
