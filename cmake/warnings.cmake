@@ -2,5 +2,7 @@
 # Warnings are errors everywhere; a target of ours links zor_warnings.
 add_library(zor_warnings INTERFACE)
 target_compile_options(zor_warnings INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-    -Wimplicit-fallthrough -Werror)
+    -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wimplicit-fallthrough -Werror
+    # A constructor's parameter may bear its member's name.
+    $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>)

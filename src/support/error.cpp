@@ -32,12 +32,12 @@ std::string errorDescription(int number) {
     return row == descriptions.end() ? "Application-defined error" : std::string(row->second);
 }
 
-ToolError::ToolError(int errorNumber)
-    : ToolError(errorNumber, errorDescription(errorNumber)) {}
+ToolError::ToolError(int failure)
+    : ToolError(failure, errorDescription(failure)) {}
 
-ToolError::ToolError(int number, const std::string& description)
+ToolError::ToolError(int failure, const std::string& description)
     : std::runtime_error(description)
-    , errorNumber(number) {}
+    , errorNumber(failure) {}
 
 std::string errorBoxText(const ToolError& error, const std::string& closing) {
     return "Error occured:" + std::to_string(error.number()) + "," + error.what() + "\r\n" + closing;

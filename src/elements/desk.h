@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/signal.h"
+
+#include <string_view>
+#include <vector>
+
+namespace zor {
+
+class EventLoop;
+class Form;
+
+/// All windows of the program, open or not. Views and transcripts find a window here by its name. Owned by
+/// main, older than every form.
+class Desk {
+  public:
+    explicit Desk(EventLoop& eventLoop)
+        : ownLoop(eventLoop) {}
+    Desk(const Desk&) = delete;
+    Desk& operator=(const Desk&) = delete;
+
+    [[nodiscard]] EventLoop& loop() const { return ownLoop; }
+
+    /// The form of that name: the open one, else the youngest that is not closed; nullptr if there is none.
+    [[nodiscard]] Form* find(std::string_view formName) const;
+    [[nodiscard]] const std::vector<Form*>& forms() const { return members; }
+    /// The modal form that was opened last and is still open, or nullptr.
+    [[nodiscard]] Form* modalForm() const;
+
+    /// A form is shown; the first time a view makes its window.
+    Signal<Form&> opened;
+    /// A form is being destroyed; a view lets go of it.
+    Signal<Form&> removed;
+
+  private:
+    friend class Form;
+    void add(Form& form);
+    void remove(Form& form);
+
+    EventLoop& ownLoop;
+    std::vector<Form*> members;
+};
+
+} // namespace zor

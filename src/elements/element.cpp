@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "elements/element.h"
+
+#include "elements/form.h"
+
+#include <utility>
+
+namespace zor {
+
+Element::Element(Form& elementOwner, std::string name)
+    : owner(elementOwner)
+    , elementName(std::move(name)) {
+    owner.add(*this);
+}
+
+Element::~Element() {
+    owner.remove(*this);
+}
+
+void Element::setVisible(bool visible) {
+    if (std::exchange(isVisible, visible) != visible) {
+        changed.emit();
+    }
+}
+
+void Element::setEnabled(bool enabled) {
+    if (std::exchange(isEnabled, enabled) != enabled) {
+        changed.emit();
+    }
+}
+
+void Element::setCaption(std::string text) {
+    if (captionText != text) {
+        captionText = std::move(text);
+        changed.emit();
+    }
+}
+
+void Element::setTip(std::string text) {
+    if (tipText != text) {
+        tipText = std::move(text);
+        changed.emit();
+    }
+}
+
+void Element::setBackground(std::optional<Colour> colour) {
+    if (backgroundColour != colour) {
+        backgroundColour = colour;
+        changed.emit();
+    }
+}
+
+bool Element::shown() const {
+    return isVisible && (containerElement == nullptr || containerElement->shown());
+}
+
+bool Element::active() const {
+    return isEnabled && (containerElement == nullptr || containerElement->active());
+}
+
+bool Element::usable() const {
+    return shown() && active() && owner.acceptsUser();
+}
+
+bool Element::focused() const {
+    return owner.focusedElement() == this;
+}
+
+bool Element::takeFocus() {
+    return act([this] { owner.setFocus(this); });
+}
+
+bool Element::leave() {
+    return act([this] {
+        if (focused()) {
+            owner.setFocus(nullptr);
+        } else if (onLeave) {
+            onLeave();
+        }
+    });
+}
+
+bool Element::act(const std::function<void()>& action) {
+    if (!usable()) {
+        return false;
+    }
+    owner.perform(action);
+    return true;
+}
+
+} // namespace zor

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+#include "elements/form.h"
+
+#include "elements/desk.h"
+#include "elements/element.h"
+#include "platform/event_loop.h"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+namespace zor {
+
+Form::Form(Desk& formDesk, std::string name, std::string title, Kind kind)
+    : ownDesk(formDesk)
+    , formName(std::move(name))
+    , titleText(std::move(title))
+    , formKind(kind) {
+    ownDesk.add(*this);
+}
+
+Form::~Form() {
+    ownDesk.remove(*this);
+}
+
+void Form::setTitle(std::string title) {
+    titleText = std::move(title);
+    changed.emit();
+}
+
+void Form::setPlace(Place place) {
+    if (ownPlace != place) {
+        ownPlace = place;
+        changed.emit();
+    }
+}
+
+void Form::setExtent(Extent extent) {
+    if (ownExtent != extent) {
+        ownExtent = extent;
+        changed.emit();
+    }
+}
+
+void Form::show() {
+    if (open) {
+        raised.emit();
+        return;
+    }
+    open = true;
+    ownDesk.opened.emit(*this);
+    changed.emit();
+}
+
+void Form::hide() {
+    if (std::exchange(open, false)) {
+        focus = nullptr;
+        changed.emit();
+    }
+}
+
+void Form::close() {
+    if (std::exchange(hasClosed, true)) {
+        return;
+    }
+    // Hidden at once: what unload sends may wait for the board, and meanwhile nobody shall act on the form.
+    hide();
+    struct TellOwner {
+        const Signal<>& signal;
+        ~TellOwner() { signal.emit(); }
+    } tellOwner{closed};
+    unload();
+}
+
+bool Form::acceptsUser() const {
+    const Form* modal = ownDesk.modalForm();
+    return open && (modal == nullptr || modal == this);
+}
+
+bool Form::userClose() {
+    if (!acceptsUser()) {
+        return false;
+    }
+    perform([this] { close(); });
+    return true;
+}
+
+bool Form::userClick() {
+    if (!acceptsUser()) {
+        return false;
+    }
+    perform([this] {
+        if (onClick) {
+            onClick();
+        }
+    });
+    return true;
+}
+
+bool Form::userDoubleClick() {
+    if (!userClick()) {
+        return false;
+    }
+    perform([this] {
+        if (onDoubleClick) {
+            onDoubleClick();
+        }
+    });
+    return true;
+}
+
+bool Form::userMove(Place place) {
+    if (!acceptsUser()) {
+        return false;
+    }
+    setPlace(place);
+    return true;
+}
+
+bool Form::userResize(Extent extent) {
+    if (!acceptsUser()) {
+        return false;
+    }
+    setExtent(extent);
+    return true;
+}
+
+Element* Form::find(std::string_view elementName) const {
+    auto entry = byName.find(elementName);
+    return entry == byName.end() ? nullptr : entry->second;
+}
+
+void Form::setFocus(Element* element) {
+    if (focus == element) {
+        return;
+    }
+    Element* left = std::exchange(focus, element);
+    changed.emit();
+    if (left != nullptr && left->onLeave) {
+        left->onLeave();
+    }
+}
+
+void Form::perform(const std::function<void()>& action) const {
+    loop().perform(action);
+}
+
+EventLoop& Form::loop() const {
+    return ownDesk.loop();
+}
+
+void Form::add(Element& element) {
+    members.push_back(&element);
+    [[maybe_unused]] bool fresh = byName.emplace(element.name(), &element).second;
+    assert(fresh && "two elements of one form bear the same name");
+}
+
+void Form::remove(const Element& element) {
+    members.erase(std::remove(members.begin(), members.end(), &element), members.end());
+    byName.erase(element.name());
+    if (focus == &element) {
+        focus = nullptr;
+    }
+}
+
+} // namespace zor

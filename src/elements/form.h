@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/signal.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace zor {
+
+class Desk;
+class Element;
+class EventLoop;
+
+/// A length on the desk, in twips: 1/1440 inch, 15 to a pixel at 96 dots per inch.
+using Twips = float;
+inline constexpr Twips twipsPerPixel = 15;
+
+struct Place {
+    Twips top = 0;
+    Twips left = 0;
+    friend bool operator==(const Place&, const Place&) = default;
+};
+
+struct Extent {
+    Twips height = 0;
+    Twips width = 0;
+    friend bool operator==(const Extent&, const Extent&) = default;
+};
+
+/// A window: a title, a place and size, and its named elements. It is created closed, fills itself, and is
+/// shown.
+///
+/// Its owner keeps it and hears `closed`; since an action of the form may still be waiting for the board, the
+/// owner hands it to EventLoop::discardLater rather than destroying it.
+class Form {
+  public:
+    enum class Kind { Window, Modal };
+
+    Form(Desk& ownDesk, std::string name, std::string title, Kind kind = Kind::Window);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    virtual ~Form();
+
+    [[nodiscard]] const std::string& name() const { return formName; }
+    [[nodiscard]] const std::string& title() const { return titleText; }
+    void setTitle(std::string title);
+    [[nodiscard]] Place place() const { return ownPlace; }
+    void setPlace(Place place);
+    [[nodiscard]] Extent extent() const { return ownExtent; }
+    void setExtent(Extent extent);
+    [[nodiscard]] Kind kind() const { return formKind; }
+    [[nodiscard]] Desk& desk() const { return ownDesk; }
+
+    [[nodiscard]] bool isOpen() const { return open; }
+    /// Shows it; a form that is open already comes to the front.
+    void show();
+    /// Takes it off the screen; it keeps everything.
+    void hide();
+    /// Ends it: the unload actions run once, it is hidden, and `closed` tells the owner. Closing a form that
+    /// is hidden unloads it just the same; closing it again does nothing.
+    void close();
+    [[nodiscard]] bool isClosed() const { return hasClosed; }
+
+    /// A user may act on it: open and not behind a modal form.
+    [[nodiscard]] bool acceptsUser() const;
+
+    // The user's door to the window itself; false if refused.
+    bool userClose();
+    bool userClick();
+    bool userDoubleClick();
+    bool userMove(Place place);
+    bool userResize(Extent extent);
+
+    /// nullptr if the form has no such element.
+    [[nodiscard]] Element* find(std::string_view elementName) const;
+    /// In the order of their creation.
+    [[nodiscard]] const std::vector<Element*>& elements() const { return members; }
+
+    [[nodiscard]] Element* focusedElement() const { return focus; }
+    /// Moves the focus; the element that had it is left first. nullptr takes it away.
+    void setFocus(Element* element);
+
+    /// Runs an action as EventLoop::perform does.
+    void perform(const std::function<void()>& action) const;
+    [[nodiscard]] EventLoop& loop() const;
+
+    /// A click and a double click on the window's empty area.
+    std::function<void()> onClick;
+    std::function<void()> onDoubleClick;
+
+    /// Title, place, size, open state or focus changed.
+    Signal<> changed;
+    /// Asked to the front while open.
+    Signal<> raised;
+    Signal<> closed;
+
+  protected:
+    /// What closing does before the form goes.
+    virtual void unload() {}
+
+  private:
+    friend class Element;
+    void add(Element& element);
+    void remove(const Element& element);
+
+    Desk& ownDesk;
+    std::string formName;
+    std::string titleText;
+    Kind formKind;
+    Place ownPlace;
+    Extent ownExtent;
+    std::vector<Element*> members;
+    std::unordered_map<std::string_view, Element*> byName;
+    Element* focus = nullptr;
+    bool open = false;
+    bool hasClosed = false;
+};
+
+} // namespace zor

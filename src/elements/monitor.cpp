@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "elements/monitor.h"
+
+namespace zor {
+
+void Monitor::append(std::string_view text) {
+    content += text;
+    appended.emit(text);
+}
+
+void Monitor::clear() {
+    content.clear();
+    cursorPosition = 0;
+    changed.emit();
+}
+
+void Monitor::takeBackLast() {
+    if (content.empty()) {
+        return;
+    }
+    bool lineEnd = content.size() >= 2 && content.compare(content.size() - 2, 2, "\r\n") == 0;
+    content.resize(content.size() - (lineEnd ? 2 : 1));
+    changed.emit();
+}
+
+bool Monitor::press(char key) {
+    return act([&] {
+        if (key == '\b') {
+            takeBackLast();
+        } else if (key == '\r') {
+            append("\r\n");
+        } else {
+            append(std::string_view(&key, 1));
+        }
+        if (onKey) {
+            onKey(key);
+        }
+    });
+}
+
+} // namespace zor

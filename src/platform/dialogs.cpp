@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "platform/dialogs.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace zor {
+
+bool extensionDiffers(const std::string& name, const std::string& defaultExtension) {
+    std::string extension = std::filesystem::path(name).extension().string();
+    if (extension.size() <= 1 || name.find('*') != std::string::npos) {
+        return false;
+    }
+    extension.erase(0, 1);
+    auto sameLetter = [](char a, char b) {
+        return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+    };
+    return !std::equal(extension.begin(), extension.end(), defaultExtension.begin(), defaultExtension.end(),
+                       sameLetter);
+}
+
+} // namespace zor

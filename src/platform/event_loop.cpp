@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "platform/event_loop.h"
+
+#include <utility>
+
+namespace zor {
+
+void EventLoop::runUntil(const std::function<bool()>& condition) {
+    while (!condition()) {
+        if (leaving()) {
+            throw ActionDropped();
+        }
+        runOnce();
+    }
+}
+
+void EventLoop::perform(const std::function<void()>& action) {
+    ++depth;
+    try {
+        action();
+    } catch (const ActionDropped&) {
+        // The port was closed on purpose or the program is being left: nothing is left to do or to say.
+    } catch (const ToolError& error) {
+        if (uncaught) {
+            uncaught(error);
+        }
+    }
+    --depth;
+    if (depth == 0) {
+        flushDiscards();
+    }
+}
+
+void EventLoop::discardLater(std::function<void()> discard) {
+    discards.push_back(std::move(discard));
+    if (depth == 0) {
+        flushDiscards();
+    }
+}
+
+void EventLoop::flushDiscards() {
+    // A discarded form may hand on another one.
+    while (!discards.empty()) {
+        auto now = std::exchange(discards, {});
+        for (auto& discard : now) {
+            discard();
+        }
+    }
+}
+
+Timer::Timer(EventLoop& eventLoop, std::function<void()> tickAction)
+    : loop(eventLoop)
+    , action(std::move(tickAction)) {}
+
+Timer::~Timer() {
+    *alive = false;
+    stop();
+}
+
+void Timer::setInterval(std::chrono::milliseconds newLength) {
+    length = newLength;
+    if (running()) {
+        stop();
+        start();
+    }
+}
+
+void Timer::start() {
+    if (!running()) {
+        id = loop.startTimer(length, EventLoop::Repeat::Every, [this] { tick(); });
+    }
+}
+
+void Timer::start(std::chrono::milliseconds newLength) {
+    length = newLength;
+    stop();
+    start();
+}
+
+void Timer::stop() {
+    if (running()) {
+        loop.stopTimer(std::exchange(id, 0));
+    }
+}
+
+void Timer::tick() {
+    if (ticking) {
+        return;
+    }
+    auto stillAlive = alive;
+    ticking = true;
+    loop.perform(action);
+    if (*stillAlive) {
+        ticking = false;
+    }
+}
+
+} // namespace zor

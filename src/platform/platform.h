@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/serial_port.h"
+#include "platform/usb_driver.h"
+
+#include <filesystem>
+
+namespace zor {
+
+/// What of the user's desktop the product reaches besides its own windows.
+class Surroundings {
+  public:
+    virtual ~Surroundings() = default;
+    /// Opens a document in the program that the desktop has for it. @return false if there is none
+    virtual bool openDocument(const std::filesystem::path& document) = 0;
+    /// Starts the system's own information tool. @return false if none can be found
+    virtual bool startSystemInformation() = 0;
+};
+
+/// All that the core sees of the machine. Lives as long as the program; owned by main.
+struct Platform {
+    EventLoop& loop;
+    SerialPorts& ports;
+    UsbDriver& usb;
+    Dialogs& dialogs;
+    Surroundings& surroundings;
+    /// Where the executable lies; settings files live beside it.
+    std::filesystem::path programFolder;
+    /// Stands in for the program's folder where that may not be written.
+    std::filesystem::path userFolder;
+    /// The decimal mark of the user's locale, for the one field that is read by it.
+    char decimalMark = '.';
+};
+
+} // namespace zor
