@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "panels/common/levels.h"
+
+#include "support/numbers.h"
+
+#include <algorithm>
+
+namespace zor {
+
+ShownNumber thresholdVoltage(std::int32_t threshold, const ThresholdTraits& traits) {
+    double volts = (static_cast<double>(threshold) + traits.shownOffset) / 10;
+    return {volts, numberText(volts)};
+}
+
+VoltageCommit commitThresholdVoltage(std::string_view text, const ThresholdTraits& traits) {
+    VoltageCommit commit;
+    double volts = numericPrefix(text);
+    if (volts < 0) {
+        volts = 0;
+        commit.limit = Limit::Minimum;
+        commit.limitText = "0";
+    } else if (volts > 5.3) {
+        volts = 5.3;
+        commit.limit = Limit::Maximum;
+        commit.limitText = "5.3";
+    }
+    float tenths = static_cast<float>(volts) * 10.0F;
+    commit.threshold = roundToInt(static_cast<double>(tenths)) - traits.typedOffset;
+    return commit;
+}
+
+std::int32_t supplyCode(double volts, double numerator) {
+    if (!(volts > 0)) {
+        // A negative voltage would come out as a code above the highest one.
+        return 0;
+    }
+    return std::clamp(roundToInt(255 - numerator / volts), 0, 255);
+}
+
+std::string supplyCodeText(double volts, double numerator) {
+    return hexText(static_cast<std::uint32_t>(supplyCode(volts, numerator)));
+}
+
+bool isCanonicalSupply(std::string_view text) {
+    return !text.starts_with('-') && numberText(numericPrefix(text)) == text;
+}
+
+SupplyCommit commitSupply(std::string_view text) {
+    SupplyCommit commit;
+    double volts = roundTiesEven(numericPrefix(text) * 10) / 10;
+    if (volts < 2.0) {
+        volts = 2.0;
+        commit.limit = Limit::Minimum;
+    } else if (volts > 5.4) {
+        volts = 5.4;
+        commit.limit = Limit::Maximum;
+    }
+    commit.volts = {volts, numberText(volts)};
+    return commit;
+}
+
+ShownNumber milliamperes(std::int32_t reading) {
+    return shownNumber((1023 - static_cast<double>(reading)) * 24.4 / 1000, 1);
+}
+
+ShownNumber microamperes(std::int32_t reading) {
+    double current = (1023 - static_cast<double>(reading)) * 48.8;
+    return {current, numberText(current)};
+}
+
+std::int32_t powerStep(std::string_view text) {
+    return roundToInt(numericPrefix(text) / -3);
+}
+
+} // namespace zor
