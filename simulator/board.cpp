@@ -1,1 +1,116 @@
 // SPDX-License-Identifier: MIT
+#include "simulator/board.h"
+
+#include <utility>
+
+namespace zor::sim {
+
+namespace {
+
+// A bench may write a line with the line feed that ends it; lines are kept without.
+std::string withoutLineFeed(std::string line) {
+    if (line.ends_with('\n')) {
+        line.pop_back();
+    }
+    return line;
+}
+
+} // namespace
+
+Board::Board(BoardKind kind)
+    : boardKind(kind)
+    , hardware(kind)
+    , firmware(makeFirmware(kind, hardware)) {}
+
+void Board::receive(char byte) {
+    bool endsLine = std::exchange(behindCarriageReturn, false) && byte == '\n';
+    if (endsLine) {
+        if (lineFeedFollowed) {
+            lineFeedFollowed();
+        }
+        return;
+    }
+    if (hardware.dataSelector == DataSelector::dataMode) {
+        return;
+    }
+    if (byte == '\r') {
+        behindCarriageReturn = true;
+        completeLine();
+    } else if (line.size() < longestLine) {
+        line.push_back(byte);
+    } else {
+        cut = true;
+    }
+}
+
+void Board::completeLine() {
+    std::string complete = std::exchange(line, {});
+    bool whole = !std::exchange(cut, false);
+    if (lineReceived) {
+        lineReceived(complete);
+    }
+    std::string answer = answerTo(complete, whole);
+    if (!mute && !answer.empty()) {
+        say(std::move(answer), delay);
+    }
+}
+
+std::string Board::answerTo(const std::string& complete, bool whole) {
+    if (boardKind == BoardKind::Silent) {
+        return {};
+    }
+    if (auto refused = refusals.find(complete); !whole || refused != refusals.end()) {
+        if (whole) {
+            refusals.erase(refused);
+        }
+        return std::string(errorPrompt);
+    }
+    Answer answer = firmware->execute(complete);
+    if (answer.kind == Answer::Kind::silence || answer.kind == Answer::Kind::bare) {
+        return answer.text;
+    }
+    if (auto reply = replies.find(complete); reply != replies.end()) {
+        return reply->second + std::string(successPrompt);
+    }
+    return answer.kind == Answer::Kind::success ? answer.text + std::string(successPrompt)
+                                                : std::string(errorPrompt);
+}
+
+void Board::lineOpened() {
+    line.clear();
+    cut = false;
+    behindCarriageReturn = false;
+    // The converter on the board resets its controller's mode as the PC's driver takes the port.
+    if (hardware.dataSelector == DataSelector::dataMode) {
+        hardware.dataSelector = DataSelector::internal;
+    }
+}
+
+void Board::breakReceived() {
+    lineOpened();
+    firmware->interrupted();
+}
+
+void Board::setStatus(std::uint8_t first, std::optional<std::uint8_t> second) {
+    hardware.radio().setStatus(first, second);
+}
+
+void Board::refuseNext(std::string refused) {
+    refusals.insert(withoutLineFeed(std::move(refused)));
+}
+
+void Board::setReply(std::string replied, std::string text) {
+    replies[withoutLineFeed(std::move(replied))] = std::move(text);
+}
+
+void Board::emit(std::string text) {
+    say(std::move(text), std::chrono::milliseconds{0});
+}
+
+void Board::say(std::string bytes, std::chrono::milliseconds later) {
+    if (transmit) {
+        transmit({std::move(bytes), later});
+    }
+}
+
+} // namespace zor::sim

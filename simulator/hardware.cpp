@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/hardware.h"
+
+#include <algorithm>
+
+namespace zor::sim {
+
+namespace {
+
+constexpr std::size_t dataInLine = 0;
+constexpr std::size_t chipSelectLine = 2;
+constexpr std::size_t fifoSelectLine = 3;
+
+} // namespace
+
+void Hardware::drive(std::size_t lineNumber, OutputState state) {
+    outputs.at(lineNumber) = state;
+    if (lineNumber != chipSelectLine) {
+        return;
+    }
+    // The radio boards pull a released select low, so only a high ends a transfer.
+    if (state == OutputState::high) {
+        bus->deselect();
+    } else {
+        bus->select();
+    }
+}
+
+std::vector<std::uint8_t> Hardware::transfer(const std::vector<std::uint8_t>& bytes) {
+    std::vector<std::uint8_t> answer;
+    bus->deselect();
+    bus->select();
+    for (std::uint8_t byte : bytes) {
+        answer.push_back(bus->exchange(byte));
+    }
+    bus->deselect();
+    if (outputs[chipSelectLine] != OutputState::high) {
+        bus->select();
+    }
+    return answer;
+}
+
+void Hardware::write(const std::vector<std::uint8_t>& bytes) {
+    for (std::uint8_t byte : bytes) {
+        clock(byte);
+    }
+}
+
+std::uint8_t Hardware::read() {
+    return clock(outputs[dataInLine] == OutputState::high ? 0xFF : 0x00);
+}
+
+std::uint8_t Hardware::clock(std::uint8_t byte) {
+    if (selected(fifoSelectLine)) {
+        return radioChip.takeFromFifo();
+    }
+    if (outputs[chipSelectLine] == OutputState::high) {
+        return 0xFF;
+    }
+    return bus->exchange(byte);
+}
+
+void Hardware::setSupplyCode(int code) {
+    double numerator = boardKind == BoardKind::LoadBoard1 ? 311.0 : 309.0;
+    supply = numerator / (255 - std::clamp(code, 0, 254));
+}
+
+int Hardware::converter() const {
+    if (fixedCounts) {
+        return currentRange == CurrentRange::high ? fixedCounts->high : fixedCounts->low;
+    }
+    return converterCounts(supplyCurrent(activityOf(radioChip)), currentRange);
+}
+
+void Hardware::setCurrentCounts(int high, int low) {
+    fixedCounts = Counts{std::clamp(high, 0, 1023), std::clamp(low, 0, 1023)};
+}
+
+} // namespace zor::sim
