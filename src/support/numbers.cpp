@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/numbers.h"
 
+#include <algorithm>
 #include <array>
-#include <cfenv>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -94,30 +94,43 @@ std::string fixedText(double value, int significant) {
     return (negative ? "-" : "") + (whole == "0" ? std::string() : whole) + "." + fraction;
 }
 
+/// Of a whole number and the next above it, the even one.
+double evenNeighbour(double below) {
+    return std::fmod(below, 2) == 0 ? below : below + 1;
+}
+
 } // namespace
 
 double roundTiesEven(double value) {
-    // Exact in every rounding mode: the remainder against the nearest even integer is computed, not assumed.
-    double whole = std::floor(value);
-    double rest = value - whole;
-    if (rest < 0.5) {
-        return whole;
+    if (!std::isfinite(value)) {
+        return value;
     }
-    if (rest > 0.5) {
-        return whole + 1;
+    // Exact in every rounding mode: the remainder against the integer below is computed, not assumed.
+    double below = std::floor(value);
+    double rest = value - below;
+    if (rest == 0.5) {
+        return evenNeighbour(below);
     }
-    return std::fmod(whole, 2) == 0 ? whole : whole + 1;
+    return rest < 0.5 ? below : below + 1;
 }
 
 double roundToDecimals(double value, int decimals) {
     static constexpr std::array<double, 16> powers = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    // From here on a double holds no digit behind the decimal place.
+    constexpr double allWhole = 0x1p52;
     double power = powers[static_cast<std::size_t>(decimals)];
     double scaled = value * power;
-    if (!std::isfinite(scaled)) {
+    if (!(std::abs(scaled) < allWhole)) {
         return value;
     }
-    return roundTiesEven(scaled) / power;
+    // 349.68375 is a tie at 4 decimals to whoever reads it, but no double holds it exactly, and a computed
+    // one may be some units in the last place off. The cap keeps large numbers from being taken for ties at
+    // large.
+    double below = std::floor(scaled);
+    double tieWidth = std::min(std::abs(scaled) * 0x1p-50, 0.001);
+    bool tie = std::abs(scaled - below - 0.5) <= tieWidth;
+    return (tie ? evenNeighbour(below) : roundTiesEven(scaled)) / power;
 }
 
 int roundToInt(double value) {

@@ -11,7 +11,8 @@ namespace zor {
 /// Nearest integer, ties to the even neighbour: 2.5 gives 2, 3.5 gives 4. Infinities stay.
 [[nodiscard]] double roundTiesEven(double value);
 
-/// Rounded at the given decimal place, ties to even.
+/// Rounded at the given decimal place, ties to even. A number that reads as a tie in its 15 digits is one,
+/// whatever its last bits are: 7.1875 rounds to 7.188 also as the quotient that falls just short of it.
 /// @param decimals  0 to 15
 [[nodiscard]] double roundToDecimals(double value, int decimals);
 
