@@ -4,6 +4,7 @@
 #include "support/numbers.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zor {
 
@@ -67,8 +68,7 @@ ShownNumber frequencyOffset(std::int32_t statusByte, int bits, double stepKilohe
     if (steps >= span / 2) {
         steps -= span;
     }
-    double offset = steps * stepKilohertz;
-    return {offset, numberText(offset)};
+    return shownInFull(steps * stepKilohertz);
 }
 
 CrystalCommit commitCrystal(double megahertz) {
@@ -81,7 +81,7 @@ CrystalCommit commitCrystal(double megahertz) {
         rounded = 12;
         commit.limit = Limit::Maximum;
     }
-    commit.megahertz = {rounded, numberText(rounded)};
+    commit.megahertz = shownInFull(rounded);
     commit.ratio = static_cast<float>(rounded / 10);
     return commit;
 }

@@ -8,8 +8,7 @@
 namespace zor {
 
 ShownNumber thresholdVoltage(std::int32_t threshold, const ThresholdTraits& traits) {
-    double volts = (static_cast<double>(threshold) + traits.shownOffset) / 10;
-    return {volts, numberText(volts)};
+    return shownInFull((static_cast<double>(threshold) + traits.shownOffset) / 10);
 }
 
 VoltageCommit commitThresholdVoltage(std::string_view text, const ThresholdTraits& traits) {
@@ -55,7 +54,7 @@ SupplyCommit commitSupply(std::string_view text) {
         volts = 5.4;
         commit.limit = Limit::Maximum;
     }
-    commit.volts = {volts, numberText(volts)};
+    commit.volts = shownInFull(volts);
     return commit;
 }
 
@@ -64,8 +63,7 @@ ShownNumber milliamperes(std::int32_t reading) {
 }
 
 ShownNumber microamperes(std::int32_t reading) {
-    double current = (1023 - static_cast<double>(reading)) * 48.8;
-    return {current, numberText(current)};
+    return shownInFull((1023 - static_cast<double>(reading)) * 48.8);
 }
 
 std::int32_t powerStep(std::string_view text) {

@@ -32,6 +32,9 @@ struct IntegerRange {
 /// @param decimals  0 to 15
 [[nodiscard]] ShownNumber shownNumber(double value, int decimals);
 
+/// A value with its 15 digits, and the number that these say.
+[[nodiscard]] ShownNumber shownInFull(double value);
+
 /// What a whole-number field holds after its commit: its text's numeric prefix, rounded with ties to even and
 /// clamped. A text without a number counts as 0.
 [[nodiscard]] std::int32_t committedInteger(std::string_view text, IntegerRange range);
