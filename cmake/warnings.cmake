@@ -4,5 +4,7 @@ add_library(zor_warnings INTERFACE)
 target_compile_options(zor_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     -Wimplicit-fallthrough -Werror
+    # Designated initialisers name what they set; the rest has its default.
+    -Wno-missing-field-initializers
     # A constructor's parameter may bear its member's name.
     $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>)

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "link/connect.h"
+#include "link/data_selector.h"
+#include "link/port_search.h"
+
+namespace zor {
+
+/// Turns a choice in LoadboardList into an open connection on the working port.
+class BoardChoice {
+  public:
+    BoardChoice(Bench& ownBench, LinkBar& ownBar, Connect& channel, DataSelector& dataSelector);
+
+    /// The chosen board is a generation 2 one: its tools may be offered.
+    std::function<void()> generation2Connected;
+    /// The chosen board is a loader.
+    std::function<void()> loaderConnected;
+    /// A board is chosen, or none need be: the panels may be used.
+    std::function<void()> panelsEnabled;
+
+  private:
+    void LoadboardList_click();
+    void connectTo(int port);
+    void setUpGeneration2();
+
+    Bench& bench;
+    LinkBar& bar;
+    Connect& connect;
+    DataSelector& selector;
+};
+
+} // namespace zor

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "link/data_selector.h"
+
+#include "link/commands.h"
+
+namespace zor {
+
+namespace {
+
+constexpr const char* freeTip = "Please Select the FSK raw data mode!";
+constexpr const char* forcedTip = "Please disable the FIFO mode or the CW Link Setup!";
+
+} // namespace
+
+DataSelector::DataSelector(Bench& ownBench, LinkBar& ownBar, Connect& channel)
+    : bench(ownBench)
+    , bar(ownBar)
+    , connect(channel) {
+    bar.CB_Mode.setTip(freeTip);
+    bar.CB_Mode.onChange = [this] { CB_Mode_Click(); };
+    bench.variables["SavedDataSelectorIndex"] = [this] { return std::to_string(SavedDataSelectorIndex); };
+}
+
+void DataSelector::fill() {
+    bar.CB_Mode.setEntries({"Vireo FSK I/O: Int.", "Vireo FSK I/O: Ext.", "Data Mode"});
+}
+
+void DataSelector::reset() {
+    bar.CB_Mode.setEnabled(true);
+    setTips(freeTip);
+    bar.CB_Mode.select(internal);
+}
+
+void DataSelector::DisableDataSelector() {
+    if (!bar.CB_Mode.enabled() || bench.LoadBoardRev <= 1 || !connect.isOpen()) {
+        return;
+    }
+    SavedDataSelectorIndex = static_cast<std::int16_t>(bar.CB_Mode.position());
+    bar.CB_Mode.select(internal);
+    bar.CB_Mode.setEnabled(false);
+    setTips(forcedTip);
+}
+
+void DataSelector::EnableDataSelector() {
+    if (bar.CB_Mode.enabled() || bench.LoadBoardRev <= 1 || !connect.isOpen()) {
+        return;
+    }
+    bar.CB_Mode.select(SavedDataSelectorIndex);
+    bar.CB_Mode.setEnabled(true);
+    setTips(freeTip);
+}
+
+void DataSelector::setTips(const std::string& tip) {
+    bar.Text1.setTip(tip);
+    bar.CB_Mode.setTip(tip);
+}
+
+void DataSelector::CB_Mode_Click() {
+    int index = bar.CB_Mode.position();
+    try {
+        if (index == dataMode) {
+            enterDataMode();
+        } else if (index == internal || index == external) {
+            if (!connect.isOpen()) {
+                comeBack();
+            }
+            connect.Send_To_LoadBoard(
+                std::string(index == internal ? command::selectInternal : command::selectExternal));
+        }
+    } catch (const ToolError& error) {
+        bench.tellError(error, "Comm. port openerror");
+    }
+}
+
+void DataSelector::comeBack() {
+    if (connect.usb.IssueBreakByDriver(bench.UsbLocation) != 0) {
+        bar.CB_Mode.putPosition(dataMode);
+        throw ToolError(wrongExtension, "Commport is not available");
+    }
+    connect.open(connect.portNumber(), {.clearInput = true, .dtr = true, .rts = true});
+    bench.ListChangeBlocked = true;
+    bar.LoadboardList.select(bench.LoadBoardIndex);
+    bench.ListChangeBlocked = false;
+    bar.Connect.setEnabled(false);
+    bar.Disconnect.setEnabled(true);
+    // A bare carriage return brings the prompt back into step.
+    connect.Send_To_LoadBoard("\r");
+}
+
+void DataSelector::enterDataMode() {
+    if (!connect.isOpen()) {
+        return;
+    }
+    connect.writeDirectly(command::enterDataMode);
+    bench.LoadBoardIndex = static_cast<std::int16_t>(bar.LoadboardList.position());
+    bench.ListChangeBlocked = true;
+    bar.LoadboardList.putPosition(-1);
+    bench.ListChangeBlocked = false;
+    connect.closeOnPurpose();
+    bar.Connect.setEnabled(false);
+    bar.Disconnect.setEnabled(false);
+    bar.CommStatus.setText("Data mode");
+    dataModeEntered();
+}
+
+} // namespace zor

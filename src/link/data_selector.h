@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "link/connect.h"
+
+#include <cstdint>
+
+namespace zor {
+
+/// The selector of the radio's raw data line on a generation 2 board, and Data mode, in which the port is
+/// closed and the user's own equipment talks over the line.
+///
+///     internal <--> external            port open, "X1" and "X0"
+///        |  ^          |  ^
+///        v  |          v  |             in: "X2" and the port is closed
+///        Data mode                      out: the driver's break, the port opened again, a bare CR
+///
+/// A panel or tool that needs the data line forces it to internal and gives it back later.
+class DataSelector {
+  public:
+    enum Index { internal = 0, external = 1, dataMode = 2 };
+
+    DataSelector(Bench& ownBench, LinkBar& ownBar, Connect& channel);
+
+    /// Fills the list.
+    void fill();
+    /// A fresh generation 2 board: the list is given back and set to internal, which sends its command.
+    void reset();
+
+    void DisableDataSelector();
+    void EnableDataSelector();
+
+    /// Data mode began: the board's entry is no longer shown.
+    std::function<void()> dataModeEntered;
+
+  private:
+    void CB_Mode_Click();
+    void comeBack();
+    void enterDataMode();
+    void setTips(const std::string& tip);
+
+    Bench& bench;
+    LinkBar& bar;
+    Connect& connect;
+    std::int16_t SavedDataSelectorIndex = 0;
+};
+
+} // namespace zor

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "shell/main_window.h"
+
+#include "shell/settings.h"
+
+namespace zor {
+
+namespace {
+
+constexpr std::chrono::milliseconds factoryGestureTime(1000);
+/// Size at the first start, in twips: 1280 x 800 pixels.
+constexpr Extent startExtent{12000, 19200};
+constexpr const char* startFileClosing = "Please save the workspace again!";
+
+} // namespace
+
+MainWindow::MainWindow(Platform& platform, Desk& desk)
+    : Form(desk, "main", productTitle)
+    , Notice(*this, "Notice")
+    , Toolbar1(*this, "Toolbar1")
+    , TX(*this, Toolbar1, "TX", "KT110x")
+    , RX(*this, Toolbar1, "RX", "KT210x")
+    , TRX(*this, Toolbar1, "TRX", "KT310x")
+    , EE(*this, Toolbar1, "EE", "EE")
+    , linkBar(*this)
+    , menu(*this)
+    , ownBench(platform, desk)
+    , channel(ownBench, linkBar)
+    , selector(ownBench, linkBar, channel)
+    , search(ownBench, linkBar, channel)
+    , boardChoice(ownBench, linkBar, channel, selector)
+    , tools(ownBench)
+    , FactoryModeTimer(platform.loop, [this] { FactoryModeTimer_Timer(); }) {
+    setExtent(startExtent);
+    ownBench.connect = &channel;
+    ownBench.dataSelector = &selector;
+    ownBench.CommStatus = &linkBar.CommStatus;
+    ownBench.variables["FactoryClickPending"] = [this] { return FactoryClickPending ? "true" : "false"; };
+    ownBench.variables["PlainCaption"] = [this] { return PlainCaption; };
+    platform.loop.uncaught = [this](const ToolError& error) { ownBench.tellError(error, productTitle); };
+    EE.setEnabled(false);
+    EE.setTip("EEPROM programmer");
+    linkBar.Toolbar3.setVisible(false);
+    wireMenu();
+    wireLink();
+}
+
+MainWindow::~MainWindow() {
+    loop().uncaught = nullptr;
+}
+
+void MainWindow::wireMenu() {
+    auto wire = [this](MenuEntry& entry, std::function<void()> action) {
+        entry.onClick = [this, action = std::move(action)] {
+            tools.closeSplash();
+            action();
+        };
+    };
+    wire(menu.mnuFileExit, [this] { close(); });
+    wire(menu.mnuViewToolbar, [this] {
+        menu.mnuViewToolbar.setChecked(!menu.mnuViewToolbar.checked());
+        Toolbar1.setVisible(menu.mnuViewToolbar.checked());
+    });
+    wire(menu.mnutoolsTerminal, [this] { tools.openTerminal(); });
+    wire(menu.mnuHelpSWguide, [] {});
+    wire(menu.mnuHelp1100DS, [] {});
+    wire(menu.mnuHelp2100DS, [] {});
+    wire(menu.mnuHelpBrowseDoc, [this] { browse("Documentation", "Browse documentation "); });
+    wire(menu.mnuHelpBrowseEx, [this] { browse("Examples", "Browse examples"); });
+    wire(menu.mnuHelpProducts, [this] { tools.openProducts(); });
+    wire(menu.mnuHelpAbout, [this] { tools.openAbout(extent()); });
+    onDoubleClick = [this] { factoryGesture(); };
+}
+
+void MainWindow::wireLink() {
+    linkBar.Connect.onClick = [this] { Connect_Click(); };
+    linkBar.Disconnect.onClick = [this] { Disconnect_Click(); };
+    search.finished = [this] { searchFinished(); };
+    selector.dataModeEntered = [this] { menu.mnuload.setEnabled(false); };
+    boardChoice.loaderConnected = [this] { menu.mnuload.setEnabled(true); };
+    boardChoice.panelsEnabled = [this] { EnablePanelButtons(true); };
+    boardChoice.generation2Connected = [this] {
+        const Bench& b = ownBench;
+        if (b.TRXon || b.TRX1on) {
+            menu.mnuToolsBerylRFlink.setEnabled(true);
+            menu.mnutoolsRFSetup_TX.setEnabled(true);
+            menu.mnutoolsRFSetup_RX.setEnabled(true);
+        }
+        if (b.TX0on || b.TX1on) {
+            menu.mnutoolsRFSetup_TX.setEnabled(true);
+        }
+        if (b.RXon || b.RX1on) {
+            menu.mnutoolsRFSetup_RX.setEnabled(true);
+        }
+    };
+}
+
+void MainWindow::start() {
+    show();
+    FactoryClickPending = false;
+    PlainCaption = title();
+    ownBench.CurrentPath = ownBench.platform.programFolder.string();
+    ownBench.CurrentDrive = ownBench.CurrentPath.substr(0, 2);
+    ownBench.CommState = 0;
+    try {
+        readPreferences(ownBench);
+        EnablePanelButtons(false);
+        startSearch();
+        if (ownBench.Pref_LoadWS != 1) {
+            tools.openSplash(extent());
+        }
+    } catch (const ToolError& error) {
+        // The routine ends here, so the data selector stays empty in this run.
+        ownBench.tellFileError(error, "File open error", startFileClosing);
+        return;
+    }
+    selector.fill();
+}
+
+void MainWindow::startSearch() {
+    Notice.setCaption("");
+    search.begin();
+}
+
+void MainWindow::EnablePanelButtons(bool flag) {
+    for (Element* element :
+         {static_cast<Element*>(&TX), static_cast<Element*>(&RX), static_cast<Element*>(&TRX),
+          static_cast<Element*>(&menu.View), static_cast<Element*>(&menu.Tools)}) {
+        element->setEnabled(flag);
+    }
+}
+
+void MainWindow::searchFinished() {
+    tellDeniedDevices();
+    ListBox& list = linkBar.LoadboardList;
+    if (list.entries().empty()) {
+        linkBar.LoadBoard.setText("not found");
+        list.putText("Not found");
+        linkBar.Connect.setEnabled(true);
+        linkBar.Disconnect.setEnabled(false);
+        EnablePanelButtons(true);
+        return;
+    }
+    list.putText("Please select...");
+    list.setEnabled(true);
+    linkBar.Connect.setEnabled(false);
+    linkBar.Disconnect.setEnabled(true);
+    if (list.entries().size() == 1) {
+        list.select(0);
+    }
+}
+
+void MainWindow::tellDeniedDevices() {
+    if (search.deniedDevices().empty()) {
+        return;
+    }
+    std::string devices;
+    for (const std::string& device : search.deniedDevices()) {
+        devices += (devices.empty() ? "" : ", ") + device;
+    }
+    Notice.setCaption("No permission to open " + devices +
+                      ": join the group dialout, or install the udev rule that comes with the program.");
+}
+
+void MainWindow::Connect_Click() {
+    if (channel.isOpen() || !linkBar.LoadboardList.entries().empty()) {
+        return;
+    }
+    ownBench.LoadBoardRev = 0;
+    EnablePanelButtons(false);
+    startSearch();
+}
+
+void MainWindow::closeLinkTools() {
+    const std::array<std::pair<bool, const char*>, 4> linkTools = {{
+        {ownBench.TRxLinkOn, "Frm_BerylRfLinkTest"},
+        {ownBench.RxLinkOn_LB2, "AmberV1rflink_LB2"},
+        {ownBench.CWLinkTXOn, "frm_Link"},
+        {ownBench.CWLinkRXOn, "frm_Link_RX"},
+    }};
+    for (const auto& [open, name] : linkTools) {
+        if (open) {
+            ownBench.close(name);
+        }
+    }
+    menu.mnuToolsBerylRFlink.setEnabled(false);
+    menu.mnutoolsRFSetup_TX.setEnabled(false);
+    menu.mnutoolsRFSetup_RX.setEnabled(false);
+}
+
+void MainWindow::Disconnect_Click() {
+    closeLinkTools();
+    try {
+        channel.closeOnPurpose();
+    } catch (const ToolError& error) {
+        ownBench.tellError(error, "Comm. port open error");
+    }
+    linkBar.Connect.setEnabled(true);
+    linkBar.Disconnect.setEnabled(false);
+    linkBar.CommStatus.setText("No comm.");
+    ListBox& list = linkBar.LoadboardList;
+    for (int entry = static_cast<int>(list.entries().size()) - 1; entry >= 0; --entry) {
+        list.removeEntry(entry);
+    }
+    list.setEntryTips({});
+    list.setLocked(false);
+    list.putText("Press connect");
+    menu.mnuload.setEnabled(false);
+    linkBar.Toolbar3.setVisible(false);
+}
+
+void MainWindow::factoryGesture() {
+    if (FactoryClickPending) {
+        FactoryClickPending = false;
+        return;
+    }
+    setTitle(title() + ".");
+    FactoryClickPending = true;
+    FactoryModeTimer.start(factoryGestureTime);
+}
+
+void MainWindow::FactoryModeTimer_Timer() {
+    FactoryModeTimer.stop();
+    setTitle(PlainCaption);
+    // One double click alone hides the menu; a second one within the second has cleared the mark.
+    menu.mnuAdv.setVisible(!FactoryClickPending);
+    FactoryClickPending = false;
+}
+
+void MainWindow::browse(const std::string& folder, const std::string& title) {
+    static constexpr const char* pattern = "*.pdf";
+    FileChoice choice = ownBench.platform.dialogs.chooseFile(
+        {.mode = FileRequest::Mode::Load,
+         .title = title,
+         .folder = std::filesystem::path(ownBench.CurrentPath) / ".." / folder,
+         .startName = pattern,
+         .filter = "Documentation files (*.PDF)|*.pdf|All files (*.*)|*.*",
+         .defaultExtension = "pdf"});
+    if (choice.name != pattern && !ownBench.platform.surroundings.openDocument(choice.name)) {
+        Notice.setCaption("There is no program to open " + choice.name + " with.");
+    }
+}
+
+void MainWindow::unload() {
+    try {
+        channel.closeOnPurpose();
+    } catch (const ToolError&) {
+        // The device went before the program; there is nobody left to tell.
+    }
+    loop().leave();
+}
+
+} // namespace zor

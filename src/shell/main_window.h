@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/form.h"
+#include "elements/label.h"
+#include "elements/menu.h"
+#include "link/bench.h"
+#include "link/board_choice.h"
+#include "link/connect.h"
+#include "link/data_selector.h"
+#include "link/link_bar.h"
+#include "link/port_search.h"
+#include "shell/main_menu.h"
+#include "shell/tool_windows.h"
+
+#include <memory>
+
+namespace zor {
+
+/// The frame of the whole tool: menus, three tool bars, the choice of a board, and the only opener of panels
+/// and tools. Constructing it runs the start-up; closing it ends the program. Owned by main, with the
+/// platform and the desk older than it.
+class MainWindow : public Form {
+  public:
+    MainWindow(Platform& platform, Desk& desk);
+    ~MainWindow() override;
+
+    [[nodiscard]] Bench& bench() { return ownBench; }
+
+    /// Creates what the start-up order says, shows the window and starts the port search. Called once.
+    void start();
+
+    /// One quiet line at the foot of the window: what the user should know but need not answer.
+    Label Notice;
+
+    Bar Toolbar1;
+    BarButton TX;
+    BarButton RX;
+    BarButton TRX;
+    BarButton EE;
+    LinkBar linkBar;
+    MainMenu menu;
+
+    void Connect_Click();
+    void Disconnect_Click();
+
+    /// The chip buttons and the View and Tools menus.
+    void EnablePanelButtons(bool flag);
+
+  protected:
+    void unload() override;
+
+  private:
+    void wireMenu();
+    void wireLink();
+    void readStartFiles();
+    void startSearch();
+    void searchFinished();
+    void tellDeniedDevices();
+    void factoryGesture();
+    void FactoryModeTimer_Timer();
+    void browse(const std::string& folder, const std::string& title);
+    void closeLinkTools();
+
+    Bench ownBench;
+    zor::Connect channel;
+    DataSelector selector;
+    PortSearch search;
+    BoardChoice boardChoice;
+    ToolWindows tools;
+    Timer FactoryModeTimer;
+    bool FactoryClickPending = false;
+    std::string PlainCaption;
+};
+
+} // namespace zor

@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "utilities/terminal.h"
+
+#include "link/connect.h"
+#include "support/record_file.h"
+
+namespace zor {
+
+namespace {
+
+constexpr std::chrono::milliseconds sendDelay(100);
+/// What the script group adds to the window's height, in twips.
+constexpr Twips scriptHeight = 2200;
+constexpr const char* scriptPattern = "*.txt";
+
+/// Lines ended by CR LF, whatever ended them in the file.
+std::string withLineEnds(const std::string& bytes) {
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 16 + 2);
+    bool lineOpen = false;
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        char c = bytes[at];
+        if (c != '\r' && c != '\n') {
+            text += c;
+            lineOpen = true;
+            continue;
+        }
+        if (c == '\r' && at + 1 < bytes.size() && bytes[at + 1] == '\n') {
+            ++at;
+        }
+        text += "\r\n";
+        lineOpen = false;
+    }
+    if (lineOpen) {
+        text += "\r\n";
+    }
+    return text;
+}
+
+} // namespace
+
+Terminal::Terminal(Bench& ownBench)
+    : Form(ownBench.desk, "Terminal", "Terminal")
+    , Text1(*this, "Text1")
+    , Clear(*this, "Clear", "Clear")
+    , En_ScriptWindow(*this, "En_ScriptWindow", "Show script editor")
+    , ScriptFrame(*this, "ScriptFrame")
+    , Label1(*this, "Label1", "Script window")
+    , Script(*this, "Script")
+    , LoadScript(*this, "LoadScript", "Load")
+    , SaveScript(*this, "SaveScript", "Save")
+    , SendScript(*this, "SendScript", "Send")
+    , bench(ownBench)
+    , CommandSendTimer(ownBench.platform.loop, [this] { CommandSendTimer_Timer(); }) {
+    setExtent({5400, 9000});
+    Script.setMultiLine(true);
+    for (Element* element :
+         {static_cast<Element*>(&Label1), static_cast<Element*>(&Script), static_cast<Element*>(&LoadScript),
+          static_cast<Element*>(&SaveScript), static_cast<Element*>(&SendScript)}) {
+        element->setContainer(&ScriptFrame);
+    }
+    ScriptFrame.setVisible(false);
+    Text1.setTip("Type a command; Enter sends it");
+
+    Text1.onKey = [this](char key) { Text1_KeyPress(key); };
+    Clear.onClick = [this] { Text1.clear(); };
+    En_ScriptWindow.onChange = [this] { En_ScriptWindow_Click(); };
+    LoadScript.onClick = [this] { LoadScript_Click(); };
+    SaveScript.onClick = [this] { SaveScript_Click(); };
+    SendScript.onClick = [this] { SendScript_Click(); };
+
+    bench.setMirror(&Bench::Terminalon, &Text1);
+    bench.Terminalon = true;
+}
+
+Terminal::~Terminal() {
+    // The next terminal may be open already when this one is discarded.
+    if (!isClosed()) {
+        unload();
+    }
+}
+
+void Terminal::unload() {
+    CommandSendTimer.stop();
+    bench.Terminalon = false;
+    bench.setMirror(&Bench::Terminalon, nullptr);
+}
+
+void Terminal::Text1_KeyPress(char key) {
+    if (key == '\b') {
+        if (!bench.Buf1.empty()) {
+            bench.Buf1.pop_back();
+        }
+        return;
+    }
+    bench.Buf1 += key;
+    if (key != '\r') {
+        return;
+    }
+    if (!bench.connect->isOpen()) {
+        bench.warn("Commport not available, Loadboard not connected!");
+    } else {
+        // The timer takes the send, and its wait, out of the key event.
+        CommandSendTimer.start(sendDelay);
+    }
+}
+
+void Terminal::CommandSendTimer_Timer() {
+    CommandSendTimer.stop();
+    std::string line = bench.Buf1;
+    if (line.empty()) {
+        return;
+    }
+    bench.connect->Send_To_LoadBoard(line);
+    // What was typed while the send waited stays for the next line.
+    bench.Buf1.erase(0, line.size());
+}
+
+void Terminal::En_ScriptWindow_Click() {
+    bool shown = En_ScriptWindow.ticked();
+    ScriptFrame.setVisible(shown);
+    setExtent({extent().height + (shown ? scriptHeight : -scriptHeight), extent().width});
+}
+
+FileRequest Terminal::scriptDialog(FileRequest::Mode mode, const std::string& title) const {
+    return {.mode = mode,
+            .title = title,
+            .folder = {},
+            .startName = scriptPattern,
+            .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
+            .defaultExtension = "txt"};
+}
+
+void Terminal::LoadScript_Click() {
+    try {
+        FileChoice choice =
+            bench.platform.dialogs.chooseFile(scriptDialog(FileRequest::Mode::Load, "Load Script File"));
+        if (choice.readOnly) {
+            throw ToolError(wrongExtension, "Incorrect extension");
+        }
+        if (choice.name != scriptPattern) {
+            Script.setText(withLineEnds(readFile(choice.name)));
+        }
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, "File open error");
+    }
+}
+
+void Terminal::SaveScript_Click() {
+    try {
+        FileChoice choice =
+            bench.platform.dialogs.chooseFile(scriptDialog(FileRequest::Mode::Save, "Save Script File"));
+        if (choice.name != scriptPattern) {
+            writeFileWhole(choice.name, Script.text());
+        }
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, "File save error");
+    }
+}
+
+void Terminal::SendScript_Click() {
+    if (!bench.connect->isOpen()) {
+        bench.warn("Commport not available, please connect. Script was not sent.");
+        return;
+    }
+    // All lines go at once; the wait ends with the first prompt.
+    bench.connect->Send_To_LoadBoard(Script.text());
+}
+
+} // namespace zor
