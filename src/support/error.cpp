@@ -10,7 +10,8 @@ namespace zor {
 
 namespace {
 
-constexpr std::array<std::pair<int, std::string_view>, 11> descriptions = {{
+constexpr std::array<std::pair<int, std::string_view>, 12> descriptions = {{
+    {overflow, "Overflow"},
     {typeMismatch, "Type mismatch"},
     {fileNotFound, "File not found"},
     {deviceInputOutput, "Device I/O error"},

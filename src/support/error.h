@@ -8,6 +8,7 @@ namespace zor {
 
 /// Run-time error numbers as they show in boxes.
 enum ErrorNumber : int {
+    overflow = 6,
     typeMismatch = 13,
     fileNotFound = 53,
     deviceInputOutput = 57,

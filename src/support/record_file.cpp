@@ -88,6 +88,28 @@ int writeAll(int descriptor, std::string_view bytes) {
     return 0;
 }
 
+/// What a link leads to, also where nothing is yet: that is what the user means by the name, and renaming
+/// over the link would cut it off.
+std::filesystem::path linkTarget(std::filesystem::path path) {
+    constexpr int longestChain = 40; // the system's own limit
+    std::error_code failure;
+    for (int hop = 0; std::filesystem::is_symlink(path, failure); ++hop) {
+        std::filesystem::path next = std::filesystem::read_symlink(path, failure);
+        if (failure || hop == longestChain) {
+            throw ToolError(pathFileAccess);
+        }
+        path = path.parent_path() / next; // an absolute one stands alone
+    }
+    return path;
+}
+
+/// The mode that the user's mask leaves to a new file.
+mode_t newFileMode() {
+    mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
 } // namespace
 
 void RecordWriter::line(std::string_view value) {
@@ -173,7 +195,7 @@ std::int32_t RecordReader::integer() {
     double rounded = roundTiesEven(*number);
     if (rounded < std::numeric_limits<std::int32_t>::min() ||
         rounded > std::numeric_limits<std::int32_t>::max()) {
-        throw ToolError(6, "Overflow");
+        throw ToolError(overflow);
     }
     return static_cast<std::int32_t>(rounded);
 }
@@ -215,38 +237,30 @@ std::string readFile(const std::filesystem::path& path, std::uintmax_t limit) {
 }
 
 void writeFileWhole(const std::filesystem::path& path, std::string_view bytes) {
-    std::error_code ignored;
-    if (std::filesystem::is_directory(path, ignored)) {
+    std::filesystem::path target = linkTarget(path);
+    struct stat old = {};
+    bool exists = ::stat(target.c_str(), &old) == 0;
+    // A rename would put a file in the place of a device, and a folder cannot be written at all.
+    if (exists && !S_ISREG(old.st_mode)) {
         throw ToolError(pathFileAccess);
     }
-    // A link's target is what the user means by the name; renaming over the link would cut it off.
-    std::filesystem::path target =
-        std::filesystem::is_symlink(path, ignored) ? std::filesystem::weakly_canonical(path, ignored) : path;
     // Renaming would get round a write protection that the user set on the old file.
-    bool exists = std::filesystem::exists(target, ignored);
     if (exists && ::access(target.c_str(), W_OK) != 0) {
         throw ToolError(errorOf(errno));
     }
     std::filesystem::path folder =
         target.has_parent_path() ? target.parent_path() : std::filesystem::path(".");
+    std::error_code ignored;
     if (!std::filesystem::is_directory(folder, ignored)) {
         throw ToolError(pathNotFound);
     }
-    std::string pattern = (folder / ("." + target.filename().string() + ".XXXXXX")).string();
-    Descriptor file(::mkstemp(pattern.data()));
+    // A name of its own, as the file's may already be as long as a name can be.
+    std::string neighbour = (folder / ".zor-XXXXXX").string();
+    Descriptor file(::mkstemp(neighbour.data()));
     if (file.get() < 0) {
         throw ToolError(errorOf(errno));
     }
-    struct stat old = {};
-    mode_t mode = 0;
-    if (exists && ::stat(target.c_str(), &old) == 0) {
-        mode = old.st_mode & 07777;
-    } else {
-        mode_t mask = ::umask(0);
-        ::umask(mask);
-        mode = 0666 & ~mask;
-    }
-    int failure = ::fchmod(file.get(), mode) != 0 ? errno : 0;
+    int failure = ::fchmod(file.get(), exists ? old.st_mode & 07777 : newFileMode()) != 0 ? errno : 0;
     if (failure == 0) {
         failure = writeAll(file.get(), bytes);
     }
@@ -257,11 +271,11 @@ void writeFileWhole(const std::filesystem::path& path, std::string_view bytes) {
     if (failure == 0) {
         failure = closing;
     }
-    if (failure == 0 && std::rename(pattern.c_str(), target.c_str()) != 0) {
+    if (failure == 0 && std::rename(neighbour.c_str(), target.c_str()) != 0) {
         failure = errno;
     }
     if (failure != 0) {
-        ::unlink(pattern.c_str());
+        ::unlink(neighbour.c_str());
         throw ToolError(errorOf(failure));
     }
 }

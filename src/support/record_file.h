@@ -5,13 +5,15 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zor {
 
 /// Writes records of the product's text files: one value a line, lines ended by CR LF.
 class RecordWriter {
   public:
-    /// A text between double quotation marks, as it stands.
+    /// A text between double quotation marks, as it stands; one that holds such a mark or a line end itself
+    /// does not read back whole.
     void text(std::string_view value);
     /// #TRUE# or #FALSE#.
     void boolean(bool value);
@@ -29,7 +31,7 @@ class RecordWriter {
 };
 
 /// Reads the same records value by value. Every read throws ToolError: inputPastEnd behind the last record,
-/// typeMismatch for a record of another form.
+/// typeMismatch for a record of another form, overflow for a number beyond 32 bits.
 ///
 /// A text stands in quotation marks and ends at the second; blanks around a value do not count; a value ends
 /// at its line's end (CR LF, or either alone).
@@ -53,15 +55,16 @@ class RecordReader {
     std::size_t next = 0;
 };
 
-/// The whole file's bytes. Throws ToolError: fileNotFound, pathNotFound, permissionDenied or
-/// deviceInputOutput.
-/// @param limit  a file longer than this is refused with deviceInputOutput, so that a device or a huge file
-/// picked
-///               by mistake does not eat the memory
+/// The whole file's bytes. Throws ToolError: fileNotFound, pathNotFound, permissionDenied, pathFileAccess for
+/// what is no plain file, or deviceInputOutput.
+/// @param limit  in bytes; a longer file is refused with deviceInputOutput, so that a huge one picked by
+/// mistake does not eat the memory
 [[nodiscard]] std::string readFile(const std::filesystem::path& path, std::uintmax_t limit = 64u << 20);
 
 /// Writes a file so that it is either the new content whole or still the old one: a neighbour is written,
-/// synced and renamed over it. Throws ToolError: pathNotFound, permissionDenied, diskFull, pathFileAccess.
+/// synced and renamed over it. The mode of an old file stays, and so does a link to it. Throws ToolError:
+/// pathNotFound, permissionDenied, diskFull, pathFileAccess (for a folder, a device or a ring of links) or
+/// deviceInputOutput.
 void writeFileWhole(const std::filesystem::path& path, std::string_view bytes);
 
 } // namespace zor
