@@ -122,6 +122,15 @@ struct Bench {
     /// Sets the field behind a mirror switch; nullptr takes it away.
     void setMirror(bool Bench::*on, Monitor* receiver);
 
+    /// Pref_Voltage came from a file; the supply tool shows it.
+    Signal<> supplyChanged;
+    /// Tells the supply tool, if it is open, that a file brought another Pref_Voltage.
+    void showSupply() const {
+        if (PowerSupplyOn) {
+            supplyChanged.emit();
+        }
+    }
+
     /// The tools that a panel's end closes and that a panel opens, by their form's name. A tool that does not
     /// exist has no row. Filled by the main window.
     std::map<std::string, std::function<void()>, std::less<>> openTool;

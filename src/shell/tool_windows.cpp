@@ -15,9 +15,12 @@ ToolWindows::ToolWindows(Bench& ownBench)
     , splash(ownBench.platform.loop)
     , about(ownBench.platform.loop)
     , products(ownBench.platform.loop)
-    , terminal(ownBench.platform.loop) {
+    , terminal(ownBench.platform.loop)
+    , powerSupply(ownBench.platform.loop) {
     bench.openTool["Terminal"] = [this] { openTerminal(); };
     bench.closeTool["Terminal"] = [this] { terminal.close(); };
+    bench.openTool["frm_PowerSupply"] = [this] { openPowerSupply(); };
+    bench.closeTool["frm_PowerSupply"] = [this] { powerSupply.close(); };
 }
 
 void ToolWindows::openSplash(Extent mainExtent) {
@@ -40,6 +43,10 @@ void ToolWindows::openProducts() {
 
 void ToolWindows::openTerminal() {
     terminal.ensure([this] { return std::make_unique<Terminal>(bench); }).show();
+}
+
+void ToolWindows::openPowerSupply() {
+    powerSupply.ensure([this] { return std::make_unique<PowerSupply>(bench); }).show();
 }
 
 } // namespace zor

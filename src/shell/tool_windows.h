@@ -3,6 +3,7 @@
 
 #include "link/bench.h"
 #include "shell/about.h"
+#include "utilities/power_supply.h"
 #include "utilities/terminal.h"
 
 #include <memory>
@@ -57,6 +58,7 @@ class ToolWindows {
     void openAbout(Extent mainExtent);
     void openProducts();
     void openTerminal();
+    void openPowerSupply();
 
   private:
     Bench& bench;
@@ -64,6 +66,7 @@ class ToolWindows {
     WindowSlot<About> about;
     WindowSlot<Products> products;
     WindowSlot<Terminal> terminal;
+    WindowSlot<PowerSupply> powerSupply;
 };
 
 } // namespace zor

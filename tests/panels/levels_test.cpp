@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <string>
 #include <vector>
 
@@ -89,38 +88,6 @@ TEST(Threshold, TenthsAreComputedInSinglePrecision) {
         ASSERT_EQ(commitThresholdVoltage(text, common).threshold, reference - 22) << text;
         ASSERT_EQ(commitThresholdVoltage(text, fromTwoVolts).threshold, reference - 20) << text;
     }
-}
-
-TEST(SupplyCode, TwoAndAHalfVoltsAre83OnBothGenerations) {
-    EXPECT_EQ(supplyCodeText(2.5, supplyGeneration1), "83"); // 130.6
-    EXPECT_EQ(supplyCodeText(2.5, supplyGeneration2), "83"); // 131.4
-}
-
-TEST(SupplyCode, TiesGoToTheEvenNeighbour) {
-    EXPECT_EQ(supplyCode(2, supplyGeneration2), 100); // 100.5
-    EXPECT_EQ(supplyCode(2, supplyGeneration1), 100); // 99.5
-    EXPECT_EQ(supplyCode(6, supplyGeneration2), 204); // 203.5
-}
-
-TEST(SupplyCode, EveryHundredthOfAVoltGivesTheExactCode) {
-    for (int hundredths = 130; hundredths <= 10000; ++hundredths) {
-        for (int numerator : {309, 311}) {
-            exact::Fraction code =
-                exact::whole(255) - exact::whole(numerator) / exact::decimal(hundredths, 100);
-            ASSERT_EQ(supplyCode(hundredths / 100.0, numerator), exact::nearest(code))
-                << hundredths << ", " << numerator;
-        }
-    }
-}
-
-TEST(SupplyCode, StaysInsideTheConverterForEveryNumber) {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    for (double volts : {0.0, -0.0, -2.5, -infinity, 1e-300, 0.5, 1.2}) {
-        EXPECT_EQ(supplyCodeText(volts, supplyGeneration2), "0") << volts;
-    }
-    EXPECT_EQ(supplyCode(infinity, supplyGeneration1), 255);
-    EXPECT_EQ(supplyCode(1e300, supplyGeneration1), 255);
-    EXPECT_EQ(supplyCodeText(1.25, supplyGeneration2), "8"); // 7.8, written without padding
 }
 
 TEST(Supply, OnlyThePlainFormOfANumberIsCanonical) {

@@ -3,8 +3,6 @@
 
 #include "support/numbers.h"
 
-#include <algorithm>
-
 namespace zor {
 
 ShownNumber thresholdVoltage(std::int32_t threshold, const ThresholdTraits& traits) {
@@ -26,18 +24,6 @@ VoltageCommit commitThresholdVoltage(std::string_view text, const ThresholdTrait
     float tenths = static_cast<float>(volts) * 10.0F;
     commit.threshold = roundToInt(static_cast<double>(tenths)) - traits.typedOffset;
     return commit;
-}
-
-std::int32_t supplyCode(double volts, double numerator) {
-    if (!(volts > 0)) {
-        // A negative voltage would come out as a code above the highest one.
-        return 0;
-    }
-    return std::clamp(roundToInt(255 - numerator / volts), 0, 255);
-}
-
-std::string supplyCodeText(double volts, double numerator) {
-    return hexText(static_cast<std::uint32_t>(supplyCode(volts, numerator)));
 }
 
 bool isCanonicalSupply(std::string_view text) {

@@ -34,18 +34,6 @@ struct VoltageCommit {
 /// @param text  its numeric prefix counts, in V; clamped to 0 to 5.3
 [[nodiscard]] VoltageCommit commitThresholdVoltage(std::string_view text, const ThresholdTraits& traits);
 
-/// Numerators of the supply converter, in V: code = 255 - numerator / voltage. The panels' own field takes
-/// the second on every board.
-inline constexpr double supplyGeneration1 = 311;
-inline constexpr double supplyGeneration2 = 309;
-
-/// The code of the "V" command, nearest integer, ties to even, held inside the converter's 0 to 255.
-/// @param volts  any number; 0 and below give 0, the lowest voltage
-[[nodiscard]] std::int32_t supplyCode(double volts, double numerator);
-
-/// supplyCode as the command carries it: upper-case hexadecimal without padding.
-[[nodiscard]] std::string supplyCodeText(double volts, double numerator);
-
 /// True if a supply text is the plain form of the number it begins with: no sign, blank, trailing zero or
 /// leading "0" of a fraction, and nothing behind the number.
 [[nodiscard]] bool isCanonicalSupply(std::string_view text);
