@@ -80,6 +80,9 @@ TEST(Threshold, TenthsAreComputedInSinglePrecision) {
     EXPECT_EQ(commitThresholdVoltage("2.35", common).threshold, 2); // 23.5 to the even 24
     // In double precision just above 22.5, in single precision the tie.
     EXPECT_EQ(commitThresholdVoltage("2.25000001", common).threshold, 0);
+    // The voltage is narrowed before the multiplication: .34999998 becomes the .35 next above, its
+    // tenths 3.5.
+    EXPECT_EQ(commitThresholdVoltage(".34999998", common).threshold, 4 - 22);
     for (int thousandths = 0; thousandths <= 5300; ++thousandths) {
         float narrowed = exact::toFloat(exact::decimal(thousandths == 0 ? 1 : thousandths, 1000));
         float tenths = exact::toFloat(exact::ofFloat(narrowed) * exact::whole(10));
