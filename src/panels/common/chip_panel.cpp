@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: MIT
+#include "panels/common/chip_panel.h"
+
+#include "link/connect.h"
+
+namespace zor {
+
+namespace {
+
+constexpr Colour litColour{255, 255, 0};
+constexpr Colour darkColour{240, 240, 240};
+
+constexpr std::array<std::pair<const char*, const char*>, 4> bandNames = {{
+    {"Band315", "315 MHz"},
+    {"Band433", "433 MHz"},
+    {"Band868", "868 MHz"},
+    {"Band915", "915 MHz"},
+}};
+
+} // namespace
+
+ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
+    : Form(ownBench.desk, panelTraits.formName, panelTraits.title)
+    , Statusline(*this, "Statusline", "", TextField::Access::ReadOnly)
+    , LabelUpdate(*this, "LabelUpdate", "Update needed >>>")
+    , LabelCalibration(*this, "LabelCalibration", "Calibrate >>> (after update)")
+    , Update(*this, "Update", "Update")
+    , CalibratePLL(*this, "CalibratePLL", "Calibrate Synthesizer")
+    , ConfLoad(*this, "ConfLoad", "Load...")
+    , ConfSave(*this, "ConfSave", "Save...")
+    , ReadStatus(*this, "ReadStatus", "Read Status")
+    , ShowStatus(*this, "ShowStatus", "Show Status")
+    , OnColor(*this, "OnColor", litColour)
+    , OffColor(*this, "OffColor", darkColour)
+    , IRQ(*this, "IRQ", "IRQ")
+    , IRQpoll(*this, "IRQpoll", "?IRQ")
+    , StdCrystal(*this, crystalGroup, "StdCrystal", "Standard 10MHz")
+    , NonStdCrystal(*this, crystalGroup, "NonStdCrystal", "Non standard")
+    , Crystalfreq(*this, "Crystalfreq", "10")
+    , Cxtal(*this, "Cxtal")
+    , FreqCenter(*this, "FreqCenter")
+    , FreqStep(*this, "FreqStep", "", TextField::Access::ReadOnly)
+    , PowerSupply(*this, "PowerSupply", ownBench.Pref_Voltage)
+    , PB_PowerSupply(*this, "PB_PowerSupply", "Power Supply")
+    , CLKout(*this, "CLKout", {clockOutputs.begin(), clockOutputs.end()})
+    , Revision(*this, "Revision")
+    , LBD(*this, "LBD")
+    , LBDV(*this, "LBDV")
+    , WKUPM(*this, "WKUPM")
+    , WKUPR(*this, "WKUPR")
+    , WKUPTIME(*this, "WKUPTIME", "", TextField::Access::ReadOnly)
+    , Label8(*this, "Label8")
+    , Label38(*this, "Label38")
+    , Label39(*this, "Label39")
+    , Ctrlw(*this, "Ctrlw", "Configuration Setting Command:")
+    , Freqw(*this, "Freqw", "Frequency Setting Command:")
+    , LBDw(*this, "LBDw", "Low Battery Detector Command:")
+    , Wkupw(*this, "Wkupw", "Wake-Up Timer Command:")
+    , bench(ownBench)
+    , ownTraits(panelTraits)
+    , Timer1(ownBench.platform.loop, [this] { Timer1_Timer(); })
+    , Timer3(ownBench.platform.loop, [this] { Timer3_Timer(); })
+    , RepStatusReadTimer(ownBench.platform.loop, [this] { RepStatusReadTimer_Timer(); })
+    , SRVisualTimer(ownBench.platform.loop, [this] { SRVisualTimer_Timer(); }) {
+    makeBands();
+    makeStatus();
+    wireCommon();
+    ConfLoad.setTip("Load a previous configuration");
+    ConfSave.setTip("Save current configuration");
+}
+
+ChipPanel::~ChipPanel() = default;
+
+void ChipPanel::makeBands() {
+    for (Band which : ownTraits.offeredBands) {
+        const auto& [name, caption] = bandNames[static_cast<std::size_t>(which)];
+        bandOptions.push_back(std::make_unique<Option>(*this, bandGroup, name, caption));
+        bandOptions.back()->onChoose = [this, which] { bandChosen(which); };
+    }
+}
+
+void ChipPanel::makeStatus() {
+    int index = 0;
+    for (const char* caption : ownTraits.statusCaptions) {
+        ++index;
+        statusLamps.push_back(
+            std::make_unique<Lamp>(*this, "status(" + std::to_string(index) + ")", caption));
+        statusLamps.back()->paint(false, OffColor);
+    }
+    IRQ.paint(false, OffColor);
+}
+
+void ChipPanel::wireCommon() {
+    Update.onClick = [this] { Update_Click(); };
+    CalibratePLL.onClick = [this] { CalibratePLL_Click(); };
+    ConfLoad.onClick = [this] { ConfLoad_Click(); };
+    ConfSave.onClick = [this] { ConfSave_Click(); };
+    ShowStatus.onClick = [this] { ShowStatus_Click(); };
+    ReadStatus.onClick = [this] {
+        RepStatusReadTimer.stop();
+        StartStatusRead();
+    };
+    ReadStatus.onDoubleClick = [this] { RepStatusReadTimer.start(); };
+    ReadStatus.onLeave = [this] { RepStatusReadTimer.stop(); };
+    IRQpoll.onClick = [this] { IRQpoll_Click(); };
+    StdCrystal.onChoose = [this] { StdCrystal_Click(); };
+    NonStdCrystal.onChoose = [this] { NonStdCrystal_Click(); };
+    Crystalfreq.onCommit = [this] { Crystalfreq_LostFocus(); };
+    FreqCenter.onCommit = [this] { FreqCenter_LostFocus(); };
+    LBD.onCommit = [this] { LBD_LostFocus(); };
+    LBDV.onCommit = [this] { LBDV_LostFocus(); };
+    WKUPM.onCommit = [this] { WKUPM_LostFocus(); };
+    WKUPR.onCommit = [this] { WKUPM_LostFocus(); };
+    if (ownTraits.supplyField == SupplyField::Commits) {
+        PowerSupply.onCommit = [this] { PowerSupply_LostFocus(); };
+    }
+    PB_PowerSupply.onClick = [this] { bench.open("frm_PowerSupply"); };
+    feed(Cxtal, Ctrlw);
+}
+
+void ChipPanel::setWords(std::vector<ControlWord*> sentByUpdate, std::vector<ControlWord*> notSent) {
+    updateWords = sentByUpdate;
+    allWords = std::move(sentByUpdate);
+    allWords.insert(allWords.end(), notSent.begin(), notSent.end());
+    for (ControlWord* word : allWords) {
+        wordSubscriptions.push_back(word->rewritten.subscribe([this] { LabelUpdate.setVisible(true); }));
+    }
+}
+
+void ChipPanel::feed(CodeList& list, ControlWord& word) {
+    list.onSelect = [&word] { word.rebuild(); };
+}
+
+void ChipPanel::feed(TickBox& tick, ControlWord& word) {
+    tick.onChange = [&word] { word.rebuild(); };
+}
+
+Option* ChipPanel::band(Band which) const {
+    for (std::size_t place = 0; place < bandOptions.size(); ++place) {
+        if (ownTraits.offeredBands[place] == which) {
+            return bandOptions[place].get();
+        }
+    }
+    return nullptr;
+}
+
+void ChipPanel::load() {
+    setPlace({0, 0});
+    setExtent({ownTraits.foldedHeight, ownTraits.width});
+    FreqCode = 2000;
+    Cxtal.fill(loadCapacitances());
+    StdCrystal.putChosen();
+    Crystalfreq.setEnabled(false);
+    for (ScaledList* list : scaledLists) {
+        list->rebuild(CrystalRatio);
+    }
+    band(ownTraits.startBand)->choose();
+    Cxtal.selectText(ownTraits.startCapacitance);
+    FreqCenter.setText(ownTraits.startFrequency);
+    FreqCenter_LostFocus();
+    setDefaults();
+    for (ControlWord* word : allWords) {
+        word->rebuild();
+    }
+    LabelCalibration.setVisible(false);
+    if (bench.Pref_CCautoLoad == 1) {
+        ConfLoad_Click();
+    }
+    notice(ownTraits.loadNotice);
+    RepStatusReadTimer.setInterval(Bench::GetRepetitiveStatusReadInterval());
+    SRVisualTimer.setInterval(Bench::GetRepetitiveStatusReadMarkInterval());
+    ReadStatus.takesFocusOnClick = Bench::StopRepStReadOnLostFocus();
+}
+
+void ChipPanel::hidden() {
+    RepStatusReadTimer.stop();
+}
+
+void ChipPanel::unload() {
+    RepStatusReadTimer.stop();
+    for (Timer* timer : {&Timer1, &Timer3}) {
+        if (timer->running()) {
+            // The sequence ends with the panel that owns it.
+            endSequence(*timer);
+        }
+    }
+    sendFarewell();
+}
+
+bool ChipPanel::portReady(const char* boxText) {
+    if (bench.connect->isOpen()) {
+        return true;
+    }
+    notice("Communication fault.");
+    bench.warn(boxText);
+    return false;
+}
+
+void ChipPanel::reading() {
+    bench.CommStatus->setText("reading...");
+}
+
+void ChipPanel::sendLine(const char* line) {
+    bench.connect->Send_To_LoadBoard(std::string(line) + "\r");
+}
+
+void ChipPanel::sendWord(ControlWord& word) {
+    std::string line = word.line();
+    word.markSent();
+    bench.connect->Send_To_LoadBoard(line);
+}
+
+void ChipPanel::Update_Click() {
+    clearNotice();
+    if (!portReady(ownTraits.updateWithoutPort)) {
+        return;
+    }
+    LabelUpdate.setVisible(false);
+    reading();
+    for (ControlWord* word : updateWords) {
+        sendWord(*word);
+        wordSent(*word);
+    }
+}
+
+void ChipPanel::endCalibration() {
+    if (!LabelUpdate.visible()) {
+        LabelCalibration.setVisible(false);
+    }
+}
+
+void ChipPanel::govern(bool on, const std::vector<Element*>& governed, Label& reason) {
+    for (Element* element : governed) {
+        element->setEnabled(on);
+    }
+    reason.setVisible(!on);
+}
+
+void ChipPanel::ShowStatus_Click() {
+    bool fold = statusShown();
+    setExtent({fold ? ownTraits.foldedHeight : ownTraits.unfoldedHeight, extent().width});
+    ShowStatus.setCaption(fold ? "Show Status" : "Hide Status");
+}
+
+} // namespace zor

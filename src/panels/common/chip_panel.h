@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/button.h"
+#include "elements/form.h"
+#include "elements/label.h"
+#include "elements/options.h"
+#include "elements/text_field.h"
+#include "elements/tick_box.h"
+#include "link/bench.h"
+#include "panels/common/code_list.h"
+#include "panels/common/control_word.h"
+#include "panels/common/panel_traits.h"
+#include "platform/event_loop.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace zor {
+
+/// The engineer's view of one radio chip: settings in, control words out, status back. What all seven panels
+/// share; a chip's own file adds its tables and its oddities.
+///
+/// Created by the panel registry, filled by load() before it is shown. Hiding keeps everything; closing
+/// unloads it.
+class ChipPanel : public Form {
+    // Older than the options that join them.
+    OptionGroup crystalGroup;
+    OptionGroup bandGroup;
+
+  public:
+    ChipPanel(Bench& ownBench, const PanelTraits& ownTraits);
+    ~ChipPanel() override;
+
+    /// Sets and commits every default, loads a configuration if the preferences say so. Called once, before
+    /// show().
+    void load();
+    /// Adapts the panel to the regional low-power variant; runs at each showing.
+    virtual void SetFrameMode() {}
+    /// Crystal frequency in Hz.
+    [[nodiscard]] std::int32_t GetXtalFrequency() const;
+    /// The registry took the panel off the screen: repeats of the status read end, the rest stays.
+    void hidden();
+
+    // Commit actions, for others than the fields too.
+    void FreqCenter_LostFocus();
+    void LBD_LostFocus();
+    void WKUPM_LostFocus();
+
+    TextField Statusline;
+    Label LabelUpdate;
+    Label LabelCalibration;
+    Button Update;
+    Button CalibratePLL;
+    Button ConfLoad;
+    Button ConfSave;
+    Button ReadStatus;
+    Button ShowStatus;
+    Swatch OnColor;
+    Swatch OffColor;
+    Lamp IRQ;
+    Button IRQpoll;
+
+    Option StdCrystal;
+    Option NonStdCrystal;
+    TextField Crystalfreq;
+    CodeList Cxtal;
+    /// Only the bands that the chip has; `band` finds one.
+    [[nodiscard]] Option* band(Band which) const;
+    TextField FreqCenter;
+    TextField FreqStep;
+    TextField PowerSupply;
+    Button PB_PowerSupply;
+
+    ScaledList CLKout;
+    CodeList Revision;
+    TextField LBD;
+    TextField LBDV;
+    TextField WKUPM;
+    TextField WKUPR;
+    TextField WKUPTIME;
+    /// The unit of WKUPTIME.
+    Label Label8;
+    /// Why the low battery detector's, the wake-up timer's settings are disabled.
+    Label Label38;
+    Label Label39;
+
+    ControlWord Ctrlw;
+    ControlWord Freqw;
+    ControlWord LBDw;
+    ControlWord Wkupw;
+
+    /// Indicator of a status bit, from 1.
+    [[nodiscard]] Lamp& status(int index) const { return *statusLamps[static_cast<std::size_t>(index - 1)]; }
+    [[nodiscard]] int statusCount() const { return static_cast<int>(statusLamps.size()); }
+
+    /// All control words in the order in which Update sends them; then those it does not send.
+    [[nodiscard]] const std::vector<ControlWord*>& words() const { return allWords; }
+    [[nodiscard]] const PanelTraits& traits() const { return ownTraits; }
+    /// The status area is folded out.
+    [[nodiscard]] bool statusShown() const { return extent().height != ownTraits.foldedHeight; }
+
+  protected:
+    // Steps that a chip fills in.
+
+    /// Fills the chip's own lists and sets and commits its defaults.
+    virtual void setDefaults() = 0;
+    /// The words that depend on the crystal beyond the lists; runs at the end of the recompute chain.
+    virtual void crystalChanged() {}
+    /// The wake-up settings as the chip's fields have them; writes back what the commit made of them.
+    virtual WakeUpSetting commitWakeUpFields();
+    /// What else follows a wake-up commit.
+    virtual void wakeUpCommitted() {}
+    /// After each word of Update.
+    virtual void wordSent(const ControlWord&) {}
+    virtual void CalibratePLL_Click() = 0;
+    virtual void ConfLoad_Click() {}
+    virtual void ConfSave_Click() {}
+    /// Around the transfers of a status read: before the first, and after the last.
+    virtual void beforeStatusRead() {}
+    virtual void afterStatusRead() {}
+    /// Shows a status byte.
+    /// @param index  0 the first byte, 1 the second
+    virtual void showStatusByte(int index, std::uint32_t byte);
+    /// What closing sends before the panel is given up.
+    virtual void sendFarewell() {}
+    void unload() override;
+
+    /// The words in Update's order; called once by a chip's constructor.
+    void setWords(std::vector<ControlWord*> sentByUpdate, std::vector<ControlWord*> notSent = {});
+    /// The lists that a new crystal rebuilds, in that order, CLKout included.
+    void setScaledLists(std::vector<ScaledList*> lists) { scaledLists = std::move(lists); }
+    /// Makes a commit field rebuild a word, or a tick, list or option action rewrite it.
+    static void feed(CodeList& list, ControlWord& word);
+    static void feed(TickBox& tick, ControlWord& word);
+
+    void clearNotice() { Statusline.setText(" "); }
+    void notice(std::string text) { Statusline.setText(std::move(text)); }
+    /// Tells in the status line and in a box that there is no port. @return true if there is one
+    bool portReady(const char* boxText);
+    void sendLine(const char* line);
+    void sendWord(ControlWord& word);
+    void reading();
+    void recomputeChain();
+    void bandChosen(Band which);
+    /// Enables what a tick governs, or shows the label that says why not.
+    static void govern(bool on, const std::vector<Element*>& governed, Label& reason);
+    void endCalibration();
+    [[nodiscard]] FrequencyScale frequencyScale() const;
+    /// Caption of the chosen band.
+    [[nodiscard]] std::string bandCaption() const;
+
+    Bench& bench;
+    float CrystalRatio = 1.0F;
+    std::int32_t BandMultiplier = 1;
+    std::int32_t BandBase = 31;
+    std::int32_t BandCode = 0;
+    float FreqCode = 2000;
+    WakeUpSetting wakeUp;
+    std::int32_t lowBattery = 0;
+
+  private:
+    enum Step : std::int32_t { begin = 1, firstByte = 2, secondByte = 3, finish = 100 };
+
+    void wireCommon();
+    void makeBands();
+    void makeStatus();
+    void Update_Click();
+    void StdCrystal_Click();
+    void NonStdCrystal_Click();
+    void Crystalfreq_LostFocus();
+    void showFrequency();
+    void showStep();
+    void PowerSupply_LostFocus();
+    void LBDV_LostFocus();
+    void ShowStatus_Click();
+    void StartStatusRead();
+    void IRQpoll_Click();
+    [[nodiscard]] bool sequenceMayBegin();
+    void Timer3_Timer();
+    void Timer1_Timer();
+    void endSequence(Timer& timer);
+    void readStatusStep(Step step);
+    [[nodiscard]] std::uint32_t receivedByte() const;
+    void RepStatusReadTimer_Timer();
+    void SRVisualTimer_Timer();
+
+    const PanelTraits& ownTraits;
+    std::vector<std::unique_ptr<Option>> bandOptions;
+    std::vector<std::unique_ptr<Lamp>> statusLamps;
+    std::vector<ControlWord*> updateWords;
+    std::vector<ControlWord*> allWords;
+    std::vector<ScaledList*> scaledLists;
+    std::vector<Subscription> wordSubscriptions;
+    /// What Crystalfreq showed before the user changed it.
+    std::string crystalShown = "10";
+    Timer Timer1;
+    Timer Timer3;
+    Timer RepStatusReadTimer;
+    Timer SRVisualTimer;
+};
+
+} // namespace zor

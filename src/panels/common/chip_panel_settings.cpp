@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// The settings that every chip has: crystal, band, frequency, supply, battery threshold, wake-up timer.
+#include "link/commands.h"
+#include "link/connect.h"
+#include "panels/common/chip_panel.h"
+#include "support/numbers.h"
+
+namespace zor {
+
+FrequencyScale ChipPanel::frequencyScale() const {
+    return {ownTraits.frequencyForm, BandMultiplier, BandBase, CrystalRatio};
+}
+
+std::int32_t ChipPanel::GetXtalFrequency() const {
+    return crystalHertz(CrystalRatio);
+}
+
+void ChipPanel::StdCrystal_Click() {
+    clearNotice();
+    Crystalfreq.setEnabled(false);
+    CrystalRatio = 1.0F;
+    recomputeChain();
+}
+
+void ChipPanel::NonStdCrystal_Click() {
+    Crystalfreq.setEnabled(true);
+    Crystalfreq_LostFocus();
+}
+
+void ChipPanel::Crystalfreq_LostFocus() {
+    if (StdCrystal.chosen()) {
+        // A file's line for a crystal that is not in use: kept as text, without an effect.
+        crystalShown = Crystalfreq.text();
+        return;
+    }
+    std::optional<double> megahertz = readNumericPrefix(Crystalfreq.text(), bench.platform.decimalMark);
+    if (!megahertz) {
+        Crystalfreq.setText(crystalShown);
+        return;
+    }
+    clearNotice();
+    CrystalCommit commit = commitCrystal(*megahertz);
+    crystalShown = commit.megahertz.text;
+    Crystalfreq.setText(crystalShown);
+    if (commit.limit == Limit::Minimum) {
+        notice("Minimum crystal frequency reached!");
+    } else if (commit.limit == Limit::Maximum) {
+        notice("Maximum crystal frequency reached!");
+    }
+    CrystalRatio = commit.ratio;
+    recomputeChain();
+}
+
+void ChipPanel::recomputeChain() {
+    // The parameter follows from the field's MHz and the new ratio, so the frequency stays and the word
+    // moves; the lists then take their new texts.
+    FreqCenter_LostFocus();
+    showStep();
+    for (ScaledList* list : scaledLists) {
+        list->rebuild(CrystalRatio);
+    }
+    WKUPM_LostFocus();
+    crystalChanged();
+}
+
+void ChipPanel::bandChosen(Band which) {
+    const BandConstants& constants = bandConstants(*ownTraits.bands, which);
+    BandMultiplier = constants.multiplier;
+    BandBase = constants.base.value_or(BandBase);
+    BandCode = constants.code;
+    Ctrlw.rebuild();
+    // The parameter stays, and the word with it; the frequency moves.
+    showFrequency();
+    showStep();
+    LabelCalibration.setVisible(true);
+}
+
+void ChipPanel::showFrequency() {
+    FreqCenter.setText(shownFrequency(FreqCode, frequencyScale()).megahertz.text);
+}
+
+void ChipPanel::showStep() {
+    for (Band which : ownTraits.offeredBands) {
+        if (band(which)->chosen()) {
+            FreqStep.setText(
+                frequencyStep(bandConstants(*ownTraits.bands, which).stepKilohertz, CrystalRatio).text);
+        }
+    }
+}
+
+void ChipPanel::FreqCenter_LostFocus() {
+    FrequencyCommit commit = commitFrequency(FreqCenter.text(), frequencyScale());
+    FreqCode = commit.code;
+    if (commit.limit == Limit::Minimum) {
+        notice("Minimum frequency reached!");
+    } else if (commit.limit == Limit::Maximum) {
+        notice("Maximum frequency reached!");
+    }
+    FreqCenter.setText(commit.shown.megahertz.text);
+    Freqw.rebuild();
+}
+
+void ChipPanel::PowerSupply_LostFocus() {
+    std::string typed = PowerSupply.text();
+    if (!isCanonicalSupply(typed)) {
+        notice("Incorrect Power Supply voltage format!  (" + typed + " V)");
+    }
+    SupplyCommit commit = commitSupply(typed);
+    PowerSupply.setText(commit.volts.text);
+    if (commit.limit == Limit::Minimum) {
+        notice("Minimum supply voltage is 2.0 V!");
+    } else if (commit.limit == Limit::Maximum) {
+        notice("Maximum supply voltage is 5.4 V!");
+    }
+    bench.Pref_Voltage = PowerSupply.text();
+    if (!bench.connect->isOpen()) {
+        // Told once: a second commit in a row finds the notice standing.
+        if (Statusline.text() != "Communication fault.") {
+            notice("Communication fault.");
+            bench.warn("Commport not available, please open commport. PSU setting was not updated.");
+        }
+        return;
+    }
+    reading();
+    // This field takes the generation 2 constant on every board.
+    bench.connect->Send_To_LoadBoard(supplyCommand(commit.volts.value, supplyConstant(2)));
+}
+
+void ChipPanel::LBD_LostFocus() {
+    lowBattery = committedInteger(LBD.text(), ownTraits.threshold.range);
+    LBD.setText(std::to_string(lowBattery));
+    LBDV.setText(thresholdVoltage(lowBattery, ownTraits.threshold).text);
+    LBDw.rebuild();
+}
+
+void ChipPanel::LBDV_LostFocus() {
+    VoltageCommit commit = commitThresholdVoltage(LBDV.text(), ownTraits.threshold);
+    LBD.setText(std::to_string(commit.threshold));
+    LBD_LostFocus();
+}
+
+WakeUpSetting ChipPanel::commitWakeUpFields() {
+    WakeUpSetting setting = commitWakeUp(ownTraits.wakeUp, WKUPM.text(), WKUPR.text());
+    WKUPM.setText(std::to_string(setting.mantissa));
+    WKUPR.setText(std::to_string(setting.exponent));
+    return setting;
+}
+
+void ChipPanel::WKUPM_LostFocus() {
+    wakeUp = commitWakeUpFields();
+    WakeUpTime time = wakeUpTime(ownTraits.wakeUp.timer, wakeUp, CrystalRatio);
+    WKUPTIME.setText(time.shown.text);
+    Label8.setCaption(std::string(time.unit));
+    Wkupw.rebuild();
+    wakeUpCommitted();
+}
+
+} // namespace zor

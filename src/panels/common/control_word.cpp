@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "panels/common/control_word.h"
+
+#include "support/numbers.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+std::string binary(std::uint32_t value, int width) {
+    std::string digits;
+    for (int place = width - 1; place >= 0; --place) {
+        digits += ((value >> place) & 1U) != 0 ? '1' : '0';
+    }
+    return digits;
+}
+
+std::string bitRange(const BitField& field) {
+    std::string low = std::to_string(field.lowBit);
+    return field.highBit == field.lowBit ? low : std::to_string(field.highBit) + ":" + low;
+}
+
+} // namespace
+
+BitField bits(int high, int low, std::string name, const CodeList& list, std::string unit) {
+    return {
+        high, low, std::move(name), [&list] { return list.code(); },
+        [&list, unit = std::move(unit)] { return unit.empty() ? list.text() : list.text() + " " + unit; }};
+}
+
+BitField bits(int high, int low, std::string name, std::function<int()> value,
+              std::function<std::string()> meaning) {
+    return {high, low, std::move(name), std::move(value), std::move(meaning)};
+}
+
+BitField bit(int position, std::string name, const TickBox& tick) {
+    return {position, position, std::move(name), [&tick] { return tick.ticked() ? 1 : 0; },
+            [&tick] { return std::string(tick.ticked() ? "on" : "off"); }};
+}
+
+BitField fixedBit(int position, std::string name) {
+    return {position, position, std::move(name), [] { return 1; }, {}};
+}
+
+ControlWord::ControlWord(Form& owner, std::string name, std::string caption)
+    : TextField(owner, std::move(name), {}, Access::ReadOnly) {
+    setCaption(std::move(caption));
+}
+
+void ControlWord::define(std::uint32_t base, std::vector<BitField> fields, Size size) {
+    ownBase = base;
+    table = std::move(fields);
+    ownSize = size;
+}
+
+std::uint32_t ControlWord::value() const {
+    std::uint32_t sum = ownBase;
+    for (const BitField& field : table) {
+        sum += static_cast<std::uint32_t>(field.value()) << field.lowBit;
+    }
+    return sum;
+}
+
+void ControlWord::rebuild() {
+    rebuildQuietly();
+    rewritten.emit();
+}
+
+void ControlWord::rebuildQuietly() {
+    setText(hexText(value()));
+    refreshTip();
+}
+
+void ControlWord::show(std::uint32_t value) {
+    setText(hexText(value));
+}
+
+std::string ControlWord::line() const {
+    return (ownSize == Size::OneByte ? "S1" : "S2") + text() + "\r";
+}
+
+void ControlWord::markSent() {
+    sentText = text();
+    changed.emit();
+}
+
+void ControlWord::refreshTip() {
+    std::string tip = caption() + " " + text();
+    for (const BitField& field : table) {
+        int width = field.highBit - field.lowBit + 1;
+        tip += "\n" + bitRange(field) + " " + field.name + " " +
+               binary(static_cast<std::uint32_t>(field.value()), width);
+        if (field.meaning) {
+            tip += " = " + field.meaning();
+        }
+    }
+    setTip(std::move(tip));
+}
+
+} // namespace zor

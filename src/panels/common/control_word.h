@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/signal.h"
+#include "elements/text_field.h"
+#include "elements/tick_box.h"
+#include "panels/common/code_list.h"
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace zor {
+
+/// One row of a word's table: some of its bits, what they are called, and where their value comes from.
+struct BitField {
+    int highBit = 0;
+    int lowBit = 0;
+    std::string name;
+    std::function<int()> value;
+    /// What the present value means to the engineer.
+    std::function<std::string()> meaning;
+};
+
+/// Bits high to low that hold a list's code.
+[[nodiscard]] BitField bits(int high, int low, std::string name, const CodeList& list, std::string unit = {});
+/// Bits high to low that hold a number.
+[[nodiscard]] BitField bits(int high, int low, std::string name, std::function<int()> value,
+                            std::function<std::string()> meaning = {});
+/// One bit that a tick sets.
+[[nodiscard]] BitField bit(int position, std::string name, const TickBox& tick);
+/// One bit that does not depend on a setting.
+[[nodiscard]] BitField fixedBit(int position, std::string name);
+
+/// A control word of a chip: its value in hexadecimal, as it is shown and as it is sent.
+///
+/// The word is never edited; it is the plain sum of its base and its shifted fields, read afresh at each
+/// rebuild. Nothing masks a field: the settings keep their ranges.
+class ControlWord : public TextField {
+  public:
+    /// How the word goes to the chip: "S1" transfers one byte, "S2" two.
+    enum class Size { OneByte, TwoBytes };
+
+    ControlWord(Form& owner, std::string name, std::string caption);
+
+    /// Declares the word; a window's constructor does it once.
+    void define(std::uint32_t base, std::vector<BitField> fields, Size size = Size::TwoBytes);
+
+    [[nodiscard]] std::uint32_t base() const { return ownBase; }
+    [[nodiscard]] const std::vector<BitField>& fields() const { return table; }
+    [[nodiscard]] Size size() const { return ownSize; }
+    /// Base and fields as the settings stand now.
+    [[nodiscard]] std::uint32_t value() const;
+
+    /// Shows the value of the present settings, and tells `rewritten`.
+    void rebuild();
+    /// The same without telling: for words that are sent at once.
+    void rebuildQuietly();
+    /// Shows another value than the settings say, for the steps of a calibration.
+    void show(std::uint32_t value);
+
+    /// Explains the shown word anew, when what its fields mean has changed and their values have not.
+    void refreshTip();
+
+    /// The command line that sends what is shown.
+    [[nodiscard]] std::string line() const;
+    /// What is shown has been sent.
+    void markSent();
+    /// What is shown differs from what was sent last, or nothing was.
+    [[nodiscard]] bool pending() const { return sentText != text(); }
+
+    /// A setting rewrote the word.
+    Signal<> rewritten;
+
+  private:
+    std::uint32_t ownBase = 0;
+    std::vector<BitField> table;
+    Size ownSize = Size::TwoBytes;
+    std::string sentText;
+};
+
+} // namespace zor

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/form.h"
+#include "panels/common/frequency.h"
+#include "panels/common/levels.h"
+#include "panels/common/timing.h"
+
+#include <chrono>
+#include <vector>
+
+namespace zor {
+
+/// What of a panel's configuration files differs between chips.
+struct FileTraits {
+    /// Without the point.
+    const char* extension;
+    const char* filter;
+    const char* loadTitle;
+    const char* saveTitle;
+    /// The first line, compared byte for byte.
+    const char* banner;
+    /// What the error of a wrong banner says.
+    const char* wrongBanner;
+};
+
+/// What a panel's PowerSupply field does.
+enum class SupplyField {
+    Commits,  ///< a typed voltage is checked, stored and sent
+    ShownOnly ///< only files read and write it
+};
+
+/// What differs between the chips' panels before any oddity: one table a chip.
+struct PanelTraits {
+    const char* formName;
+    const char* title;
+
+    /// Heights with the status area folded in and out, and the width, in twips.
+    Twips foldedHeight;
+    Twips unfoldedHeight;
+    Twips width;
+
+    FrequencyForm frequencyForm;
+    const BandTable* bands;
+    /// The bands that the chip has, in the order of their options; the first is the start band.
+    std::vector<Band> offeredBands;
+    Band startBand;
+    const char* startFrequency;
+    const char* startCapacitance;
+
+    WakeUpTraits wakeUp;
+    ThresholdTraits threshold;
+    SupplyField supplyField;
+
+    /// Captions of the status indicators, from the first byte's bit 7 on.
+    std::vector<const char*> statusCaptions;
+    /// Bytes that a status read takes, and its pace.
+    int statusBytes;
+    std::chrono::milliseconds statusInterval;
+    /// The line between "L2" and "L0" of a status read; empty if the chip needs none.
+    const char* statusCommand;
+    /// Where the answer to "RI" stands in the last 15 characters, from 1.
+    std::size_t interruptPosition;
+
+    /// Said at the end of a load, and in the box when Update finds no port.
+    const char* loadNotice;
+    const char* updateWithoutPort;
+
+    FileTraits file;
+};
+
+} // namespace zor

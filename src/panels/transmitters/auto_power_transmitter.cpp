@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "panels/transmitters/auto_power_transmitter.h"
+
+namespace zor {
+
+namespace {
+
+constexpr double deviationStep = 30;
+
+/// The automatic ticks and the manual ones exclude each other; the latest wins.
+const std::vector<PowerTick> ticks = {
+    {7, "Xtal osc.+ synthesizer", {5, 4}},
+    {6, "Power amplifier:", {3}},
+    {5, "Xtal osc.", {7}},
+    {4, "Synthesizer", {7}},
+    {3, "Power amp.", {6}},
+    {2, "Low battery detector", {}},
+    {1, "Wake-up timer", {}},
+    {0, "Disable   C clock output", {}},
+};
+
+} // namespace
+
+AutoPowerTransmitter::AutoPowerTransmitter(Bench& ownBench, const PanelTraits& panelTraits)
+    : TransmitterPanel(ownBench, panelTraits, ticks, deviationStep)
+    , Modulation(*this, "Modulation")
+    , OutPowerw(*this, "OutPowerw", "Power Setting Command:") {
+    setScaledLists({&CLKout, &ModFreq});
+    feed(CLKout, Ctrlw);
+    feed(Modulation, OutPowerw);
+    feed(OutputPower, OutPowerw);
+    Modulation.codeOfText = [](const std::string& text) { return text == "OOK" ? 1 : 0; };
+
+    Ctrlw.define(0x8000, {bits(
+                              12, 11, "band", [this] { return BandCode; }, [this] { return bandCaption(); }),
+                          bits(10, 8, "clock output", CLKout, "MHz"), bits(7, 4, "load capacitance", Cxtal),
+                          bits(3, 3, "polarity", ModPol), bits(2, 0, "deviation", ModFreq, "kHz")});
+    OutPowerw.define(0xB0,
+                     {bits(
+                         3, 0, "output power and keying",
+                         [this] { return OutputPower.code() + (Modulation.code() != 0 ? ookMark() : 0); },
+                         [this] { return OutputPower.text() + ", " + Modulation.text(); })},
+                     ControlWord::Size::OneByte);
+    Wkupw.define(0xE000, {bits(12, 8, "R", [this] { return wakeUp.exponent; }),
+                          bits(7, 0, "M", [this] { return wakeUp.mantissa; })});
+}
+
+void AutoPowerTransmitter::setDefaults() {
+    Modulation.fill(std::vector<std::string>{"FSK", "OOK"});
+    Modulation.selectText("FSK");
+    TransmitterPanel::setDefaults();
+    WKUPM.setText("0");
+    WKUPR.setText("0");
+    WKUPM_LostFocus();
+}
+
+} // namespace zor

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panels/transmitters/transmitter_panel.h"
+
+namespace zor {
+
+/// The KT1100 and its successor KT1101: automatic power control, and an output power word of one byte.
+class AutoPowerTransmitter : public TransmitterPanel {
+  public:
+    AutoPowerTransmitter(Bench& ownBench, const PanelTraits& ownTraits);
+
+    CodeList Modulation;
+    ControlWord OutPowerw;
+
+  protected:
+    void setDefaults() override;
+    /// What on-off keying adds to the power word.
+    [[nodiscard]] virtual int ookMark() const { return 8; }
+    void powerChanged() { OutPowerw.rebuild(); }
+};
+
+} // namespace zor

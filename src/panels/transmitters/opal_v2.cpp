@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "panels/transmitters/opal_v2.h"
+
+namespace zor {
+
+namespace {
+
+constexpr const char* oldRevision = "'C' or below";
+constexpr const char* newRevision = "'D' or above";
+
+const PanelTraits opalTraits = {
+    .formName = "OpalV2",
+    .title = "KT1100 transmitter control panel",
+    .foldedHeight = 8930,
+    .unfoldedHeight = 9700,
+    .width = 15000,
+    .frequencyForm = FrequencyForm::TenThenMultiplier,
+    .bands = &multiplierBands,
+    .offeredBands = {Band::Band315, Band::Band433, Band::Band868, Band::Band915},
+    .startBand = Band::Band315,
+    .startFrequency = "315",
+    .startCapacitance = "12.5 pF",
+    .wakeUp = {.exponent = {0, 23}},
+    .threshold = {},
+    .supplyField = SupplyField::Commits,
+    .statusCaptions = {"POR", "PB1", "PB2", "PB3", "PB4", "LBD", "WK-UP", "nIRQ"},
+    .statusBytes = 1,
+    .statusInterval = std::chrono::milliseconds(100),
+    .statusCommand = "WSCC",
+    .interruptPosition = 7,
+    .loadNotice = "Update chip control words, and power management settings!",
+    .updateWithoutPort = "Commport not available, please open commport. Control words were not updated.",
+    .file = {.extension = "tc",
+             .filter = "Transmitter Configuration files (*.tc) | *.tc |All files (*.*)| *.*",
+             .loadTitle = "Load Transmitter Configuration File",
+             .saveTitle = "Save Transmitter Configuration File",
+             .banner = "# ZOR KT1100 configuration file. Version 2.0.0",
+             .wrongBanner = "Incorrect configuration file version"},
+};
+
+} // namespace
+
+OpalV2::OpalV2(Bench& ownBench)
+    : AutoPowerTransmitter(ownBench, opalTraits)
+    , Frame1(*this, "Frame1", "Select revision:")
+    , Green(*this, "Green", {0, 192, 0})
+    , Yellow(*this, "Yellow", {255, 255, 0}) {
+    Revision.setContainer(&Frame1);
+    Revision.onSelect = [this] { Revision_Click(); };
+    LBDw.define(0xC200, {bits(
+                            4, 0, "threshold", [this] { return lowBattery; },
+                            [this] { return LBDV.text() + " V"; })});
+    setWords({&Ctrlw, &Freqw, &OutPowerw, &PowerMw, &LBDw, &Wkupw});
+}
+
+void OpalV2::setDefaults() {
+    AutoPowerTransmitter::setDefaults();
+    Revision.fill(std::vector<std::string>{oldRevision, newRevision});
+    Revision.selectText(bench.Pref_OpalRevision);
+}
+
+int OpalV2::ookMark() const {
+    // The power step has two bits on the old revision, three on the new one.
+    return revisionFlag == 0 ? 4 : 8;
+}
+
+void OpalV2::Revision_Click() {
+    if (Revision.text() == oldRevision && revisionFlag != 0) {
+        switchRevision(0, 4, Yellow);
+    }
+    if (Revision.text() == newRevision && revisionFlag != 1) {
+        switchRevision(1, 8, Green);
+    }
+    powerChanged();
+}
+
+void OpalV2::switchRevision(int flag, std::size_t powerSteps, const Swatch& colour) {
+    revisionFlag = flag;
+    OutputPower.fill(outputPowers(powerSteps));
+    OutputPower.selectText("Pmax");
+    Revision.setBackground(colour.background());
+}
+
+void OpalV2::SetFrameMode() {
+    bool regional = bench.IsBijakuModeSet();
+    setTitle(regional ? "KT1100B transmitter control panel" : "KT1100 transmitter control panel");
+    for (Band which : {Band::Band433, Band::Band868, Band::Band915}) {
+        band(which)->setVisible(!regional);
+    }
+    Revision.setVisible(!regional);
+    Frame1.setBordered(!regional);
+    if (regional && !band(Band::Band315)->chosen()) {
+        // The variant has the one band only.
+        band(Band::Band315)->choose();
+    }
+}
+
+} // namespace zor

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panels/transmitters/auto_power_transmitter.h"
+
+namespace zor {
+
+/// Control panel of the KT1100 transmitter and of its low-power regional variant KT1100B.
+class OpalV2 : public AutoPowerTransmitter {
+  public:
+    explicit OpalV2(Bench& ownBench);
+
+    /// "Select revision:", around the list Revision.
+    Frame Frame1;
+    /// Colours that the revision list takes.
+    Swatch Green;
+    Swatch Yellow;
+
+    void SetFrameMode() override;
+
+  protected:
+    void setDefaults() override;
+    [[nodiscard]] int ookMark() const override;
+
+  private:
+    void Revision_Click();
+    void switchRevision(int flag, std::size_t powerSteps, const Swatch& colour);
+
+    /// 0 for "'C' or below", 1 for "'D' or above".
+    int revisionFlag = 1;
+};
+
+} // namespace zor

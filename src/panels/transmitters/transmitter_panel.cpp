@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "panels/transmitters/transmitter_panel.h"
+
+namespace zor {
+
+namespace {
+
+constexpr int deviationCount = 8;
+constexpr std::uint32_t synthesizerBit = 0x10;
+constexpr const char* clockCaption = "Disable   C clock output";
+
+} // namespace
+
+TransmitterPanel::TransmitterPanel(Bench& ownBench, const PanelTraits& panelTraits,
+                                   const std::vector<PowerTick>& ticks, double deviationStep)
+    : ChipPanel(ownBench, panelTraits)
+    , ModPol(*this, "ModPol")
+    , ModFreq(*this, "ModFreq", deviations(deviationCount, deviationStep))
+    , OutputPower(*this, "OutputPower")
+    , Label47(*this, "Label47", clockCaption)
+    , Label48(*this, "Label48", "\xC2\xB5")
+    , PowerMw(*this, "PowerMw", "Power Management Command:") {
+    makePowerTicks(ticks);
+    Label38.setCaption("Enable LBD by the Power Management Command");
+    Label39.setCaption("Enable the Wake-up timer by the Power Management command.");
+    // Any text but the first entry's means the lower sideband.
+    ModPol.codeOfText = [](const std::string& text) { return text == "fo + df" ? 0 : 1; };
+    OutputPower.codeOfText = [](const std::string& text) -> std::optional<int> {
+        int step = powerStep(text);
+        // A file's text that is no step of the chip would carry into the next field.
+        return step >= 0 && step <= 7 ? std::optional<int>(step) : std::nullopt;
+    };
+    feed(ModPol, Ctrlw);
+    feed(ModFreq, Ctrlw);
+    for (Label* label : {&Label47, &Label48}) {
+        label->onClick = [this] { pm(0)->setTicked(!pm(0)->ticked()); };
+    }
+    Freqw.define(0xA000, {bits(
+                             11, 0, "frequency parameter", [this] { return frequencyField(FreqCode); },
+                             [this] { return FreqCenter.text() + " MHz"; })});
+}
+
+void TransmitterPanel::makePowerTicks(const std::vector<PowerTick>& ticks) {
+    std::vector<BitField> fields;
+    for (const PowerTick& tick : ticks) {
+        auto& box = powerTicks[static_cast<std::size_t>(tick.bitNumber)];
+        box = std::make_unique<TickBox>(*this, "pm" + std::to_string(tick.bitNumber), tick.caption);
+        box->onChange = [this, tick] { powerTickChanged(tick); };
+        fields.push_back(bit(tick.bitNumber, tick.caption, *box));
+    }
+    PowerMw.define(0xC000, std::move(fields));
+}
+
+void TransmitterPanel::powerTickChanged(const PowerTick& tick) {
+    bool on = pm(tick.bitNumber)->ticked();
+    if (on) {
+        for (int other : tick.excludes) {
+            pm(other)->setTicked(false);
+        }
+    }
+    switch (tick.bitNumber) {
+    case 2:
+        govern(on, lowBatteryElements(), Label38);
+        break;
+    case 1:
+        govern(on, wakeUpElements(), Label39);
+        break;
+    case 0:
+        CLKout.setEnabled(!on);
+        break;
+    default:
+        break;
+    }
+    PowerMw.rebuild();
+}
+
+std::vector<Element*> TransmitterPanel::lowBatteryElements() {
+    return {&LBD, &LBDw, &LBDV};
+}
+
+std::vector<Element*> TransmitterPanel::wakeUpElements() {
+    return {&WKUPM, &WKUPR, &Wkupw};
+}
+
+void TransmitterPanel::setDefaults() {
+    ModPol.fill(std::vector<std::string>{"fo + df", "fo - df"});
+    ModPol.selectText("fo + df");
+    OutputPower.fill(outputPowers());
+    OutputPower.select(0);
+    govern(false, lowBatteryElements(), Label38);
+    govern(false, wakeUpElements(), Label39);
+    LBD.setText("0");
+    LBD_LostFocus();
+}
+
+void TransmitterPanel::CalibratePLL_Click() {
+    clearNotice();
+    if (!portReady("Commport not available, please open commport. Synthesizer was not calibrated!")) {
+        return;
+    }
+    reading();
+    // The synthesizer calibrates at its edge from off to on, and ends as its tick says.
+    std::uint32_t off = PowerMw.value() & ~synthesizerBit;
+    PowerMw.show(off);
+    sendWord(PowerMw);
+    PowerMw.show(off + synthesizerBit);
+    sendWord(PowerMw);
+    if (!pm(4)->ticked()) {
+        PowerMw.show(off);
+        sendWord(PowerMw);
+    }
+    endCalibration();
+}
+
+} // namespace zor

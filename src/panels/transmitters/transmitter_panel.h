@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panels/common/chip_panel.h"
+
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace zor {
+
+/// One power management tick: its bit of the word, and the ticks that it takes away when it is set.
+struct PowerTick {
+    int bitNumber;
+    const char* caption;
+    std::vector<int> excludes;
+};
+
+/// What the three transmitters share beyond every panel: modulation, output power, the power management word
+/// and the calibration on its synthesizer bit.
+class TransmitterPanel : public ChipPanel {
+  public:
+    /// @param deviationStep  in kHz at the standard crystal; the list has eight of them
+    TransmitterPanel(Bench& ownBench, const PanelTraits& ownTraits, const std::vector<PowerTick>& ticks,
+                     double deviationStep);
+
+    CodeList ModPol;
+    ScaledList ModFreq;
+    CodeList OutputPower;
+    /// The two labels of the caption of pm0; a click on either toggles it.
+    Label Label47;
+    Label Label48;
+    ControlWord PowerMw;
+
+    /// The tick of a bit of the power management word; nullptr if the chip has none there.
+    [[nodiscard]] TickBox* pm(int bitNumber) const {
+        return powerTicks[static_cast<std::size_t>(bitNumber)].get();
+    }
+
+  protected:
+    void setDefaults() override;
+    void CalibratePLL_Click() override;
+    /// What the wake-up tick governs.
+    [[nodiscard]] virtual std::vector<Element*> wakeUpElements();
+    [[nodiscard]] virtual std::vector<Element*> lowBatteryElements();
+
+  private:
+    void makePowerTicks(const std::vector<PowerTick>& ticks);
+    void powerTickChanged(const PowerTick& tick);
+
+    std::array<std::unique_ptr<TickBox>, 8> powerTicks;
+};
+
+} // namespace zor
