@@ -80,7 +80,8 @@ void Board::lineOpened() {
     line.clear();
     cut = false;
     behindCarriageReturn = false;
-    // The converter on the board resets its controller's mode as the PC's driver takes the port.
+    // A pseudo-terminal carries no break, so the opening stands for the one that a driver sends in front of
+    // it.
     if (hardware.dataSelector == DataSelector::dataMode) {
         hardware.dataSelector = DataSelector::internal;
     }

@@ -26,6 +26,8 @@ class Hardware {
   public:
     explicit Hardware(BoardKind kind)
         : boardKind(kind) {}
+    Hardware(const Hardware&) = delete;
+    Hardware& operator=(const Hardware&) = delete;
 
     /// Lines 0 to 7: data in, clock, chip select and FIFO select of the radio board, then four free ones.
     void drive(std::size_t lineNumber, OutputState state);

@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/bench_control.h"
+
+#include "simulator/trace_text.h"
+#include "support/numbers.h"
+
+#include <charconv>
+#include <vector>
+
+namespace zor::sim {
+
+namespace {
+
+std::vector<std::string_view> wordsOf(std::string_view text) {
+    std::vector<std::string_view> words;
+    while (!text.empty()) {
+        auto end = text.find(' ');
+        if (end != 0) {
+            words.push_back(text.substr(0, end));
+        }
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    return words;
+}
+
+std::optional<std::uint8_t> readByte(std::string_view text) {
+    auto value = readHex(text);
+    return value && *value <= 0xFF ? std::optional(static_cast<std::uint8_t>(*value)) : std::nullopt;
+}
+
+std::optional<int> readCount(std::string_view text, int greatest) {
+    int value = 0;
+    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    bool good = error == std::errc() && end == text.data() + text.size() && value >= 0 && value <= greatest;
+    return good ? std::optional(value) : std::nullopt;
+}
+
+// Each takes what stands behind the statement's word and tells whether it could be read.
+
+bool setStatus(Board& board, std::string_view text) {
+    auto words = wordsOf(text);
+    if (words.empty() || words.size() > 2) {
+        return false;
+    }
+    auto first = readByte(words.front());
+    auto second = words.size() == 2 ? readByte(words.back()) : std::nullopt;
+    if (!first || (words.size() == 2 && !second)) {
+        return false;
+    }
+    board.setStatus(*first, second);
+    return true;
+}
+
+bool setInterruptLine(Board& board, std::string_view text) {
+    bool good = text == "high" || text == "low";
+    if (good) {
+        board.setInterruptLine(text == "high");
+    }
+    return good;
+}
+
+bool setDataLine(Board& board, std::string_view text) {
+    bool good = text == "1" || text == "0";
+    if (good) {
+        board.setDataLine(text == "1");
+    }
+    return good;
+}
+
+bool setMute(Board& board, std::string_view text) {
+    if (text.empty()) {
+        board.setMute(true);
+    }
+    return text.empty();
+}
+
+bool setSpeaking(Board& board, std::string_view text) {
+    if (text.empty()) {
+        board.setMute(false);
+    }
+    return text.empty();
+}
+
+bool setDelay(Board& board, std::string_view text) {
+    auto value = readCount(text, 3'600'000);
+    if (value) {
+        board.setDelay(std::chrono::milliseconds(*value));
+    }
+    return value.has_value();
+}
+
+bool refuse(Board& board, std::string_view text) {
+    board.refuseNext(unescaped(text));
+    return true;
+}
+
+bool emitText(Board& board, std::string_view text) {
+    board.emit(unescaped(text));
+    return !text.empty();
+}
+
+bool setCurrent(Board& board, std::string_view text) {
+    auto words = wordsOf(text);
+    if (words.size() != 2) {
+        return false;
+    }
+    auto high = readCount(words[0], 1023);
+    auto low = readCount(words[1], 1023);
+    if (high && low) {
+        board.setCurrentCounts(*high, *low);
+    }
+    return high && low;
+}
+
+bool setOffset(Board& board, std::string_view text) {
+    bool negative = text.starts_with('-');
+    auto value = readCount(text.substr(negative ? 1 : 0), 32);
+    if (value) {
+        board.radio().setFrequencyOffset(negative ? -*value : *value);
+    }
+    return value.has_value();
+}
+
+bool fromAir(Board& board, std::string_view text) {
+    std::vector<std::uint8_t> bytes;
+    for (std::string_view word : wordsOf(text)) {
+        auto byte = readByte(word);
+        if (!byte) {
+            return false;
+        }
+        bytes.push_back(*byte);
+    }
+    for (std::uint8_t byte : bytes) {
+        board.radio().receiveFromAir(byte);
+    }
+    return !bytes.empty();
+}
+
+bool mountChip(Board& board, std::string_view text) {
+    auto chip = chipOfName(text);
+    if (chip) {
+        board.setChip(chip);
+    }
+    return chip.has_value();
+}
+
+struct Statement {
+    std::string_view word;
+    std::string_view form;
+    std::string_view meaning;
+    bool (*run)(Board& board, std::string_view text);
+};
+
+// clang-format off
+constexpr Statement statements[] = {
+    {"status",  "status XX [YY]",   "the chip's status bytes from now on",                  setStatus},
+    {"irq",     "irq high|low",     "level of the interrupt line",                          setInterruptLine},
+    {"data",    "data 0|1",         "level of the monitored data line",                     setDataLine},
+    {"mute",    "mute",             "take lines, say nothing",                              setMute},
+    {"unmute",  "unmute",           "answer again",                                         setSpeaking},
+    {"delay",   "delay MS",         "answer so many milliseconds later",                    setDelay},
+    {"refuse",  "refuse LINE",      "answer the next such line with the error prompt",      refuse},
+    {"emit",    "emit TEXT",        "say this; \\r \\n \\xNN are understood",               emitText},
+    {"current", "current HIGH LOW", "what the converter reads in each range, 0 to 1023",    setCurrent},
+    {"offset",  "offset N",         "frequency offset in the second status byte, in steps", setOffset},
+    {"air",     "air XX XX ...",    "bytes that the receiver hears",                        fromAir},
+    {"chip",    "chip NAME",        "mount another radio chip",                             mountChip},
+};
+// clang-format on
+
+} // namespace
+
+ControlResult control(Board& board, std::string_view statement) {
+    while (statement.ends_with('\r') || statement.ends_with(' ')) {
+        statement.remove_suffix(1);
+    }
+    if (statement.empty()) {
+        return {};
+    }
+    if (statement == "quit") {
+        return {ControlOutcome::quit, {}};
+    }
+    auto blank = statement.find(' ');
+    std::string_view word = statement.substr(0, blank);
+    std::string_view text =
+        blank == std::string_view::npos ? std::string_view() : statement.substr(blank + 1);
+    for (const Statement& known : statements) {
+        if (known.word != word) {
+            continue;
+        }
+        bool good = known.run(board, text);
+        return good ? ControlResult{}
+                    : ControlResult{ControlOutcome::failed, "expected: " + std::string(known.form)};
+    }
+    return {ControlOutcome::failed, "unknown statement \"" + std::string(word) + "\""};
+}
+
+std::string controlHelp() {
+    std::string help;
+    for (const Statement& statement : statements) {
+        std::string form(statement.form);
+        form.resize(20, ' ');
+        help += "  " + form + std::string(statement.meaning) + "\n";
+    }
+    return help + "  quit                end\n";
+}
+
+} // namespace zor::sim

@@ -1,0 +1,199 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/program/server.h"
+
+#include "simulator/bench_control.h"
+#include "simulator/trace_text.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <poll.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace zor::sim {
+
+namespace {
+
+/// More characters than this wait in the terminal, not here, so a client that floods the line is held back.
+constexpr std::size_t inputWaiting = 4096;
+
+/// A statement of the bench is never longer; what is cut cannot be read and says so.
+constexpr std::size_t longestStatement = 65536;
+
+std::chrono::nanoseconds characterTime(bool paced) {
+    return paced ? PacedQueue::characterAt19200 : std::chrono::nanoseconds{0};
+}
+
+PacedQueue::TimePoint now() {
+    return std::chrono::steady_clock::now();
+}
+
+} // namespace
+
+Server::Server(const Options& chosen)
+    : options(chosen)
+    , board(chosen.kind)
+    , line(board, chosen.faults)
+    , fromPc(characterTime(chosen.paced))
+    , toPc(characterTime(chosen.paced))
+    , started(now())
+    , controlOpen(chosen.control || chosen.exitWithStdin) {
+    for (const std::string& statement : options.setup) {
+        executeControl(statement);
+    }
+    line.transmit = [this](const Transmission& transmission) {
+        trace(">", quotedBytes(transmission.bytes), {});
+        toPc.push(transmission.bytes, now() + transmission.delay);
+    };
+    board.lineReceived = [this](const std::string& text) {
+        trace("<", quotedBytes(text), transferMeaning(text, board.radio().chip()));
+    };
+    makeLink();
+}
+
+Server::~Server() {
+    if (linked) {
+        std::error_code ignored;
+        std::filesystem::remove(options.link, ignored);
+    }
+}
+
+void Server::makeLink() {
+    if (options.link.empty()) {
+        return;
+    }
+    // A link of an earlier run is replaced; anything else of that name is somebody's file and stays.
+    if (std::filesystem::is_symlink(std::filesystem::symlink_status(options.link))) {
+        std::filesystem::remove(options.link);
+    }
+    std::filesystem::create_symlink(terminal.path(), options.link);
+    linked = true;
+}
+
+void Server::run(int signals) {
+    while (running) {
+        sleep(signals);
+        moveCharacters();
+    }
+}
+
+void Server::sleep(int signals) {
+    std::array<pollfd, 4> descriptors{{
+        {.fd = signals, .events = POLLIN, .revents = 0},
+        {.fd = terminal.eventDescriptor(), .events = POLLIN, .revents = 0},
+        {.fd = terminal.hasClient() && fromPc.size() < inputWaiting ? terminal.dataDescriptor() : -1,
+         .events = POLLIN,
+         .revents = 0},
+        {.fd = controlOpen ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0},
+    }};
+    std::optional<TimePoint> wake = fromPc.next();
+    if (auto next = toPc.next(); next && (!wake || *next < *wake)) {
+        wake = next;
+    }
+    timespec timeout{};
+    if (wake) {
+        auto left = std::max(std::chrono::nanoseconds{0}, std::chrono::nanoseconds(*wake - now()));
+        auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
+        timeout = {.tv_sec = seconds.count(), .tv_nsec = (left - seconds).count()};
+    }
+    if (::ppoll(descriptors.data(), descriptors.size(), wake ? &timeout : nullptr, nullptr) < 0) {
+        if (errno != EINTR) {
+            throw std::system_error(errno, std::generic_category(), "cannot wait for the terminal");
+        }
+        return;
+    }
+    if (descriptors[0].revents != 0) {
+        running = false;
+    }
+    // The opening comes before what was written behind it.
+    if (descriptors[1].revents != 0) {
+        handleClient();
+    }
+    if (descriptors[2].revents != 0) {
+        readTerminal();
+    }
+    if (descriptors[3].revents != 0) {
+        readControl();
+    }
+}
+
+void Server::handleClient() {
+    ClientEvent event = terminal.takeEvent();
+    if (event == ClientEvent::none) {
+        return;
+    }
+    if (event != ClientEvent::opened) {
+        // What the client wrote before it left still reaches the board; what the board had left to say is
+        // lost.
+        if (event == ClientEvent::closed) {
+            readTerminal();
+        }
+        for (char byte : fromPc.takeAll()) {
+            line.receive(byte);
+        }
+        [[maybe_unused]] std::string lost = toPc.takeAll();
+    }
+    if (event != ClientEvent::closed) {
+        line.lineOpened();
+    }
+    trace("-", event == ClientEvent::closed ? "closed" : "opened", {});
+}
+
+void Server::readTerminal() {
+    fromPc.push(terminal.read(), now());
+}
+
+void Server::moveCharacters() {
+    for (char byte : fromPc.take(now())) {
+        line.receive(byte);
+    }
+    std::string through = toPc.take(now());
+    if (terminal.hasClient() && !through.empty()) {
+        terminal.write(through);
+    }
+}
+
+void Server::readControl() {
+    std::array<char, 1024> buffer{};
+    ssize_t got = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+    if (got <= 0) {
+        controlOpen = false;
+        running = running && !options.exitWithStdin;
+        return;
+    }
+    if (!options.control) {
+        return;
+    }
+    controlText.append(buffer.data(), static_cast<std::size_t>(got));
+    for (auto end = controlText.find('\n'); end != std::string::npos; end = controlText.find('\n')) {
+        executeControl(controlText.substr(0, end));
+        controlText.erase(0, end + 1);
+    }
+    if (controlText.size() > longestStatement) {
+        controlText.clear();
+        std::fputs("loadboard-sim: a statement is too long\n", stderr);
+    }
+}
+
+void Server::executeControl(std::string_view statement) {
+    ControlResult result = control(board, statement);
+    if (result.outcome == ControlOutcome::failed) {
+        std::fprintf(stderr, "loadboard-sim: %s\n", result.message.c_str());
+    }
+    running = running && result.outcome != ControlOutcome::quit;
+}
+
+void Server::trace(std::string_view direction, std::string_view text, std::string_view meaning) {
+    if (!options.trace) {
+        return;
+    }
+    double seconds = std::chrono::duration<double>(now() - started).count();
+    std::fprintf(stderr, "%.6f %.*s %.*s%s%.*s\n", seconds, static_cast<int>(direction.size()),
+                 direction.data(), static_cast<int>(text.size()), text.data(), meaning.empty() ? "" : "  ",
+                 static_cast<int>(meaning.size()), meaning.data());
+}
+
+} // namespace zor::sim
