@@ -16,7 +16,7 @@ struct FaultPlan {
     /// Every answer comes so much later.
     std::chrono::milliseconds delay{0};
     /// After so many answers the board says nothing any more.
-    std::optional<std::size_t> muteAfter;
+    std::optional<std::size_t> muteAfter = std::nullopt;
     /// Of answers that end in the success prompt: only the error prompt comes, although the command was
     /// carried out.
     double refusalRate = 0;

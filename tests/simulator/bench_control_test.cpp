@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/bench_control.h"
+
+#include "simulator/bench.h"
+#include "simulator/trace_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zor::sim {
+
+namespace {
+
+ControlOutcome say(Bench& bench, std::string_view statement) {
+    return control(bench.board, statement).outcome;
+}
+
+} // namespace
+
+TEST(BenchControl, SetsWhatABenchCanSet) {
+    Bench bench;
+    EXPECT_EQ(say(bench, "chip kt3100"), ControlOutcome::done);
+    EXPECT_EQ(say(bench, "status 5F A0"), ControlOutcome::done);
+    EXPECT_EQ(say(bench, "offset -1"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("S20000"), "5FBF \n\rOK\n\r>");
+    EXPECT_EQ(say(bench, "irq low"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("RI"), "0   0 \n\rOK\n\r>");
+    EXPECT_EQ(say(bench, "irq high\r"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("RI"), "1   1 \n\rOK\n\r>");
+    EXPECT_EQ(say(bench, "data 1"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("RO"), "1   \n\rOK\n\r>");
+    EXPECT_EQ(say(bench, "current 256 2"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("AD"), "ADC high byte 01h, low byte = 00h, done \n\rOK\n\r>");
+    EXPECT_EQ(say(bench, "refuse S2 8080"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("S2 8080"), "ERROR\n\r>");
+    EXPECT_EQ(say(bench, "delay 30"), ControlOutcome::done);
+    bench.ask("Z3");
+    EXPECT_EQ(bench.delays.back(), 30);
+    EXPECT_EQ(say(bench, "mute"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("Z3"), "");
+    EXPECT_EQ(say(bench, "emit \\x41B\\r\\n\\q"), ControlOutcome::done);
+    EXPECT_EQ(bench.said, "AB\r\n\\q");
+    EXPECT_EQ(say(bench, "unmute"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("Z3"), "\n\rOK\n\r>");
+    EXPECT_EQ(say(bench, ""), ControlOutcome::done);
+    EXPECT_EQ(say(bench, "quit"), ControlOutcome::quit);
+}
+
+TEST(BenchControl, BytesFromTheAirReachAReceivingChip) {
+    Bench bench;
+    EXPECT_EQ(say(bench, "chip KT3101"), ControlOutcome::done);
+    bench.write("S28048\rS282C8\r");
+    EXPECT_EQ(say(bench, "air 31 32 FF"), ControlOutcome::done);
+    EXPECT_EQ(bench.board.radio().fifoFill(), 3u);
+}
+
+TEST(BenchControl, RefusesWhatItCannotReadAndChangesNothing) {
+    Bench bench;
+    bench.board.setStatus(0x12, 0x34);
+    for (const char* statement :
+         {"status", "status 123", "status 1 2 3",   "status 5F zz", "irq",       "irq up",
+          "data 2", "mute now",   "unmute now",     "delay",        "delay -1",  "delay 5x",
+          "emit",   "current 1",  "current 1 1024", "offset",       "offset 33", "offset --1",
+          "air",    "air 100",    "air 1 x",        "chip kt9",     "nothing",   "Status 5F"}) {
+        EXPECT_EQ(say(bench, statement), ControlOutcome::failed) << statement;
+    }
+    EXPECT_EQ(bench.ask("S20000"), "1234 \n\rOK\n\r>");
+    EXPECT_EQ(bench.ask("RI"), "1   1 \n\rOK\n\r>");
+    EXPECT_EQ(bench.delays.back(), 0);
+}
+
+TEST(BenchControl, SaysWhatItExpected) {
+    Bench bench;
+    EXPECT_EQ(control(bench.board, "status").message, "expected: status XX [YY]");
+    EXPECT_EQ(control(bench.board, "jump 3").message, "unknown statement \"jump\"");
+}
+
+TEST(TraceText, QuotesWhatDoesNotPrint) {
+    EXPECT_EQ(quotedBytes("\n\rOK\"\\\x13\xFF"), "\"\\n\\rOK\\\"\\\\\\x13\\xFF\"");
+}
+
+TEST(TraceText, UnescapesWhatItQuotes) {
+    std::string all;
+    for (int byte = 0; byte < 256; ++byte) {
+        all += static_cast<char>(byte);
+    }
+    std::string text = quotedBytes(all);
+    EXPECT_EQ(unescaped(text.substr(1, text.size() - 2)), all);
+    EXPECT_EQ(unescaped("\\x4"), "\\x4");
+    EXPECT_EQ(unescaped("end\\"), "end\\");
+}
+
+TEST(TraceText, NamesTheCommandOfATransfer) {
+    EXPECT_EQ(transferMeaning("S2 8080", Chip::KT3100), "Configuration Setting");
+    EXPECT_EQ(transferMeaning("S1B3", Chip::KT1100), "Power Setting");
+    EXPECT_EQ(transferMeaning("S2c039", Chip::KT1100), "Power Management");
+    EXPECT_EQ(transferMeaning("S2c03", Chip::KT1100), "");
+    EXPECT_EQ(transferMeaning("Z3", Chip::KT1100), "");
+}
+
+} // namespace zor::sim

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/program/options.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zor::sim {
+
+namespace {
+
+std::string complaint(const std::vector<std::string>& arguments) {
+    try {
+        [[maybe_unused]] Options options = parseOptions(arguments);
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return {};
+}
+
+} // namespace
+
+TEST(SimulatorOptions, DefaultsAreAPacedGenerationTwoBoardWithoutFaults) {
+    Options options = parseOptions({});
+    EXPECT_EQ(options.kind, BoardKind::LoadBoard2);
+    EXPECT_TRUE(options.paced);
+    EXPECT_TRUE(options.setup.empty());
+    EXPECT_EQ(options.faults.noiseRate, 0);
+    EXPECT_EQ(options.faults.muteAfter, std::nullopt);
+    EXPECT_FALSE(options.trace || options.control || options.exitWithStdin || options.help);
+}
+
+TEST(SimulatorOptions, ReadsEveryOption) {
+    Options options = parseOptions({"--kind",
+                                    "lb1",
+                                    "--chip",
+                                    "kt3100",
+                                    "--pace",
+                                    "none",
+                                    "--status",
+                                    "5F,A0",
+                                    "--irq",
+                                    "low",
+                                    "--current",
+                                    "100,200",
+                                    "--delay",
+                                    "40",
+                                    "--mute-after",
+                                    "3",
+                                    "--refuse",
+                                    "F1,13,10",
+                                    "--noise",
+                                    "0.25",
+                                    "--refusal-rate",
+                                    "1",
+                                    "--split",
+                                    "5",
+                                    "--seed",
+                                    "9",
+                                    "--link",
+                                    "/tmp/x",
+                                    "--trace",
+                                    "--control",
+                                    "--exit-with-stdin",
+                                    "--help"});
+    EXPECT_EQ(options.kind, BoardKind::LoadBoard1);
+    EXPECT_FALSE(options.paced);
+    EXPECT_THAT(options.setup, testing::ElementsAre("chip kt3100", "status 5F A0", "irq low",
+                                                    "current 100 200", "refuse F1,13,10"));
+    EXPECT_EQ(options.faults.delay, std::chrono::milliseconds(40));
+    EXPECT_EQ(options.faults.muteAfter, 3u);
+    EXPECT_EQ(options.faults.noiseRate, 0.25);
+    EXPECT_EQ(options.faults.refusalRate, 1);
+    EXPECT_EQ(options.faults.splitEvery, 5u);
+    EXPECT_EQ(options.faults.seed, 9u);
+    EXPECT_EQ(options.link, "/tmp/x");
+    EXPECT_TRUE(options.trace && options.control && options.exitWithStdin && options.help);
+}
+
+TEST(SimulatorOptions, NamesTheOptionThatIsWrong) {
+    EXPECT_EQ(complaint({"--foo"}), "unknown option \"--foo\"");
+    EXPECT_EQ(complaint({"--status"}), "--status needs XX[,YY]");
+    EXPECT_EQ(complaint({"--kind", "lb3"}), "--kind: \"lb3\" is no kind of board");
+    EXPECT_EQ(complaint({"--noise", "1.5"}), "--noise: \"1.5\" is no number in range");
+    EXPECT_EQ(complaint({"--noise", "nan"}), "--noise: \"nan\" is no number in range");
+    EXPECT_EQ(complaint({"--delay", "-1"}), "--delay: \"-1\" is no number in range");
+    EXPECT_EQ(complaint({"--seed", "12x"}), "--seed: \"12x\" is no number in range");
+    EXPECT_EQ(complaint({"--status", "5G"}), "--status: \"5G\" cannot be read");
+    EXPECT_EQ(complaint({"--pace", "fast"}), "--pace: \"fast\" is no pace");
+}
+
+TEST(SimulatorOptions, HelpNamesEveryOptionAndStatement) {
+    std::string help = helpText();
+    for (const char* word : {"--kind KIND",
+                             "--chip NAME",
+                             "--pace PACE",
+                             "--status XX[,YY]",
+                             "--irq LEVEL",
+                             "--current HIGH,LOW",
+                             "--delay MS",
+                             "--mute-after N",
+                             "--refuse LINE",
+                             "--refusal-rate RATE",
+                             "--noise RATE",
+                             "--split N",
+                             "--seed N",
+                             "--link PATH",
+                             "--trace",
+                             "--control",
+                             "--exit-with-stdin",
+                             "--help",
+                             "Examples:",
+                             "status XX [YY]",
+                             "quit"}) {
+        EXPECT_NE(help.find(word), std::string::npos) << word;
+    }
+}
+
+} // namespace zor::sim
