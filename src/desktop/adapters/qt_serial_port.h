@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/adapters/serial_devices.h"
+#include "platform/event_loop.h"
+#include "platform/serial_port.h"
+
+#include <QSerialPort>
+
+#include <array>
+#include <deque>
+
+namespace zor {
+
+/// A serial port of the machine, opened by its number in SerialDevices.
+class QtSerialPort : public SerialPort {
+  public:
+    QtSerialPort(EventLoop& eventLoop, SerialDevices& serialDevices);
+    ~QtSerialPort() override;
+
+    void open(int number, const LineSettings& settings) override;
+    void close() override;
+    [[nodiscard]] bool isOpen() const override { return !path.empty(); }
+    void write(std::string_view bytes) override;
+
+  private:
+    /// Counts of line errors that the driver keeps: frame, overrun, parity, buffer overflow, break.
+    using ErrorCounts = std::array<int, 5>;
+
+    void configure(const LineSettings& settings);
+    void takeIncoming();
+    void deliver();
+    void reportLineErrors();
+    void deviceGone();
+    void waitUntilSent();
+    [[nodiscard]] bool readErrorCounts(ErrorCounts& counts) const;
+
+    EventLoop& loop;
+    SerialDevices& devices;
+    /// Incoming characters wait here: handing one on may run a wait, and what comes in meanwhile is handed on
+    /// inside that wait, in order.
+    std::deque<char> incoming;
+    bool deliveryAsked = false;
+    ErrorCounts errorCounts{};
+    bool countsErrors = false;
+    /// Of the open device; empty while closed.
+    std::string path;
+    /// The device has gone though the port was not closed yet.
+    bool gone = false;
+    QSerialPort port;
+};
+
+class QtSerialPorts : public SerialPorts {
+  public:
+    QtSerialPorts(EventLoop& eventLoop, SerialDevices& serialDevices)
+        : loop(eventLoop)
+        , devices(serialDevices) {}
+
+    [[nodiscard]] std::unique_ptr<SerialPort> create() override;
+    [[nodiscard]] std::string devicePath(int number) const override { return devices.path(number); }
+
+  private:
+    EventLoop& loop;
+    SerialDevices& devices;
+};
+
+} // namespace zor

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/platform.h"
+
+namespace zor {
+
+class QtSurroundings : public Surroundings {
+  public:
+    bool openDocument(const std::filesystem::path& document) override;
+    bool startSystemInformation() override;
+};
+
+} // namespace zor

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/adapters/qt_text.h"
+
+#include <QStringDecoder>
+
+namespace zor {
+
+QString toQt(std::string_view text) {
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    QString decoded = decoder.decode(QByteArrayView(text.data(), static_cast<qsizetype>(text.size())));
+    if (decoder.hasError()) {
+        return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    }
+    return decoded;
+}
+
+std::string fromQt(const QString& text) {
+    return text.toStdString();
+}
+
+QString linesToQt(std::string_view text) {
+    return toQt(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
+}
+
+std::string linesFromQt(const QString& text) {
+    QString lines = text;
+    return fromQt(lines.replace(QLatin1String("\n"), QLatin1String("\r\n")));
+}
+
+QString literalCaption(std::string_view caption) {
+    return toQt(caption).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace zor

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace zor {
+
+/// Text of the core on the screen. It is UTF-8; bytes that are not (a noisy line, an old file) show as
+/// Latin-1.
+[[nodiscard]] QString toQt(std::string_view text);
+[[nodiscard]] std::string fromQt(const QString& text);
+
+/// The same with the core's line ends (CR LF) and the toolkit's (LF) changed for one another.
+[[nodiscard]] QString linesToQt(std::string_view text);
+[[nodiscard]] std::string linesFromQt(const QString& text);
+
+/// A caption for a widget that takes '&' for a mnemonic, where ours means the character itself.
+[[nodiscard]] QString literalCaption(std::string_view caption);
+
+} // namespace zor

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace zor {
+
+/// One serial device of this machine.
+struct SerialDevice {
+    /// "/dev/ttyUSB0"
+    std::string path;
+    /// What a USB device calls itself; empty for any other.
+    std::string description;
+    /// Bus and port path of a USB device, the same as long as it stays in its socket; 0 for any other.
+    std::uint32_t location = 0;
+};
+
+/// The serial devices in the order in which ports are numbered: those that were added by hand, then the USB
+/// adapters, then the built-in ones that have hardware behind them. Looked at afresh by each call.
+class SerialDevices {
+  public:
+    /// @param deviceFolder  where the device files are
+    /// @param classFolder   where the kernel describes them
+    explicit SerialDevices(std::filesystem::path deviceFolder = "/dev",
+                           std::filesystem::path classFolder = "/sys/class/tty");
+
+    /// Offers a device that the kernel does not list, in front of all others.
+    void addDevice(std::string path, std::string description);
+
+    [[nodiscard]] std::vector<SerialDevice> scan() const;
+    /// The numbered device, from 1; an empty path if there is none.
+    [[nodiscard]] std::string path(int number) const;
+
+    /// Which devices this program's ports have open.
+    void hold(const std::string& path) { held.push_back(path); }
+    void release(const std::string& path);
+    [[nodiscard]] bool holds(const std::string& path) const;
+
+  private:
+    std::filesystem::path devices;
+    std::filesystem::path classes;
+    std::vector<SerialDevice> added;
+    std::vector<std::string> held;
+};
+
+} // namespace zor

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// One binder an element kind: makes a widget that shows the element and forwards the user's gestures to it.
+// The caller puts the widget into a layout, which owns it from then on.
+#pragma once
+
+#include "desktop/widgets/binding.h"
+#include "elements/button.h"
+#include "elements/label.h"
+#include "elements/list_box.h"
+#include "elements/menu.h"
+#include "elements/monitor.h"
+#include "elements/options.h"
+#include "elements/range.h"
+#include "elements/tab_strip.h"
+#include "elements/text_field.h"
+#include "elements/tick_box.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <initializer_list>
+
+class QAbstractButton;
+class QMenu;
+class QMenuBar;
+
+namespace zor {
+
+/// A field for a number: right-aligned and as wide as what goes in.
+/// Enter commits, Escape brings back the text that it had when it took the focus or was last committed.
+[[nodiscard]] QWidget* field(TextField& element, int columns = 8);
+/// A field for words: left-aligned, and it takes what room there is from `columns` on.
+[[nodiscard]] QWidget* textField(TextField& element, int columns = 16);
+/// Several lines of text. Enter makes a line.
+[[nodiscard]] QWidget* textArea(TextField& element, int columns = 60, int lines = 8);
+/// A control word: fixed-pitch and centred. It is marked while `pending` says so; a change that does not
+/// come from the element itself is made seen by Binding::redraw.
+[[nodiscard]] QWidget* word(TextField& element, std::function<bool()> pending = {});
+/// A line of notices without a frame, at the bottom of a window.
+[[nodiscard]] QWidget* statusLine(TextField& element);
+
+[[nodiscard]] QWidget* tick(TickBox& element);
+[[nodiscard]] QWidget* option(Option& element);
+/// Options side by side.
+template <class... Options>
+[[nodiscard]] QWidget* options(Options&... elements);
+[[nodiscard]] QWidget* optionRow(std::initializer_list<Option*> elements);
+/// A list shows its own text also where that is no entry's.
+/// @param columns  narrower entries still leave room for so many characters
+[[nodiscard]] QWidget* list(ListBox& element, int columns = 4);
+
+[[nodiscard]] QWidget* button(Button& element);
+/// The one strong button of a window.
+[[nodiscard]] QWidget* strongButton(Button& element);
+/// A button that shows a sign of its own instead of the caption, which an element may not have.
+[[nodiscard]] QWidget* button(Button& element, const QString& face);
+
+enum class Tone { Normal, Soft, Reminder, Error, Title };
+/// A caption; one that acts on clicks takes them.
+[[nodiscard]] QWidget* label(Button& element, Tone tone = Tone::Normal);
+[[nodiscard]] QWidget* lamp(Lamp& element);
+[[nodiscard]] QWidget* swatch(Swatch& element);
+[[nodiscard]] QWidget* progress(Progress& element);
+
+[[nodiscard]] QWidget* slider(Slider& element);
+/// Two small arrows.
+[[nodiscard]] QWidget* upDown(UpDown& element);
+/// A number field with its arrows at its right side.
+[[nodiscard]] QWidget* spin(TextField& text, UpDown& arrows, int columns = 6);
+
+/// Received text: fixed-pitch, its newest part only, so that a flood costs no more than it shows.
+[[nodiscard]] QWidget* monitor(Monitor& element, int columns = 80, int lines = 20);
+/// What a monitor's widget shows at most.
+inline constexpr int monitorCharacters = 200'000;
+inline constexpr int monitorLines = 5'000;
+
+/// A strip of tabs over its pages, all of the same size whatever page is up.
+[[nodiscard]] QWidget* tabs(TabStrip& element, std::initializer_list<QWidget*> pages);
+
+/// Fills a menu bar with the form's menus, or a menu with an entry's children.
+void buildMenus(QMenuBar& bar, const Form& form);
+/// A tool bar button with its drop-down list.
+[[nodiscard]] QWidget* barButton(BarButton& element);
+
+template <class... Options>
+QWidget* options(Options&... elements) {
+    return optionRow({&elements...});
+}
+
+} // namespace zor

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/widgets/binding.h"
+
+#include "desktop/adapters/qt_text.h"
+#include "desktop/widgets/colours.h"
+#include "elements/desk.h"
+
+#include <QAction>
+#include <QFocusEvent>
+#include <QWidget>
+
+namespace zor {
+
+namespace {
+
+/// A widget that has no parent yet must not be shown, or it becomes a window of its own; its layout shows it
+/// later unless it was hidden on purpose.
+void setShown(QWidget& widget, bool shown) {
+    if (widget.parentWidget() != nullptr || !shown) {
+        widget.setVisible(shown);
+    } else {
+        widget.setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+    }
+}
+
+/// A menu or a box over the window borrows the focus; the field is not left by that.
+bool focusIsBorrowed(Qt::FocusReason reason, const QWidget& widget) {
+    return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+           (reason == Qt::ActiveWindowFocusReason && !widget.isActiveWindow());
+}
+
+} // namespace
+
+Binding::Binding(Element& boundElement, QObject& boundWidget)
+    : QObject(&boundWidget)
+    , bound(&boundElement)
+    , target(boundWidget) {
+    target.setObjectName(toQt(boundElement.name()));
+    for (Element* source = bound; source != nullptr; source = source->container()) {
+        subscribe(*source);
+    }
+    Form& form = boundElement.form();
+    subscriptions.push_back(form.desk().removed.subscribe([this, &form](Form& leaving) {
+        if (&leaving == &form) {
+            letGo();
+        }
+    }));
+    redraw();
+}
+
+Binding* Binding::of(const QObject* widget) {
+    return widget == nullptr ? nullptr : widget->findChild<Binding*>(QString(), Qt::FindDirectChildrenOnly);
+}
+
+QWidget* Binding::widget() const {
+    return qobject_cast<QWidget*>(&target);
+}
+
+void Binding::subscribe(Element& source) {
+    subscriptions.push_back(source.changed.subscribe([this] { redraw(); }));
+}
+
+void Binding::letGo() {
+    bound = nullptr;
+    subscriptions.clear();
+}
+
+void Binding::onDraw(std::function<void()> drawingAction) {
+    draw = std::move(drawingAction);
+    redraw();
+}
+
+void Binding::redraw() {
+    // Showing a value may make the widget tell of it, and that must not come back here.
+    if (bound == nullptr || drawing) {
+        return;
+    }
+    drawing = true;
+    showState();
+    if (draw) {
+        draw();
+    }
+    drawing = false;
+}
+
+void Binding::gesture(const std::function<void()>& action) {
+    if (bound == nullptr || drawing) {
+        return;
+    }
+    // What the gesture does may take the widget, and this, away.
+    QPointer<Binding> alive(this);
+    action();
+    if (alive) {
+        redraw();
+    }
+}
+
+void Binding::showState() {
+    if (auto* menuAction = qobject_cast<QAction*>(&target)) {
+        menuAction->setVisible(bound->shown());
+        menuAction->setEnabled(bound->active());
+        return;
+    }
+    QWidget& own = *widget();
+    setShown(own, bound->shown());
+    own.setEnabled(bound->active());
+    own.setToolTip(linesToQt(bound->tip()));
+    for (const auto& companion : companions) {
+        if (companion) {
+            setShown(*companion, bound->shown());
+            companion->setEnabled(bound->active());
+        }
+    }
+    showBackground();
+}
+
+void Binding::showBackground() {
+    if (!backgroundIsShown || bound->background() == shownBackground) {
+        return;
+    }
+    shownBackground = bound->background();
+    QWidget& own = *widget();
+    if (!shownBackground) {
+        own.setPalette(QPalette());
+        own.setAutoFillBackground(false);
+        return;
+    }
+    QPalette palette = own.palette();
+    QColor back = toQt(*shownBackground);
+    for (auto role : {QPalette::Base, QPalette::Window, QPalette::Button}) {
+        palette.setColor(role, back);
+    }
+    for (auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        palette.setColor(role, readableOn(back));
+    }
+    own.setPalette(palette);
+    own.setAutoFillBackground(true);
+}
+
+void Binding::followFocus() {
+    widget()->installEventFilter(this);
+}
+
+void Binding::addCompanion(QWidget& companion) {
+    companions.emplace_back(&companion);
+    redraw();
+}
+
+bool Binding::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == &target && bound != nullptr) {
+        if (event->type() == QEvent::FocusIn && !bound->focused()) {
+            gesture([this] { bound->takeFocus(); });
+        } else if (event->type() == QEvent::FocusOut && bound->focused() &&
+                   !focusIsBorrowed(static_cast<QFocusEvent*>(event)->reason(), *widget())) {
+            gesture([this] { bound->leave(); });
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace zor

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/element.h"
+#include "elements/form.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QWidget;
+
+namespace zor {
+
+/// Ties one widget (or menu action) to one element, for as long as both live.
+///
+/// It gives the widget the element's name, shows and hides, enables and disables it with the element and its
+/// containers, and calls `draw` whenever the element has changed. When the form goes, the binding lets go:
+/// the widget may stay a while, showing what it last showed, and its gestures do nothing. A Binding belongs
+/// to its widget.
+class Binding : public QObject {
+    Q_OBJECT
+
+  public:
+    Binding(Element& boundElement, QObject& boundWidget);
+
+    /// The one that was made for this widget, or nullptr.
+    [[nodiscard]] static Binding* of(const QObject* widget);
+
+    /// nullptr once the form has gone.
+    [[nodiscard]] Element* element() const { return bound; }
+    [[nodiscard]] QWidget* widget() const;
+
+    /// Adds what shows the element's own values, and shows them.
+    void onDraw(std::function<void()> drawing);
+    /// Shows everything anew; also what puts a widget back after a refused gesture.
+    void redraw();
+    /// Runs a gesture, unless the element has gone, and redraws: the element may have refused or changed it.
+    void gesture(const std::function<void()>& action);
+    /// Forwards the keyboard focus: the element takes it, and is left when it goes elsewhere in the window.
+    void followFocus();
+    /// Another widget that is shown, hidden and greyed with this one: its caption, its unit.
+    void addCompanion(QWidget& companion);
+
+    /// Whether the element's background is the widget's; it is unless told otherwise.
+    void setBackgroundShown(bool shown) { backgroundIsShown = shown; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void subscribe(Element& source);
+    void letGo();
+    void showState();
+    void showBackground();
+
+    Element* bound;
+    QObject& target;
+    std::vector<Subscription> subscriptions;
+    std::vector<QPointer<QWidget>> companions;
+    std::function<void()> draw;
+    std::optional<Colour> shownBackground;
+    bool backgroundIsShown = true;
+    bool drawing = false;
+};
+
+/// The binding's element in its own kind: `Element` may be the base of many.
+template <class Kind>
+[[nodiscard]] Kind* elementOf(const Binding& binding) {
+    return static_cast<Kind*>(binding.element());
+}
+
+} // namespace zor

@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/adapters/qt_text.h"
+#include "desktop/widgets/binders.h"
+#include "desktop/widgets/colours.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace zor {
+
+namespace {
+
+/// A double click's first click has been told when the toolkit reports the double one, so only the double
+/// click's own action is left to run.
+bool runDoubleClick(Binding& binding) {
+    auto* element = elementOf<Button>(binding);
+    if (element == nullptr || !element->onDoubleClick) {
+        return false;
+    }
+    binding.gesture([element] {
+        if (element->usable()) {
+            element->form().perform(element->onDoubleClick);
+        }
+    });
+    return true;
+}
+
+/// Clicks on a widget that is no button of the toolkit's, and double clicks on any.
+class MouseGestures : public QObject {
+  public:
+    enum class Takes { DoubleClicks, AllClicks };
+
+    MouseGestures(QWidget& watched, Binding& widgetBinding, Takes taken)
+        : QObject(&watched)
+        , binding(widgetBinding)
+        , takes(taken) {
+        watched.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonDblClick) {
+            return runDoubleClick(binding);
+        }
+        if (event->type() == QEvent::MouseButtonRelease && takes == Takes::AllClicks &&
+            static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            binding.gesture([this] { binding.element()->click(); });
+            return true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    Binding& binding;
+    Takes takes;
+};
+
+Binding& bindButton(QPushButton& push, Button& element) {
+    auto* binding = new Binding(element, push);
+    if (element.takesFocusOnClick) {
+        binding->followFocus();
+    } else {
+        push.setFocusPolicy(Qt::TabFocus);
+    }
+    push.setAutoDefault(false);
+    QObject::connect(&push, &QPushButton::clicked, binding,
+                     [binding] { binding->gesture([&] { binding->element()->click(); }); });
+    new MouseGestures(push, *binding, MouseGestures::Takes::DoubleClicks);
+    return *binding;
+}
+
+QColor toneColour(const QPalette& palette, Tone tone) {
+    switch (tone) {
+    case Tone::Soft:
+        return roles(palette).softText;
+    case Tone::Reminder:
+        return roles(palette).reminder;
+    case Tone::Error:
+        return roles(palette).error;
+    case Tone::Normal:
+    case Tone::Title:
+        break;
+    }
+    return palette.color(QPalette::WindowText);
+}
+
+void fillMenu(QMenu& menu, const MenuEntry& parent);
+
+void addEntry(QWidget& owner, MenuEntry& entry) {
+    QAction* action = nullptr;
+    if (!entry.children().empty()) {
+        auto* menu = new QMenu(&owner);
+        fillMenu(*menu, entry);
+        action = menu->menuAction();
+    } else {
+        action = new QAction(&owner);
+    }
+    owner.addAction(action);
+    auto* binding = new Binding(entry, *action);
+    QObject::connect(action, &QAction::triggered, binding,
+                     [binding] { binding->gesture([&] { binding->element()->click(); }); });
+    binding->onDraw([binding, action] {
+        const auto& held = *elementOf<MenuEntry>(*binding);
+        action->setText(toQt(held.caption()));
+        // Once ticked an entry keeps the room for its tick.
+        action->setCheckable(action->isCheckable() || held.checked());
+        action->setChecked(held.checked());
+    });
+}
+
+void fillMenu(QMenu& menu, const MenuEntry& parent) {
+    for (MenuEntry* entry : parent.children()) {
+        addEntry(menu, *entry);
+    }
+}
+
+void fillDropDown(QToolButton& tool, Binding& binding) {
+    const auto& held = *elementOf<BarButton>(binding);
+    QMenu& menu = *tool.menu();
+    menu.clear();
+    for (const auto& entry : held.entries()) {
+        QAction* action = menu.addAction(literalCaption(entry.caption));
+        action->setEnabled(entry.enabled);
+        QObject::connect(action, &QAction::triggered, &binding, [&binding, key = entry.key] {
+            binding.gesture([&] { binding.element()->chooseText(key); });
+        });
+    }
+}
+
+bool sameEntries(const QMenu& menu, const std::vector<DropDownEntry>& entries) {
+    auto actions = menu.actions();
+    bool same = actions.size() == static_cast<qsizetype>(entries.size());
+    for (std::size_t i = 0; same && i < entries.size(); ++i) {
+        const auto* action = actions[static_cast<qsizetype>(i)];
+        same =
+            action->text() == literalCaption(entries[i].caption) && action->isEnabled() == entries[i].enabled;
+    }
+    return same;
+}
+
+} // namespace
+
+QWidget* button(Button& element) {
+    auto* push = new QPushButton;
+    Binding& binding = bindButton(*push, element);
+    binding.onDraw([&binding, push] { push->setText(toQt(binding.element()->caption())); });
+    return push;
+}
+
+QWidget* button(Button& element, const QString& face) {
+    auto* push = new QPushButton(face);
+    bindButton(*push, element);
+    return push;
+}
+
+QWidget* strongButton(Button& element) {
+    QWidget* push = button(element);
+    QFont font = push->font();
+    font.setBold(true);
+    push->setFont(font);
+    QPalette palette = push->palette();
+    const RoleColours& colours = roles(palette);
+    for (auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Button, colours.accent);
+        palette.setColor(group, QPalette::ButtonText, colours.accentText);
+    }
+    push->setPalette(palette);
+    return push;
+}
+
+QWidget* label(Button& element, Tone tone) {
+    auto* text = new QLabel;
+    text->setTextFormat(Qt::PlainText);
+    QFont font = text->font();
+    font.setBold(tone == Tone::Reminder || tone == Tone::Title);
+    text->setFont(font);
+    QPalette palette = text->palette();
+    if (tone != Tone::Normal) {
+        for (auto group : {QPalette::Active, QPalette::Inactive}) {
+            palette.setColor(group, QPalette::WindowText, toneColour(palette, tone));
+        }
+        text->setPalette(palette);
+    }
+    auto* binding = new Binding(element, *text);
+    new MouseGestures(*text, *binding, MouseGestures::Takes::AllClicks);
+    binding->onDraw([binding, text] { text->setText(linesToQt(binding->element()->caption())); });
+    return text;
+}
+
+void buildMenus(QMenuBar& bar, const Form& form) {
+    for (Element* element : form.elements()) {
+        auto* entry = dynamic_cast<MenuEntry*>(element);
+        if (entry != nullptr && entry->container() == nullptr) {
+            addEntry(bar, *entry);
+        }
+    }
+}
+
+QWidget* barButton(BarButton& element) {
+    auto* tool = new QToolButton;
+    tool->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    tool->setCheckable(true);
+    tool->setAutoRaise(true);
+    // A tool bar leaves the focus where it is.
+    tool->setFocusPolicy(Qt::TabFocus);
+    tool->setMenu(new QMenu(tool));
+    auto* binding = new Binding(element, *tool);
+    QObject::connect(tool, &QToolButton::clicked, binding,
+                     [binding] { binding->gesture([&] { binding->element()->click(); }); });
+    binding->onDraw([binding, tool] {
+        const auto& held = *elementOf<BarButton>(*binding);
+        tool->setText(toQt(held.caption()));
+        tool->setChecked(held.pressed());
+        if (!sameEntries(*tool->menu(), held.entries())) {
+            fillDropDown(*tool, *binding);
+        }
+        tool->setPopupMode(held.entries().empty() ? QToolButton::DelayedPopup : QToolButton::MenuButtonPopup);
+    });
+    return tool;
+}
+
+} // namespace zor

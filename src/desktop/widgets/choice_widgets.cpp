@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/adapters/qt_text.h"
+#include "desktop/widgets/binders.h"
+#include "desktop/widgets/colours.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QStackedLayout>
+#include <QStylePainter>
+#include <QTabBar>
+#include <QToolButton>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace zor {
+
+namespace {
+
+/// Ticks and radio buttons set themselves before they tell; redrawing puts back what was refused.
+void bindClick(QAbstractButton& widget, Binding& binding) {
+    QObject::connect(&widget, &QAbstractButton::clicked, &binding,
+                     [&binding] { binding.gesture([&] { binding.element()->click(); }); });
+}
+
+/// A combo box that shows the element's text, whether or not an entry has it.
+class ListView : public QComboBox {
+  public:
+    QString shownText;
+    bool locked = false;
+    int columns = 4;
+
+    [[nodiscard]] QSize sizeHint() const override {
+        QSize hint = QComboBox::sizeHint();
+        int arrow = hint.height() + 8;
+        int text = std::max(fontMetrics().horizontalAdvance(shownText),
+                            fontMetrics().horizontalAdvance(QLatin1Char('0')) * columns);
+        return {std::max(hint.width(), text + arrow), hint.height()};
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+    void showPopup() override {
+        if (!locked) {
+            QComboBox::showPopup();
+        }
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QStylePainter painter(this);
+        QStyleOptionComboBox look;
+        initStyleOption(&look);
+        look.currentText = shownText;
+        painter.drawComplexControl(QStyle::CC_ComboBox, look);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, look);
+    }
+    void wheelEvent(QWheelEvent* event) override {
+        // A page is scrolled over its lists without changing them.
+        if (hasFocus() && !locked) {
+            QComboBox::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
+
+void drawList(ListView& view, const ListBox& held) {
+    QStringList entries;
+    for (const auto& entry : held.entries()) {
+        entries += toQt(entry);
+    }
+    bool same = view.count() == entries.size();
+    for (int i = 0; same && i < view.count(); ++i) {
+        same = view.itemText(i) == entries[i];
+    }
+    if (!same) {
+        view.clear();
+        view.addItems(entries);
+    }
+    for (int i = 0; i < view.count() && i < static_cast<int>(held.entryTips().size()); ++i) {
+        view.setItemData(i, toQt(held.entryTips()[static_cast<std::size_t>(i)]), Qt::ToolTipRole);
+    }
+    view.setCurrentIndex(held.position());
+    view.locked = held.locked();
+    view.shownText = toQt(held.text());
+    view.setAccessibleDescription(view.shownText);
+    view.updateGeometry();
+    view.update();
+}
+
+} // namespace
+
+QWidget* tick(TickBox& element) {
+    auto* box = new QCheckBox;
+    auto* binding = new Binding(element, *box);
+    binding->followFocus();
+    bindClick(*box, *binding);
+    binding->onDraw([binding, box] {
+        box->setText(literalCaption(binding->element()->caption()));
+        box->setChecked(elementOf<TickBox>(*binding)->ticked());
+    });
+    return box;
+}
+
+QWidget* option(Option& element) {
+    auto* radio = new QRadioButton;
+    // The group is the element's business; the toolkit's own could not be left without a choice.
+    radio->setAutoExclusive(false);
+    auto* binding = new Binding(element, *radio);
+    binding->followFocus();
+    bindClick(*radio, *binding);
+    binding->onDraw([binding, radio] {
+        radio->setText(literalCaption(binding->element()->caption()));
+        radio->setChecked(elementOf<Option>(*binding)->chosen());
+    });
+    return radio;
+}
+
+QWidget* optionRow(std::initializer_list<Option*> elements) {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(12);
+    for (Option* element : elements) {
+        layout->addWidget(option(*element));
+    }
+    layout->addStretch();
+    return row;
+}
+
+QWidget* list(ListBox& element, int columns) {
+    auto* view = new ListView;
+    view->columns = columns;
+    view->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    view->setMaxVisibleItems(20);
+    auto* binding = new Binding(element, *view);
+    binding->followFocus();
+    QObject::connect(view, &QComboBox::activated, binding, [binding](int position) {
+        binding->gesture([&] { binding->element()->choosePosition(position); });
+    });
+    binding->onDraw([binding, view] { drawList(*view, *elementOf<ListBox>(*binding)); });
+    return view;
+}
+
+QWidget* slider(Slider& element) {
+    auto* bar = new QSlider(Qt::Horizontal);
+    auto* binding = new Binding(element, *bar);
+    binding->followFocus();
+    QObject::connect(bar, &QSlider::valueChanged, binding,
+                     [binding](int value) { binding->gesture([&] { binding->element()->slide(value); }); });
+    binding->onDraw([binding, bar] {
+        const auto& held = *elementOf<Slider>(*binding);
+        bar->setRange(held.minimum(), held.maximum());
+        bar->setPageStep(std::max(1, (held.maximum() - held.minimum()) / 10));
+        bar->setValue(held.value());
+    });
+    return bar;
+}
+
+QWidget* upDown(UpDown& element) {
+    auto* pair = new QWidget;
+    auto* layout = new QVBoxLayout(pair);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto* binding = new Binding(element, *pair);
+    auto add = [&](Qt::ArrowType arrow, bool (Element::*step)()) {
+        auto* button = new QToolButton;
+        button->setArrowType(arrow);
+        button->setAutoRepeat(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setFixedSize(18, 13);
+        layout->addWidget(button);
+        QObject::connect(button, &QToolButton::clicked, binding,
+                         [binding, step] { binding->gesture([&] { (binding->element()->*step)(); }); });
+    };
+    add(Qt::UpArrow, &Element::stepUp);
+    add(Qt::DownArrow, &Element::stepDown);
+    pair->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return pair;
+}
+
+QWidget* spin(TextField& text, UpDown& arrows, int columns) {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(1);
+    layout->addWidget(field(text, columns));
+    layout->addWidget(upDown(arrows));
+    row->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return row;
+}
+
+QWidget* tabs(TabStrip& element, std::initializer_list<QWidget*> pages) {
+    auto* whole = new QWidget;
+    auto* layout = new QVBoxLayout(whole);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    auto* strip = new QTabBar;
+    strip->setDrawBase(false);
+    strip->setExpanding(false);
+    for (const auto& title : element.titles()) {
+        strip->addTab(literalCaption(title));
+    }
+    layout->addWidget(strip);
+    auto* frame = new QFrame;
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* stack = new QStackedLayout(frame);
+    stack->setContentsMargins(10, 10, 10, 10);
+    for (QWidget* page : pages) {
+        stack->addWidget(page);
+    }
+    layout->addWidget(frame, 1);
+
+    auto* binding = new Binding(element, *strip);
+    binding->addCompanion(*frame);
+    QObject::connect(strip, &QTabBar::currentChanged, binding, [binding](int index) {
+        binding->gesture([&] { binding->element()->choosePosition(index + 1); });
+    });
+    binding->onDraw([binding, strip, stack] {
+        int index = elementOf<TabStrip>(*binding)->page() - 1;
+        strip->setCurrentIndex(index);
+        stack->setCurrentIndex(index);
+    });
+    return whole;
+}
+
+} // namespace zor

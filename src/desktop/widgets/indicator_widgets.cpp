@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/adapters/qt_text.h"
+#include "desktop/widgets/binders.h"
+#include "desktop/widgets/colours.h"
+
+#include <QPainter>
+#include <QProgressBar>
+
+namespace zor {
+
+namespace {
+
+/// A round lamp with its caption: filled and edged when lit, a hollow circle when dark.
+class LampView : public QWidget {
+  public:
+    QString caption;
+    bool lit = false;
+    std::optional<QColor> fill;
+
+    [[nodiscard]] QSize sizeHint() const override {
+        int text = caption.isEmpty() ? 0 : gap + fontMetrics().horizontalAdvance(caption);
+        return {circle() + text + 2, std::max(circle(), fontMetrics().height()) + 2};
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const RoleColours& colours = roles(palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        double top = (height() - circle()) / 2.0;
+        painter.setPen(QPen(lit ? colours.litEdge : colours.darkEdge, 1.4));
+        painter.setBrush(lit ? QBrush(fill.value_or(colours.lit)) : QBrush(Qt::NoBrush));
+        painter.drawEllipse(QRectF(1, top + 1, circle() - 2, circle() - 2));
+        painter.setPen(lit ? palette().color(QPalette::Active, QPalette::WindowText) : colours.softText);
+        painter.drawText(rect().adjusted(circle() + gap, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, caption);
+    }
+
+  private:
+    [[nodiscard]] int circle() const { return fontMetrics().ascent() + 2; }
+
+    static constexpr int gap = 5;
+};
+
+} // namespace
+
+QWidget* lamp(Lamp& element) {
+    auto* view = new LampView;
+    auto* binding = new Binding(element, *view);
+    // The lamp's background is the light itself, not the ground it stands on.
+    binding->setBackgroundShown(false);
+    view->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
+    binding->onDraw([binding, view] {
+        const auto& held = *elementOf<Lamp>(*binding);
+        view->caption = toQt(held.caption());
+        view->lit = held.lit();
+        view->fill = held.background() ? std::optional(toQt(*held.background())) : std::nullopt;
+        view->updateGeometry();
+        view->update();
+    });
+    return view;
+}
+
+QWidget* swatch(Swatch& element) {
+    auto* patch = new QFrame;
+    patch->setFrameShape(QFrame::Box);
+    patch->setFixedSize(14, 14);
+    new Binding(element, *patch);
+    return patch;
+}
+
+QWidget* progress(Progress& element) {
+    auto* bar = new QProgressBar;
+    bar->setTextVisible(true);
+    auto* binding = new Binding(element, *bar);
+    binding->onDraw([binding, bar] {
+        const auto& held = *elementOf<Progress>(*binding);
+        bar->setRange(held.minimum(), held.maximum());
+        bar->setValue(held.value());
+    });
+    return bar;
+}
+
+} // namespace zor
