@@ -9,12 +9,16 @@
 #include "elements/tick_box.h"
 #include "link/bench.h"
 #include "panels/common/code_list.h"
+#include "panels/common/configuration_file.h"
 #include "panels/common/control_word.h"
 #include "panels/common/panel_traits.h"
+#include "platform/dialogs.h"
 #include "platform/event_loop.h"
 
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace zor {
@@ -42,6 +46,12 @@ class ChipPanel : public Form {
     [[nodiscard]] std::int32_t GetXtalFrequency() const;
     /// The registry took the panel off the screen: repeats of the status read end, the rest stays.
     void hidden();
+
+    /// The bytes of a configuration file with the present settings.
+    [[nodiscard]] std::string savedConfiguration();
+    /// Puts a configuration file's settings in force and sends the supply that it names. Throws ToolError;
+    /// what was read until then stays.
+    void takeConfiguration(std::string bytes);
 
     // Commit actions, for others than the fields too.
     void FreqCenter_LostFocus();
@@ -115,8 +125,11 @@ class ChipPanel : public Form {
     /// After each word of Update.
     virtual void wordSent(const ControlWord&) {}
     virtual void CalibratePLL_Click() = 0;
-    virtual void ConfLoad_Click() {}
-    virtual void ConfSave_Click() {}
+    /// The lines of the panel's configuration files behind the banner, in their order.
+    [[nodiscard]] virtual ConfigurationLines configuration() = 0;
+    /// All lines of a file have been read: the commits of the fields that were only filled, and the status
+    /// line.
+    virtual void configurationRead() = 0;
     /// Around the transfers of a status read: before the first, and after the last.
     virtual void beforeStatusRead() {}
     virtual void afterStatusRead() {}
@@ -134,6 +147,14 @@ class ChipPanel : public Form {
     /// Makes a commit field rebuild a word, or a tick, list or option action rewrite it.
     static void feed(CodeList& list, ControlWord& word);
     static void feed(TickBox& tick, ControlWord& word);
+
+    /// The three crystal lines with which every configuration begins.
+    [[nodiscard]] ConfigurationLines crystalLines();
+    /// The lines of the band options, in their order.
+    [[nodiscard]] ConfigurationLines bandLines();
+    /// The line of the supply voltage that everybody shares.
+    [[nodiscard]] ConfigurationLine supplyLine();
+    void Crystalfreq_LostFocus();
 
     void clearNotice() { Statusline.setText(" "); }
     void notice(std::string text) { Statusline.setText(std::move(text)); }
@@ -167,9 +188,14 @@ class ChipPanel : public Form {
     void makeBands();
     void makeStatus();
     void Update_Click();
+    void ConfLoad_Click();
+    void ConfSave_Click();
+    /// The name that a file dialog gave; nothing if it was cancelled.
+    [[nodiscard]] std::optional<std::string> chooseFile(FileRequest::Mode mode);
+    [[nodiscard]] bool mayReplace(const std::string& name);
+    void sendLoadedSupply();
     void StdCrystal_Click();
     void NonStdCrystal_Click();
-    void Crystalfreq_LostFocus();
     void showFrequency();
     void showStep();
     void PowerSupply_LostFocus();

@@ -11,6 +11,13 @@
 
 namespace zor {
 
+/// What a save does about the name that its dialog gave.
+enum class SaveName {
+    AsChosen,
+    CutDoubled,   ///< a name that ends in the extension twice loses one
+    AppendMissing ///< a name that does not end in the extension gets it
+};
+
 /// What of a panel's configuration files differs between chips.
 struct FileTraits {
     /// Without the point.
@@ -22,6 +29,9 @@ struct FileTraits {
     const char* banner;
     /// What the error of a wrong banner says.
     const char* wrongBanner;
+    SaveName saveName = SaveName::AsChosen;
+    /// Title of the box for a wrong extension at a save.
+    const char* wrongTypeOnSave = "File save error";
 };
 
 /// What a panel's PowerSupply field does.

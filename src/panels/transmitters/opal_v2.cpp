@@ -35,7 +35,9 @@ const PanelTraits opalTraits = {
              .loadTitle = "Load Transmitter Configuration File",
              .saveTitle = "Save Transmitter Configuration File",
              .banner = "# ZOR KT1100 configuration file. Version 2.0.0",
-             .wrongBanner = "Incorrect configuration file version"},
+             .wrongBanner = "Incorrect configuration file version",
+             .saveName = SaveName::CutDoubled,
+             .wrongTypeOnSave = "File open error"},
 };
 
 } // namespace
@@ -57,6 +59,17 @@ void OpalV2::setDefaults() {
     AutoPowerTransmitter::setDefaults();
     Revision.fill(std::vector<std::string>{oldRevision, newRevision});
     Revision.selectText(bench.Pref_OpalRevision);
+}
+
+ConfigurationLines OpalV2::configuration() {
+    return joined(
+        {crystalLines(),
+         {textLine(WKUPM), textLine(WKUPR, [this] { WKUPM_LostFocus(); }), heldTextLine(FreqCenter)},
+         bandLines(),
+         {positionLine(CLKout), textLine(Cxtal), textLine(ModPol), positionLine(ModFreq),
+          textLine(OutputPower)},
+         powerTickLines(),
+         {supplyLine(), textLine(Modulation), textLine(Revision), textLine(LBD)}});
 }
 
 int OpalV2::ookMark() const {

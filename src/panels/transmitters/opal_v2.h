@@ -21,6 +21,7 @@ class OpalV2 : public AutoPowerTransmitter {
   protected:
     void setDefaults() override;
     [[nodiscard]] int ookMark() const override;
+    [[nodiscard]] ConfigurationLines configuration() override;
 
   private:
     void Revision_Click();

@@ -93,6 +93,24 @@ void TransmitterPanel::setDefaults() {
     LBD_LostFocus();
 }
 
+ConfigurationLines TransmitterPanel::powerTickLines() {
+    ConfigurationLines lines;
+    for (auto tick = powerTicks.rbegin(); tick != powerTicks.rend(); ++tick) {
+        if (*tick != nullptr) {
+            lines.push_back(tickLine(**tick));
+        }
+    }
+    return lines;
+}
+
+void TransmitterPanel::configurationRead() {
+    // The frequency comes behind the band and the crystal, which bear on it.
+    FreqCenter_LostFocus();
+    LBD_LostFocus();
+    commitFurtherRead();
+    clearNotice();
+}
+
 void TransmitterPanel::CalibratePLL_Click() {
     clearNotice();
     if (!portReady("Commport not available, please open commport. Synthesizer was not calibrated!")) {

@@ -40,6 +40,11 @@ class TransmitterPanel : public ChipPanel {
   protected:
     void setDefaults() override;
     void CalibratePLL_Click() override;
+    void configurationRead() override;
+    /// The commits behind those of FreqCenter and LBD once a file has been read.
+    virtual void commitFurtherRead() {}
+    /// The lines of the power management ticks, from the highest bit on.
+    [[nodiscard]] ConfigurationLines powerTickLines();
     /// What the wake-up tick governs.
     [[nodiscard]] virtual std::vector<Element*> wakeUpElements();
     [[nodiscard]] virtual std::vector<Element*> lowBatteryElements();
