@@ -15,17 +15,25 @@ void EventLoop::runUntil(const std::function<bool()>& condition) {
 }
 
 void EventLoop::perform(const std::function<void()>& action) {
-    ++depth;
-    try {
-        action();
-    } catch (const ActionDropped&) {
-        // The port was closed on purpose or the program is being left: nothing is left to do or to say.
-    } catch (const ToolError& error) {
-        if (uncaught) {
-            uncaught(error);
+    {
+        struct Inside {
+            int& depth;
+            explicit Inside(int& actionDepth)
+                : depth(actionDepth) {
+                ++depth;
+            }
+            ~Inside() { --depth; }
+        } inside(depth);
+        try {
+            action();
+        } catch (const ActionDropped&) {
+            // The port was closed on purpose or the program is being left: nothing is left to do or to say.
+        } catch (const ToolError& error) {
+            if (uncaught) {
+                uncaught(error);
+            }
         }
     }
-    --depth;
     if (depth == 0) {
         flushDiscards();
     }

@@ -61,6 +61,10 @@ class EventLoop {
     /// Shows an error that no action caught; set by the main window.
     std::function<void(const ToolError&)> uncaught;
 
+  protected:
+    /// Takes `leave` back, for a loop that outlives the program it served.
+    void stay() { isLeaving = false; }
+
   private:
     void flushDiscards();
 

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#include "transcript_runner/statements.h"
+
+#include "elements/desk.h"
+#include "elements/label.h"
+#include "elements/list_box.h"
+#include "elements/menu.h"
+#include "elements/options.h"
+#include "elements/range.h"
+#include "elements/tick_box.h"
+#include "link/connect.h"
+#include "shell/main_window.h"
+#include "transcript_runner/checks.h"
+
+#include <algorithm>
+
+namespace zor::testing {
+
+namespace {
+
+template <class Kind>
+Kind& as(World& world, const Arguments& arguments, const char* kind) {
+    auto* fitting = dynamic_cast<Kind*>(&world.element(arguments.text(0)));
+    if (fitting == nullptr) {
+        throw Failure("expected " + std::string(kind) + ", but " + arguments.text(0) + " is none");
+    }
+    return *fitting;
+}
+
+/// A row's check of something that is so or is not so.
+void expectThat(bool found, const Arguments& arguments, const char* expected, const char* otherwise) {
+    if (!found) {
+        throw Failure("expected " + arguments.text(0) + " " + expected + ", found it " + otherwise);
+    }
+}
+
+void text(World& world, const Arguments& arguments) {
+    std::string shown = world.element(arguments.text(0)).text();
+    if (arguments.isWord(1, "~")) {
+        expectPart("in " + arguments.text(0), arguments.text(2), shown);
+        return;
+    }
+    arguments.expectCount(2, 2);
+    expectText("text of " + arguments.text(0), arguments.text(1), shown);
+}
+
+void lacks(World& world, const Arguments& arguments) {
+    std::string shown = world.element(arguments.text(0)).text();
+    if (shown.find(arguments.text(1)) != std::string::npos) {
+        throw Failure("expected no " + asQuoted(arguments.text(1)) + " in " + arguments.text(0) + ", found " +
+                      asQuoted(shown));
+    }
+}
+
+void caption(World& world, const Arguments& arguments) {
+    const std::string& name = arguments.text(0);
+    bool isWindow = name.find('.') == std::string::npos;
+    expectText("caption of " + name, arguments.text(1),
+               isWindow ? world.window(name).title() : world.element(name).caption());
+}
+
+void tip(World& world, const Arguments& arguments) {
+    expectText("tip of " + arguments.text(0), arguments.text(1), world.element(arguments.text(0)).tip());
+}
+
+void index(World& world, const Arguments& arguments) {
+    int position = as<ListBox>(world, arguments, "a list").position();
+    expectNumber("position of " + arguments.text(0), arguments.integer(1, -1, 32767), position);
+}
+
+void entries(World& world, const Arguments& arguments) {
+    std::vector<std::string> found;
+    if (auto* button = dynamic_cast<BarButton*>(&world.element(arguments.text(0)))) {
+        for (const DropDownEntry& entry : button->entries()) {
+            found.push_back(entry.key);
+        }
+    } else {
+        found = as<ListBox>(world, arguments, "a list").entries();
+    }
+    expectLines("entries of " + arguments.text(0), arguments.rest(1), found);
+}
+
+bool ticked(World& world, const Arguments& arguments) {
+    if (auto* entry = dynamic_cast<MenuEntry*>(&world.element(arguments.text(0)))) {
+        return entry->checked();
+    }
+    return as<TickBox>(world, arguments, "a tick box").ticked();
+}
+
+std::string colourText(const std::optional<Colour>& colour) {
+    return colour ? std::to_string(colour->red) + " " + std::to_string(colour->green) + " " +
+                        std::to_string(colour->blue)
+                  : std::string("the palette's");
+}
+
+void back(World& world, const Arguments& arguments) {
+    std::optional<Colour> found = world.element(arguments.text(0)).background();
+    std::optional<Colour> expected;
+    if (arguments.isWord(1, "as")) {
+        arguments.expectCount(3, 3);
+        expected = world.element(arguments.text(2)).background();
+    } else {
+        auto part = [&arguments](std::size_t at) {
+            return static_cast<std::uint8_t>(arguments.integer(at, 0, 255));
+        };
+        expected = Colour{part(1), part(2), part(3)};
+    }
+    if (found != expected) {
+        throw Failure("expected background " + colourText(expected) + " of " + arguments.text(0) +
+                      ", found " + colourText(found));
+    }
+}
+
+void value(World& world, const Arguments& arguments) {
+    expectNumber("value of " + arguments.text(0), arguments.number(1),
+                 as<Ranged>(world, arguments, "a slider or progress").value());
+}
+
+bool isOpen(World& world, const Arguments& arguments) {
+    Form* form = world.findWindow(arguments.text(0));
+    return form != nullptr && form->isOpen();
+}
+
+void expectPair(const Arguments& arguments, const char* what, double first, double second) {
+    for (auto [position, found] : {std::pair(1, first), std::pair(2, second)}) {
+        auto at = static_cast<std::size_t>(position);
+        if (!arguments.isWord(at, "*")) {
+            expectNumber(std::string(what) + " of " + arguments.text(0), arguments.number(at), found);
+        }
+    }
+}
+
+void at(World& world, const Arguments& arguments) {
+    Place place = world.window(arguments.text(0)).place();
+    expectPair(arguments, "place", place.top, place.left);
+}
+
+void sized(World& world, const Arguments& arguments) {
+    Extent extent = world.window(arguments.text(0)).extent();
+    expectPair(arguments, "size", extent.height, extent.width);
+}
+
+void state(World& world, const Arguments& arguments) {
+    auto found = world.program().bench().variable(arguments.text(0));
+    if (!found) {
+        throw Failure("there is no variable " + arguments.text(0));
+    }
+    expectText(arguments.text(0), arguments.text(1), *found);
+}
+
+// clang-format off
+constexpr StatementRow rows[] = {
+    {"text",     2, 3, text},
+    {"lacks",    2, 2, lacks},
+    {"caption",  2, 2, caption},
+    {"tip",      2, 2, tip},
+    {"index",    2, 2, index},
+    {"entries",  1, StatementRow::anyCount, entries},
+    {"pressed",  1, 1, [](World& w, const Arguments& a) { expectThat(as<BarButton>(w, a, "a bar button").pressed(), a, "pressed", "released"); }},
+    {"released", 1, 1, [](World& w, const Arguments& a) { expectThat(!as<BarButton>(w, a, "a bar button").pressed(), a, "released", "pressed"); }},
+    {"focused",  1, 1, [](World& w, const Arguments& a) { expectThat(w.element(a.text(0)).focused(), a, "focused", "without the focus"); }},
+    {"ticked",   1, 1, [](World& w, const Arguments& a) { expectThat(ticked(w, a), a, "ticked", "unticked"); }},
+    {"unticked", 1, 1, [](World& w, const Arguments& a) { expectThat(!ticked(w, a), a, "unticked", "ticked"); }},
+    {"chosen",   1, 1, [](World& w, const Arguments& a) { expectThat(as<Option>(w, a, "an option").chosen(), a, "chosen", "not chosen"); }},
+    {"enabled",  1, 1, [](World& w, const Arguments& a) { expectThat(w.element(a.text(0)).active(), a, "enabled", "disabled"); }},
+    {"disabled", 1, 1, [](World& w, const Arguments& a) { expectThat(!w.element(a.text(0)).active(), a, "disabled", "enabled"); }},
+    {"shown",    1, 1, [](World& w, const Arguments& a) { expectThat(w.element(a.text(0)).shown(), a, "shown", "hidden"); }},
+    {"hidden",   1, 1, [](World& w, const Arguments& a) { expectThat(!w.element(a.text(0)).shown(), a, "hidden", "shown"); }},
+    {"lit",      1, 1, [](World& w, const Arguments& a) { expectThat(as<Lamp>(w, a, "a lamp").lit(), a, "lit", "dark"); }},
+    {"dark",     1, 1, [](World& w, const Arguments& a) { expectThat(!as<Lamp>(w, a, "a lamp").lit(), a, "dark", "lit"); }},
+    {"back",     3, 4, back},
+    {"value",    2, 2, value},
+    {"open",     1, 1, [](World& w, const Arguments& a) { expectThat(isOpen(w, a), a, "open", "closed"); }},
+    {"closed",   1, 1, [](World& w, const Arguments& a) { expectThat(!isOpen(w, a), a, "closed", "open"); }},
+    {"at",       3, 3, at},
+    {"sized",    3, 3, sized},
+    {"state",    2, 2, state},
+    {"sent",     0, StatementRow::anyCount, expectSent},
+    {"box",      2, 3, expectBox},
+    {"nobox",    0, 0, [](World& w, const Arguments&) { expectNoBox(w); }},
+    {"dialog",   3, 3, expectDialog},
+    {"content",  1, 3, expectContent},
+    {"nofile",   1, 1, expectNoFile},
+    {"port",     1, 1, expectPort},
+    {"elapsed",  2, 2, expectElapsed},
+};
+// clang-format on
+
+} // namespace
+
+std::span<const StatementRow> checkStatements() {
+    return rows;
+}
+
+} // namespace zor::testing

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "transcript_runner/statements.h"
+
+namespace zor::testing {
+
+// Each throws Failure, saying what was expected and what was found.
+
+void expectText(const std::string& what, const std::string& expected, const std::string& found);
+/// @param where  "in ..."
+void expectPart(const std::string& where, const std::string& part, const std::string& whole);
+void expectNumber(const std::string& what, double expected, double found);
+void expectLines(const std::string& what, const std::vector<std::string>& expected,
+                 const std::vector<std::string>& found);
+
+// Checks of what lies outside the windows.
+
+void expectSent(World& world, const Arguments& arguments);
+void expectBox(World& world, const Arguments& arguments);
+void expectNoBox(World& world);
+void expectDialog(World& world, const Arguments& arguments);
+void expectContent(World& world, const Arguments& arguments);
+void expectNoFile(World& world, const Arguments& arguments);
+void expectPort(World& world, const Arguments& arguments);
+void expectElapsed(World& world, const Arguments& arguments);
+
+} // namespace zor::testing

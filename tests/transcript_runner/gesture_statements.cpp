@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "transcript_runner/statements.h"
+
+#include "elements/form.h"
+#include "elements/list_box.h"
+#include "elements/menu.h"
+#include "elements/monitor.h"
+#include "elements/options.h"
+#include "elements/range.h"
+#include "elements/tab_strip.h"
+#include "elements/text_field.h"
+#include "elements/tick_box.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zor::testing {
+
+namespace {
+
+/// A gesture that came to nothing is one that a user could not make.
+void demand(bool done, const Arguments& arguments) {
+    if (!done) {
+        throw Refused("expected a user to reach " + arguments.text(0) + ", found it out of reach");
+    }
+}
+
+/// The element as the kind that the gesture needs: an unfit gesture is a mistake, not a refusal.
+template <class Kind>
+Kind& as(World& world, const Arguments& arguments, const char* kind) {
+    Element& element = world.element(arguments.text(0));
+    auto* fitting = dynamic_cast<Kind*>(&element);
+    if (fitting == nullptr) {
+        throw Failure("expected " + std::string(kind) + ", but " + arguments.text(0) + " is none");
+    }
+    return *fitting;
+}
+
+bool namesWindow(const Arguments& arguments) {
+    return arguments.text(0).find('.') == std::string::npos;
+}
+
+void click(World& world, const Arguments& arguments) {
+    demand(namesWindow(arguments) ? world.window(arguments.text(0)).userClick()
+                                  : world.element(arguments.text(0)).click(),
+           arguments);
+}
+
+void doubleclick(World& world, const Arguments& arguments) {
+    demand(namesWindow(arguments) ? world.window(arguments.text(0)).userDoubleClick()
+                                  : world.element(arguments.text(0)).doubleClick(),
+           arguments);
+}
+
+void type(World& world, const Arguments& arguments) {
+    demand(as<TextField>(world, arguments, "a text field").type(arguments.text(1)), arguments);
+}
+
+void edit(World& world, const Arguments& arguments) {
+    demand(as<TextField>(world, arguments, "a text field").edit(arguments.text(1)), arguments);
+}
+
+void key(World& world, const Arguments& arguments) {
+    Element& element = world.element(arguments.text(0));
+    if (dynamic_cast<Monitor*>(&element) == nullptr) {
+        as<TextField>(world, arguments, "a field that takes keys");
+    }
+    for (char c : arguments.text(1)) {
+        demand(world.element(arguments.text(0)).press(c), arguments);
+    }
+}
+
+void chooseEntry(World& world, const Arguments& arguments) {
+    const std::string& entry = arguments.text(1);
+    if (auto* button = dynamic_cast<BarButton*>(&world.element(arguments.text(0)))) {
+        auto has = [&entry](const DropDownEntry& candidate) { return candidate.key == entry; };
+        if (std::none_of(button->entries().begin(), button->entries().end(), has)) {
+            throw Failure("there is no entry " + asQuoted(entry) + " at " + arguments.text(0));
+        }
+        demand(button->chooseText(entry), arguments);
+        return;
+    }
+    auto& list = as<ListBox>(world, arguments, "a list");
+    if (list.find(entry) < 0) {
+        throw Failure("there is no entry " + asQuoted(entry) + " in " + arguments.text(0));
+    }
+    demand(list.chooseText(entry), arguments);
+}
+
+void choose(World& world, const Arguments& arguments) {
+    if (arguments.count() == 1) {
+        demand(as<Option>(world, arguments, "an option").click(), arguments);
+        return;
+    }
+    // A quoted text is an entry, even one that begins with the mark of a position.
+    const Token& choice = arguments.whole().tokens.back();
+    if (choice.quoted || !choice.text.starts_with('#')) {
+        chooseEntry(world, arguments);
+        return;
+    }
+    auto& list = as<ListBox>(world, arguments, "a list");
+    Statement position{0, {{"choose", false}, {choice.text.substr(1), false}}, {}};
+    int last = static_cast<int>(list.entries().size()) - 1;
+    demand(list.choosePosition(Arguments(position).integer(0, 0, last)), arguments);
+}
+
+void slide(World& world, const Arguments& arguments) {
+    auto& slider = as<Slider>(world, arguments, "a slider");
+    demand(slider.slide(arguments.integer(1, slider.minimum(), slider.maximum())), arguments);
+}
+
+void page(World& world, const Arguments& arguments) {
+    auto& strip = as<TabStrip>(world, arguments, "a tab strip");
+    demand(strip.choosePosition(arguments.integer(1, 1, static_cast<int>(strip.titles().size()))), arguments);
+}
+
+void noGrid(World& world, const Arguments& arguments, std::size_t position) {
+    (void)world.element(arguments.text(position));
+    throw Failure("expected a grid, but " + arguments.text(position) + " is none");
+}
+
+void pick(World& world, const Arguments& arguments) {
+    if (!arguments.isWord(0, "row")) {
+        throw Failure("expected pick row, found pick " + arguments.text(0));
+    }
+    noGrid(world, arguments, 1);
+}
+
+void cell(World& world, const Arguments& arguments) {
+    noGrid(world, arguments, 0);
+}
+
+void move(World& world, const Arguments& arguments) {
+    demand(world.window(arguments.text(0))
+               .userMove({static_cast<Twips>(arguments.number(1)), static_cast<Twips>(arguments.number(2))}),
+           arguments);
+}
+
+void size(World& world, const Arguments& arguments) {
+    demand(
+        world.window(arguments.text(0))
+            .userResize({static_cast<Twips>(arguments.number(1)), static_cast<Twips>(arguments.number(2))}),
+        arguments);
+}
+
+// clang-format off
+constexpr StatementRow rows[] = {
+    {"click",       1, 1, click},
+    {"doubleclick", 1, 1, doubleclick},
+    {"type",        2, 2, type},
+    {"edit",        2, 2, edit},
+    {"leave",       1, 1, [](World& w, const Arguments& a) { demand(w.element(a.text(0)).leave(), a); }},
+    {"focus",       1, 1, [](World& w, const Arguments& a) { demand(w.element(a.text(0)).takeFocus(), a); }},
+    {"choose",      1, 2, choose},
+    {"tick",        1, 1, [](World& w, const Arguments& a) { demand(as<TickBox>(w, a, "a tick box").tick(true), a); }},
+    {"untick",      1, 1, [](World& w, const Arguments& a) { demand(as<TickBox>(w, a, "a tick box").tick(false), a); }},
+    {"slide",       2, 2, slide},
+    {"up",          1, 1, [](World& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepUp(), a); }},
+    {"down",        1, 1, [](World& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepDown(), a); }},
+    {"key",         2, 2, key},
+    {"pick",        3, 3, pick},
+    {"cell",        4, 4, cell},
+    {"close",       1, 1, [](World& w, const Arguments& a) { demand(w.window(a.text(0)).userClose(), a); }},
+    {"move",        3, 3, move},
+    {"size",        3, 3, size},
+    {"page",        2, 2, page},
+};
+// clang-format on
+
+} // namespace
+
+std::span<const StatementRow> gestureStatements() {
+    return rows;
+}
+
+} // namespace zor::testing

@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "transcript_runner/statements.h"
+
+#include "support/numbers.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace zor::testing {
+
+namespace {
+
+const StatementRow* findRow(std::span<const StatementRow> rows, std::string_view name) {
+    auto row = std::find_if(rows.begin(), rows.end(),
+                            [name](const StatementRow& candidate) { return candidate.name == name; });
+    return row == rows.end() ? nullptr : &*row;
+}
+
+/// A statement without the `refused` or `after MS` in front of it.
+Statement without(const Statement& statement, std::size_t tokens) {
+    Statement inner = statement;
+    inner.tokens.erase(inner.tokens.begin(), inner.tokens.begin() + static_cast<std::ptrdiff_t>(tokens));
+    return inner;
+}
+
+const StatementRow& rowOf(const Statement& statement) {
+    const Token& name = statement.tokens.front();
+    for (std::span<const StatementRow> table : {benchStatements(), gestureStatements(), checkStatements()}) {
+        const StatementRow* row = name.quoted ? nullptr : findRow(table, name.text);
+        if (row != nullptr) {
+            return *row;
+        }
+    }
+    throw Failure("unknown statement " + name.text);
+}
+
+bool begins(const Statement& statement, std::string_view word) {
+    return !statement.tokens.front().quoted && statement.tokens.front().text == word;
+}
+
+const StatementRow& gestureOf(const Statement& statement) {
+    const StatementRow* row =
+        statement.tokens.empty() ? nullptr : findRow(gestureStatements(), statement.tokens.front().text);
+    if (row == nullptr) {
+        throw Failure("expected a gesture behind refused");
+    }
+    return *row;
+}
+
+Statement delayed(const Statement& statement) {
+    Arguments(statement).expectCount(2, StatementRow::anyCount);
+    return without(statement, 2);
+}
+
+} // namespace
+
+const std::string& Arguments::text(std::size_t position) const {
+    expectCount(position + 1, StatementRow::anyCount);
+    return statement.tokens[begin + position].text;
+}
+
+bool Arguments::isWord(std::size_t position, std::string_view word) const {
+    return position < count() && !statement.tokens[begin + position].quoted && text(position) == word;
+}
+
+int Arguments::integer(std::size_t position, int lowest, int highest) const {
+    const std::string& digits = text(position);
+    int value = 0;
+    auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error != std::errc() || end != digits.data() + digits.size() || value < lowest || value > highest) {
+        throw Failure("expected a whole number from " + std::to_string(lowest) + " to " +
+                      std::to_string(highest) + ", found " + digits);
+    }
+    return value;
+}
+
+std::uint8_t Arguments::hexByte(std::size_t position) const {
+    auto value = text(position).size() == 2 ? readHex(text(position)) : std::nullopt;
+    if (!value) {
+        throw Failure("expected two hexadecimal digits, found " + text(position));
+    }
+    return static_cast<std::uint8_t>(*value);
+}
+
+double Arguments::number(std::size_t position) const {
+    const std::string& digits = text(position);
+    double value = 0;
+    auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    if (error != std::errc() || end != digits.data() + digits.size()) {
+        throw Failure("expected a number, found " + digits);
+    }
+    return value;
+}
+
+std::chrono::milliseconds Arguments::milliseconds(std::size_t position) const {
+    return std::chrono::milliseconds(integer(position, 0, 36'000'000));
+}
+
+std::vector<std::string> Arguments::rest(std::size_t position) const {
+    std::vector<std::string> texts;
+    for (std::size_t at = begin + position; at < statement.tokens.size(); ++at) {
+        texts.push_back(statement.tokens[at].text);
+    }
+    return texts;
+}
+
+void Arguments::expectCount(std::size_t least, std::size_t most) const {
+    if (count() < least) {
+        throw Failure(statement.tokens.front().text + " needs more behind it");
+    }
+    if (count() > most) {
+        throw Failure(statement.tokens.front().text + " has too much behind it, from " +
+                      statement.tokens[begin + most].text + " on");
+    }
+}
+
+void checkForm(const Statement& statement) {
+    if (begins(statement, "refused")) {
+        Statement gesture = without(statement, 1);
+        const StatementRow& row = gestureOf(gesture);
+        Arguments(gesture).expectCount(row.least, row.most);
+        return;
+    }
+    if (begins(statement, "after")) {
+        if (!statement.block.empty()) {
+            throw Failure("a statement with lines of its own cannot wait");
+        }
+        Statement inner = delayed(statement);
+        (void)Arguments(statement).milliseconds(0);
+        checkForm(inner);
+        return;
+    }
+    const StatementRow& row = rowOf(statement);
+    Arguments(statement).expectCount(row.least, row.most);
+}
+
+void carryOut(World& world, const Statement& statement) {
+    checkForm(statement);
+    if (begins(statement, "after")) {
+        world.later(Arguments(statement).milliseconds(0), delayed(statement));
+        return;
+    }
+    if (!begins(statement, "refused")) {
+        rowOf(statement).carryOut(world, Arguments(statement));
+        return;
+    }
+    Statement gesture = without(statement, 1);
+    try {
+        gestureOf(gesture).carryOut(world, Arguments(gesture));
+    } catch (const Refused&) {
+        return;
+    }
+    throw Failure("expected " + gesture.tokens.front().text + " " + Arguments(gesture).text(0) +
+                  " to be refused, found that a user can do it");
+}
+
+} // namespace zor::testing

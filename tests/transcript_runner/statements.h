@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "transcript_runner/transcript.h"
+#include "transcript_runner/world.h"
+
+#include <cstddef>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace zor::testing {
+
+/// What stands behind a statement's name.
+class Arguments {
+  public:
+    explicit Arguments(const Statement& whole, std::size_t first = 1)
+        : statement(whole)
+        , begin(first) {}
+
+    [[nodiscard]] std::size_t count() const { return statement.tokens.size() - begin; }
+    /// Throws Failure if there is no such argument.
+    [[nodiscard]] const std::string& text(std::size_t position) const;
+    /// The argument is this word, not in quotes.
+    [[nodiscard]] bool isWord(std::size_t position, std::string_view word) const;
+    /// Throws Failure if the argument is not a number of the range.
+    [[nodiscard]] int integer(std::size_t position, int lowest, int highest) const;
+    /// Throws Failure if the argument is not two hexadecimal digits.
+    [[nodiscard]] std::uint8_t hexByte(std::size_t position) const;
+    /// Throws Failure if the argument is not a decimal number.
+    [[nodiscard]] double number(std::size_t position) const;
+    /// Milliseconds, up to ten hours.
+    [[nodiscard]] std::chrono::milliseconds milliseconds(std::size_t position) const;
+    /// The arguments from this one on.
+    [[nodiscard]] std::vector<std::string> rest(std::size_t position) const;
+    [[nodiscard]] const std::vector<std::string>& block() const { return statement.block; }
+    [[nodiscard]] const Statement& whole() const { return statement; }
+    /// Throws Failure if there are fewer or more arguments.
+    void expectCount(std::size_t least, std::size_t most) const;
+
+  private:
+    const Statement& statement;
+    std::size_t begin;
+};
+
+/// One row of the language: a name, how many arguments may stand behind it, and what it does.
+struct StatementRow {
+    static constexpr std::size_t anyCount = static_cast<std::size_t>(-1);
+
+    std::string_view name;
+    std::size_t least;
+    std::size_t most;
+    void (*carryOut)(World& world, const Arguments& arguments);
+};
+
+[[nodiscard]] std::span<const StatementRow> benchStatements();
+/// Gestures, which `refused` may stand in front of.
+[[nodiscard]] std::span<const StatementRow> gestureStatements();
+[[nodiscard]] std::span<const StatementRow> checkStatements();
+
+/// The user could not make the gesture.
+struct Refused : Failure {
+    using Failure::Failure;
+};
+
+/// Carries one statement out. Throws Failure.
+void carryOut(World& world, const Statement& statement);
+
+/// Throws Failure if the statement is none of the language, whatever the world.
+void checkForm(const Statement& statement);
+
+} // namespace zor::testing

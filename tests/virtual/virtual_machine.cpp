@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "virtual/virtual_machine.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace zor::testing {
+
+TemporaryFolder::TemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "zor-bench-XXXXXX").string();
+    if (::mkdtemp(pattern.data()) == nullptr) {
+        throw std::runtime_error("no temporary folder can be made at " + pattern);
+    }
+    ownPath = pattern;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(ownPath, ignored);
+}
+
+VirtualMachine::VirtualMachine()
+    : ports(loop)
+    , usb(loop, ports)
+    , platform{.loop = loop,
+               .ports = ports,
+               .usb = usb,
+               .dialogs = dialogs,
+               .surroundings = surroundings,
+               .programFolder = folder.path() / "program",
+               .userFolder = folder.path() / "user"} {
+    // The program's folder has neighbours, which its dialogs may name.
+    std::filesystem::create_directory(platform.programFolder);
+}
+
+} // namespace zor::testing

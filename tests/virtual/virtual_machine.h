@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/platform.h"
+#include "virtual/scripted_dialogs.h"
+#include "virtual/virtual_loop.h"
+#include "virtual/virtual_ports.h"
+#include "virtual/virtual_usb.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace zor::testing {
+
+/// A desktop that opens every document and has no information tool, unless told otherwise.
+class VirtualSurroundings : public Surroundings {
+  public:
+    bool openDocument(const std::filesystem::path& document) override {
+        opened.push_back(document);
+        return opensDocuments;
+    }
+    bool startSystemInformation() override { return hasSystemInformation; }
+
+    std::vector<std::filesystem::path> opened;
+    bool opensDocuments = true;
+    bool hasSystemInformation = false;
+};
+
+/// A folder of its own that goes with all it holds.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder();
+
+    [[nodiscard]] const std::filesystem::path& path() const { return ownPath; }
+
+  private:
+    std::filesystem::path ownPath;
+};
+
+/// A machine for the program to run on: virtual time, simulated boards on its ports, dialogs that are
+/// answered from a list, and an empty program folder. Outlives the program.
+class VirtualMachine {
+  public:
+    VirtualMachine();
+
+    TemporaryFolder folder;
+    VirtualLoop loop;
+    VirtualPorts ports;
+    VirtualUsb usb;
+    ScriptedDialogs dialogs;
+    VirtualSurroundings surroundings;
+    Platform platform;
+};
+
+} // namespace zor::testing

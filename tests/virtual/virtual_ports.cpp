@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "virtual/virtual_ports.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace zor::testing {
+
+VirtualSeat::VirtualSeat(EventLoop& eventLoop, int seatNumber,
+                         std::function<void(const std::string& line)> lineSeen,
+                         std::function<void()> lineFeedSeen)
+    : loop(eventLoop)
+    , portNumber(seatNumber)
+    , seen(std::move(lineSeen))
+    , feedSeen(std::move(lineFeedSeen))
+    , toBoard(eventLoop, [this](char byte) { sittingBoard->receive(byte); })
+    , toPort(eventLoop, [this](char byte) { fromBoard(byte); }) {
+    place(sim::BoardKind::Silent);
+}
+
+void VirtualSeat::place(sim::BoardKind kind) {
+    toBoard.clear();
+    toPort.clear();
+    sittingBoard = std::make_unique<sim::Board>(kind);
+    sittingBoard->lineReceived = seen;
+    sittingBoard->lineFeedFollowed = feedSeen;
+    sittingBoard->transmit = [this](const sim::Transmission& transmission) {
+        toPort.send(transmission.bytes, transmission.delay);
+    };
+}
+
+void VirtualSeat::unplug() {
+    isPlugged = false;
+    toBoard.clear();
+    toPort.clear();
+    if (VirtualSerialPort* port = std::exchange(holder, nullptr)) {
+        port->seat = nullptr;
+    }
+}
+
+void VirtualSeat::fault(int code) {
+    if (holder != nullptr && holder->eventRaised) {
+        loop.perform([this, code] { holder->eventRaised(code); });
+    }
+}
+
+void VirtualSeat::fromBoard(char byte) {
+    // What comes while nobody has the port open is lost.
+    if (holder != nullptr && holder->received) {
+        loop.perform([this, byte] { holder->received(byte); });
+    }
+}
+
+std::unique_ptr<SerialPort> VirtualPorts::create() {
+    return std::make_unique<VirtualSerialPort>(loop, *this);
+}
+
+std::string VirtualPorts::devicePath(int number) const {
+    return find(number) == nullptr ? std::string() : "/dev/ttyS" + std::to_string(number);
+}
+
+VirtualSeat& VirtualPorts::seat(int number) {
+    std::unique_ptr<VirtualSeat>& place = members[number];
+    if (!place) {
+        place = std::make_unique<VirtualSeat>(
+            loop, number,
+            [this, number](const std::string& line) {
+                sent.push_back({number, line});
+            },
+            [this, number] {
+                for (auto line = sent.rbegin(); line != sent.rend(); ++line) {
+                    if (line->port == number) {
+                        line->text += '\n';
+                        return;
+                    }
+                }
+            });
+    }
+    return *place;
+}
+
+VirtualSeat* VirtualPorts::find(int number) const {
+    auto entry = members.find(number);
+    return entry == members.end() || !entry->second->plugged() ? nullptr : entry->second.get();
+}
+
+sim::Board& VirtualPorts::place(int number, sim::BoardKind kind) {
+    VirtualSeat& there = seat(number);
+    there.busy = false;
+    there.denied = false;
+    there.plug();
+    there.place(kind);
+    return there.board();
+}
+
+VirtualSerialPort::~VirtualSerialPort() {
+    letGo();
+}
+
+void VirtualSerialPort::open(int number, const LineSettings& settings) {
+    if (opened) {
+        throw ToolError(portInUse);
+    }
+    VirtualSeat* there = ports.find(number);
+    if (there == nullptr) {
+        throw ToolError(invalidPort);
+    }
+    if (there->denied) {
+        throw PortAccessError(ports.devicePath(number));
+    }
+    if (there->busy || there->heldByDriver || there->heldByPort()) {
+        throw ToolError(portInUse);
+    }
+    if (there->openError != 0) {
+        throw ToolError(there->openError);
+    }
+    seat = there;
+    seat->holder = this;
+    opened = true;
+    int baud = std::atoi(settings.format.c_str());
+    seat->toBoard.setSpeed(baud);
+    seat->toPort.setSpeed(baud);
+    seat->board().lineOpened();
+}
+
+void VirtualSerialPort::close() {
+    bool gone = opened && seat == nullptr;
+    letGo();
+    if (gone) {
+        throw ToolError(invalidPort);
+    }
+}
+
+void VirtualSerialPort::write(std::string_view bytes) {
+    if (!opened) {
+        throw ToolError(portNotOpen);
+    }
+    if (seat != nullptr) {
+        seat->toBoard.send(bytes);
+    }
+}
+
+void VirtualSerialPort::letGo() {
+    opened = false;
+    if (VirtualSeat* left = std::exchange(seat, nullptr)) {
+        left->holder = nullptr;
+        // Closing waits in the driver until what was written has gone out.
+        left->toBoard.drain();
+    }
+}
+
+} // namespace zor::testing

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/serial_port.h"
+#include "simulator/board.h"
+#include "virtual/paced_line.h"
+
+#include <map>
+#include <vector>
+
+namespace zor::testing {
+
+class VirtualSerialPort;
+
+/// A numbered port of the virtual machine with what sits on it: a simulated board behind a line that has the
+/// real one's pace.
+class VirtualSeat {
+  public:
+    VirtualSeat(EventLoop& eventLoop, int portNumber, std::function<void(const std::string& line)> lineSeen,
+                std::function<void()> lineFeedSeen);
+
+    [[nodiscard]] int number() const { return portNumber; }
+    /// Puts a board there; the one before goes.
+    void place(sim::BoardKind kind);
+    [[nodiscard]] sim::Board& board() { return *sittingBoard; }
+
+    /// In use by another program.
+    bool busy = false;
+    /// Opening fails with this number; 0 for none.
+    int openError = 0;
+    /// The user may not open the device.
+    bool denied = false;
+    /// The USB driver holds the device.
+    bool heldByDriver = false;
+
+    [[nodiscard]] bool plugged() const { return isPlugged; }
+    /// The device goes: a port that is open on it writes into nowhere from now on.
+    void unplug();
+    void plug() { isPlugged = true; }
+    /// Reports a line error on the port that is open here, if one is.
+    void fault(int code);
+
+    /// A serial port of this program is open on it.
+    [[nodiscard]] bool heldByPort() const { return holder != nullptr; }
+
+  private:
+    friend class VirtualSerialPort;
+    void fromBoard(char byte);
+
+    EventLoop& loop;
+    int portNumber;
+    std::function<void(const std::string& line)> seen;
+    std::function<void()> feedSeen;
+    std::unique_ptr<sim::Board> sittingBoard;
+    VirtualSerialPort* holder = nullptr;
+    PacedLine toBoard;
+    PacedLine toPort;
+    bool isPlugged = true;
+};
+
+/// The ports of a machine that exists only in virtual time.
+class VirtualPorts : public SerialPorts {
+  public:
+    explicit VirtualPorts(EventLoop& eventLoop)
+        : loop(eventLoop) {}
+
+    [[nodiscard]] std::unique_ptr<SerialPort> create() override;
+    [[nodiscard]] std::string devicePath(int number) const override;
+
+    /// The port of that number; made, with a silent board, if it was not there.
+    VirtualSeat& seat(int number);
+    /// nullptr if there is no such port.
+    [[nodiscard]] VirtualSeat* find(int number) const;
+    /// A board of this kind on this port, free to be opened.
+    sim::Board& place(int number, sim::BoardKind kind);
+    /// By number.
+    [[nodiscard]] const std::map<int, std::unique_ptr<VirtualSeat>>& seats() const { return members; }
+
+    struct SentLine {
+        int port;
+        /// Without its carriage return; with the line feed behind it, if one came.
+        std::string text;
+    };
+    /// The command lines that reached the boards, oldest first. Whoever has looked at them clears them.
+    std::vector<SentLine> sent;
+
+  private:
+    EventLoop& loop;
+    std::map<int, std::unique_ptr<VirtualSeat>> members;
+};
+
+/// A port object on one of the seats.
+class VirtualSerialPort : public SerialPort {
+  public:
+    VirtualSerialPort(EventLoop& eventLoop, VirtualPorts& machinePorts)
+        : loop(eventLoop)
+        , ports(machinePorts) {}
+    ~VirtualSerialPort() override;
+
+    void open(int number, const LineSettings& settings) override;
+    void close() override;
+    [[nodiscard]] bool isOpen() const override { return opened; }
+    void write(std::string_view bytes) override;
+
+  private:
+    friend class VirtualSeat;
+    void letGo();
+
+    EventLoop& loop;
+    VirtualPorts& ports;
+    /// nullptr while closed, and after the device went.
+    VirtualSeat* seat = nullptr;
+    bool opened = false;
+};
+
+} // namespace zor::testing
