@@ -21,14 +21,14 @@ enum class SaveName {
 /// What of a panel's configuration files differs between chips.
 struct FileTraits {
     /// Without the point.
-    const char* extension;
-    const char* filter;
-    const char* loadTitle;
-    const char* saveTitle;
+    const char* extension = "";
+    const char* filter = "";
+    const char* loadTitle = "";
+    const char* saveTitle = "";
     /// The first line, compared byte for byte.
-    const char* banner;
+    const char* banner = "";
     /// What the error of a wrong banner says.
-    const char* wrongBanner;
+    const char* wrongBanner = "";
     SaveName saveName = SaveName::AsChosen;
     /// Title of the box for a wrong extension at a save.
     const char* wrongTypeOnSave = "File save error";
@@ -42,41 +42,41 @@ enum class SupplyField {
 
 /// What differs between the chips' panels before any oddity: one table a chip.
 struct PanelTraits {
-    const char* formName;
-    const char* title;
+    const char* formName = "";
+    const char* title = "";
 
     /// Heights with the status area folded in and out, and the width, in twips.
-    Twips foldedHeight;
-    Twips unfoldedHeight;
-    Twips width;
+    Twips foldedHeight = 0;
+    Twips unfoldedHeight = 0;
+    Twips width = 0;
 
-    FrequencyForm frequencyForm;
-    const BandTable* bands;
+    FrequencyForm frequencyForm = FrequencyForm::TenThenMultiplier;
+    const BandTable* bands = &multiplierBands;
     /// The bands that the chip has, in the order of their options; the first is the start band.
-    std::vector<Band> offeredBands;
-    Band startBand;
-    const char* startFrequency;
-    const char* startCapacitance;
+    std::vector<Band> offeredBands{};
+    Band startBand = Band::Band315;
+    const char* startFrequency = "";
+    const char* startCapacitance = "";
 
-    WakeUpTraits wakeUp;
-    ThresholdTraits threshold;
-    SupplyField supplyField;
+    WakeUpTraits wakeUp{};
+    ThresholdTraits threshold{};
+    SupplyField supplyField = SupplyField::Commits;
 
     /// Captions of the status indicators, from the first byte's bit 7 on.
-    std::vector<const char*> statusCaptions;
+    std::vector<const char*> statusCaptions{};
     /// Bytes that a status read takes, and its pace.
-    int statusBytes;
-    std::chrono::milliseconds statusInterval;
+    int statusBytes = 1;
+    std::chrono::milliseconds statusInterval{};
     /// The line between "L2" and "L0" of a status read; empty if the chip needs none.
-    const char* statusCommand;
+    const char* statusCommand = "";
     /// Where the answer to "RI" stands in the last 15 characters, from 1.
-    std::size_t interruptPosition;
+    std::size_t interruptPosition = 0;
 
     /// Said at the end of a load, and in the box when Update finds no port.
-    const char* loadNotice;
-    const char* updateWithoutPort;
+    const char* loadNotice = "";
+    const char* updateWithoutPort = "";
 
-    FileTraits file;
+    FileTraits file{};
 };
 
 } // namespace zor

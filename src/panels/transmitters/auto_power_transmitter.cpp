@@ -31,9 +31,7 @@ AutoPowerTransmitter::AutoPowerTransmitter(Bench& ownBench, const PanelTraits& p
     feed(OutputPower, OutPowerw);
     Modulation.codeOfText = [](const std::string& text) { return text == "OOK" ? 1 : 0; };
 
-    Ctrlw.define(0x8000, {bits(
-                              12, 11, "band", [this] { return BandCode; }, [this] { return bandCaption(); }),
-                          bits(10, 8, "clock output", CLKout, "MHz"), bits(7, 4, "load capacitance", Cxtal),
+    Ctrlw.define(0x8000, {bandBits(), bits(10, 8, "clock output", CLKout, "MHz"), capacitanceBits(),
                           bits(3, 3, "polarity", ModPol), bits(2, 0, "deviation", ModFreq, "kHz")});
     OutPowerw.define(0xB0,
                      {bits(

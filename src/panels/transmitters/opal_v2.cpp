@@ -8,37 +8,25 @@ namespace {
 constexpr const char* oldRevision = "'C' or below";
 constexpr const char* newRevision = "'D' or above";
 
-const PanelTraits opalTraits = {
+const PanelTraits opalTraits = transmitterTraits({
     .formName = "OpalV2",
     .title = "KT1100 transmitter control panel",
     .foldedHeight = 8930,
     .unfoldedHeight = 9700,
-    .width = 15000,
-    .frequencyForm = FrequencyForm::TenThenMultiplier,
     .bands = &multiplierBands,
     .offeredBands = {Band::Band315, Band::Band433, Band::Band868, Band::Band915},
     .startBand = Band::Band315,
     .startFrequency = "315",
-    .startCapacitance = "12.5 pF",
     .wakeUp = {.exponent = {0, 23}},
-    .threshold = {},
-    .supplyField = SupplyField::Commits,
-    .statusCaptions = {"POR", "PB1", "PB2", "PB3", "PB4", "LBD", "WK-UP", "nIRQ"},
-    .statusBytes = 1,
-    .statusInterval = std::chrono::milliseconds(100),
     .statusCommand = "WSCC",
-    .interruptPosition = 7,
-    .loadNotice = "Update chip control words, and power management settings!",
-    .updateWithoutPort = "Commport not available, please open commport. Control words were not updated.",
     .file = {.extension = "tc",
              .filter = "Transmitter Configuration files (*.tc) | *.tc |All files (*.*)| *.*",
              .loadTitle = "Load Transmitter Configuration File",
              .saveTitle = "Save Transmitter Configuration File",
              .banner = "# ZOR KT1100 configuration file. Version 2.0.0",
              .wrongBanner = "Incorrect configuration file version",
-             .saveName = SaveName::CutDoubled,
-             .wrongTypeOnSave = "File open error"},
-};
+             .saveName = SaveName::CutDoubled},
+});
 
 } // namespace
 
@@ -49,9 +37,7 @@ OpalV2::OpalV2(Bench& ownBench)
     , Yellow(*this, "Yellow", {255, 255, 0}) {
     Revision.setContainer(&Frame1);
     Revision.onSelect = [this] { Revision_Click(); };
-    LBDw.define(0xC200, {bits(
-                            4, 0, "threshold", [this] { return lowBattery; },
-                            [this] { return LBDV.text() + " V"; })});
+    LBDw.define(0xC200, {thresholdBits(4)});
     setWords({&Ctrlw, &Freqw, &OutPowerw, &PowerMw, &LBDw, &Wkupw});
 }
 
@@ -65,9 +51,7 @@ ConfigurationLines OpalV2::configuration() {
     return joined(
         {crystalLines(),
          {textLine(WKUPM), textLine(WKUPR, [this] { WKUPM_LostFocus(); }), heldTextLine(FreqCenter)},
-         bandLines(),
-         {positionLine(CLKout), textLine(Cxtal), textLine(ModPol), positionLine(ModFreq),
-          textLine(OutputPower)},
+         modulationLines(),
          powerTickLines(),
          {supplyLine(), textLine(Modulation), textLine(Revision), textLine(LBD)}});
 }

@@ -11,6 +11,21 @@ constexpr const char* clockCaption = "Disable   C clock output";
 
 } // namespace
 
+PanelTraits transmitterTraits(PanelTraits chip) {
+    chip.width = 15000;
+    chip.frequencyForm = FrequencyForm::TenThenMultiplier;
+    chip.startCapacitance = "12.5 pF";
+    chip.supplyField = SupplyField::Commits;
+    chip.statusCaptions = {"POR", "PB1", "PB2", "PB3", "PB4", "LBD", "WK-UP", "nIRQ"};
+    chip.statusBytes = 1;
+    chip.statusInterval = std::chrono::milliseconds(100);
+    chip.interruptPosition = 7;
+    chip.loadNotice = "Update chip control words, and power management settings!";
+    chip.updateWithoutPort = "Commport not available, please open commport. Control words were not updated.";
+    chip.file.wrongTypeOnSave = "File open error";
+    return chip;
+}
+
 TransmitterPanel::TransmitterPanel(Bench& ownBench, const PanelTraits& panelTraits,
                                    const std::vector<PowerTick>& ticks, double deviationStep)
     : ChipPanel(ownBench, panelTraits)
@@ -101,6 +116,31 @@ ConfigurationLines TransmitterPanel::powerTickLines() {
         }
     }
     return lines;
+}
+
+ConfigurationLines TransmitterPanel::modulationLines() {
+    return joined({bandLines(),
+                   {positionLine(CLKout), textLine(Cxtal), textLine(ModPol), positionLine(ModFreq),
+                    textLine(OutputPower)}});
+}
+
+void TransmitterPanel::showSharedRevision() {
+    Revision.fill(std::vector<std::string>{"'A' or above"});
+    Revision.selectText(bench.Pref_JadeRevision);
+}
+
+BitField TransmitterPanel::bandBits() {
+    return bits(
+        12, 11, "band", [this] { return BandCode; }, [this] { return bandCaption(); });
+}
+
+BitField TransmitterPanel::capacitanceBits() {
+    return bits(7, 4, "load capacitance", Cxtal);
+}
+
+BitField TransmitterPanel::thresholdBits(int highBit) {
+    return bits(
+        highBit, 0, "threshold", [this] { return lowBattery; }, [this] { return LBDV.text() + " V"; });
 }
 
 void TransmitterPanel::configurationRead() {

@@ -16,6 +16,9 @@ struct PowerTick {
     std::vector<int> excludes;
 };
 
+/// Completes a transmitter's table with what all three have in common.
+[[nodiscard]] PanelTraits transmitterTraits(PanelTraits chip);
+
 /// What the three transmitters share beyond every panel: modulation, output power, the power management word
 /// and the calibration on its synthesizer bit.
 class TransmitterPanel : public ChipPanel {
@@ -45,6 +48,15 @@ class TransmitterPanel : public ChipPanel {
     virtual void commitFurtherRead() {}
     /// The lines of the power management ticks, from the highest bit on.
     [[nodiscard]] ConfigurationLines powerTickLines();
+    /// The lines from the band to the output power.
+    [[nodiscard]] ConfigurationLines modulationLines();
+    /// Fills Revision for the two later chips, whose panels share one preference; it is shown only.
+    void showSharedRevision();
+    /// The band's field of the configuration word, and the load capacitance's.
+    [[nodiscard]] BitField bandBits();
+    [[nodiscard]] BitField capacitanceBits();
+    /// The low battery threshold's field, down to bit 0.
+    [[nodiscard]] BitField thresholdBits(int highBit);
     /// What the wake-up tick governs.
     [[nodiscard]] virtual std::vector<Element*> wakeUpElements();
     [[nodiscard]] virtual std::vector<Element*> lowBatteryElements();
