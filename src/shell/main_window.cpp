@@ -38,6 +38,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     ownBench.variables["FactoryClickPending"] = [this] { return FactoryClickPending ? "true" : "false"; };
     ownBench.variables["PlainCaption"] = [this] { return PlainCaption; };
     platform.loop.uncaught = [this](const ToolError& error) { ownBench.tellError(error, productTitle); };
+    FactoryModeTimer.setInterval(factoryGestureTime);
     EE.setEnabled(false);
     EE.setTip("EEPROM programmer");
     linkBar.Toolbar3.setVisible(false);
@@ -216,7 +217,7 @@ void MainWindow::factoryGesture() {
     }
     setTitle(title() + ".");
     FactoryClickPending = true;
-    FactoryModeTimer.start(factoryGestureTime);
+    FactoryModeTimer.start();
 }
 
 void MainWindow::FactoryModeTimer_Timer() {

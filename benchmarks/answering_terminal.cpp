@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "answering_terminal.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <string_view>
+#include <system_error>
+
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace zor::benchmarks {
+
+namespace {
+
+constexpr std::string_view prompt = "\n\rOK\n\r>";
+
+int checked(int result, const char* what) {
+    if (result < 0) {
+        throw std::system_error(errno, std::generic_category(), what);
+    }
+    return result;
+}
+
+void writeAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+        if (written <= 0) {
+            return;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+int openRaw(const std::string& path) {
+    int descriptor = checked(::open(path.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC), "open");
+    termios settings = {};
+    checked(::tcgetattr(descriptor, &settings), "tcgetattr");
+    ::cfmakeraw(&settings);
+    checked(::tcsetattr(descriptor, TCSANOW, &settings), "tcsetattr");
+    return descriptor;
+}
+
+} // namespace
+
+AnsweringTerminal::AnsweringTerminal()
+    : master(checked(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), "posix_openpt")) {
+    checked(::grantpt(master), "grantpt");
+    checked(::unlockpt(master), "unlockpt");
+    slavePath = ::ptsname(master);
+    slave = openRaw(slavePath);
+    board = std::thread([this] { answer(); });
+}
+
+AnsweringTerminal::~AnsweringTerminal() {
+    // An end mark of our own wakes the board from its read.
+    writeAll(slave, std::string_view("\x04", 1));
+    board.join();
+    ::close(slave);
+    ::close(master);
+}
+
+void AnsweringTerminal::answer() const {
+    std::array<char, 256> block{};
+    for (;;) {
+        ssize_t count = ::read(master, block.data(), block.size());
+        if (count <= 0) {
+            return;
+        }
+        for (char c : std::string_view(block.data(), static_cast<std::size_t>(count))) {
+            if (c == '\x04') {
+                return;
+            }
+            if (c == '\r') {
+                writeAll(master, prompt);
+            }
+        }
+    }
+}
+
+BareLine::BareLine(const std::string& path)
+    : descriptor(openRaw(path)) {}
+
+BareLine::~BareLine() {
+    ::close(descriptor);
+}
+
+void BareLine::exchange(const std::string& command) const {
+    writeAll(descriptor, command);
+    std::string tail;
+    std::array<char, 256> block{};
+    while (tail.size() < prompt.size() ||
+           std::string_view(tail).substr(tail.size() - prompt.size()) != prompt) {
+        ssize_t count = ::read(descriptor, block.data(), block.size());
+        if (count <= 0) {
+            return;
+        }
+        tail.append(block.data(), static_cast<std::size_t>(count));
+    }
+}
+
+} // namespace zor::benchmarks

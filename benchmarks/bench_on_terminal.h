@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/adapters/linux_usb_driver.h"
+#include "desktop/adapters/qt_loop.h"
+#include "desktop/adapters/qt_serial_port.h"
+#include "elements/desk.h"
+#include "panels/transmitters/opal_v2.h"
+#include "shell/main_window.h"
+
+#include <memory>
+#include <string>
+
+namespace zor::benchmarks {
+
+/// The program's own adapters and core on one terminal, connected, with no window on the screen.
+class BenchOnTerminal {
+  public:
+    explicit BenchOnTerminal(const std::string& terminalPath);
+
+    [[nodiscard]] Connect& connect() { return *window.bench().connect; }
+    [[nodiscard]] Bench& bench() { return window.bench(); }
+    /// A KT1100 panel, filled and open.
+    [[nodiscard]] OpalV2& panel();
+
+  private:
+    class SilentDialogs : public Dialogs {
+      public:
+        Answer show(const Box&) override { return Answer::Ok; }
+        FileChoice chooseFile(const FileRequest& request) override { return {.name = request.startName}; }
+    };
+    class NoSurroundings : public Surroundings {
+      public:
+        bool openDocument(const std::filesystem::path&) override { return false; }
+        bool startSystemInformation() override { return false; }
+    };
+
+    QtLoop loop;
+    SerialDevices devices;
+    QtSerialPorts ports{loop, devices};
+    LinuxUsbDriver usb{devices};
+    SilentDialogs dialogs;
+    NoSurroundings surroundings;
+    Platform platform{loop, ports, usb, dialogs, surroundings, ".", "."};
+    Desk desk{loop};
+    MainWindow window{platform, desk};
+    std::unique_ptr<OpalV2> opal;
+};
+
+} // namespace zor::benchmarks

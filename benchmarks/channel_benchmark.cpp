@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// Exchanges over a pseudo-terminal: the command channel with its adapters against a bare blocking loop that
+// makes the same exchange on the same terminal, and a whole Update against the same lines sent barely.
+#include "answering_terminal.h"
+#include "bench_on_terminal.h"
+#include "ratio.h"
+
+#include "link/connect.h"
+
+#include <benchmark/benchmark.h>
+
+namespace zor::benchmarks {
+
+namespace {
+
+const DeclareRatio exchangeRatio("ChannelExchange", "BareExchange", 1.6);
+const DeclareRatio updateRatio("PanelUpdate", "BareUpdate", 1.6);
+
+void BareExchange(benchmark::State& state) {
+    AnsweringTerminal terminal;
+    BareLine line(terminal.path());
+    for (auto _ : state) {
+        line.exchange("S2A7D0\r");
+    }
+}
+BENCHMARK(BareExchange)->UseRealTime();
+
+void ChannelExchange(benchmark::State& state) {
+    AnsweringTerminal terminal;
+    BenchOnTerminal bench(terminal.path());
+    for (auto _ : state) {
+        bench.connect().Send_To_LoadBoard("S2A7D0\r");
+    }
+}
+BENCHMARK(ChannelExchange)->UseRealTime();
+
+void BareUpdate(benchmark::State& state) {
+    AnsweringTerminal terminal;
+    BareLine line(terminal.path());
+    for (auto _ : state) {
+        for (const char* word : {"S28080\r", "S2A7D0\r", "S1B0\r", "S2C000\r", "S2C200\r", "S2E000\r"}) {
+            line.exchange(word);
+        }
+    }
+}
+BENCHMARK(BareUpdate)->UseRealTime();
+
+void PanelUpdate(benchmark::State& state) {
+    AnsweringTerminal terminal;
+    BenchOnTerminal bench(terminal.path());
+    OpalV2& panel = bench.panel();
+    for (auto _ : state) {
+        panel.Update.click();
+    }
+}
+BENCHMARK(PanelUpdate)->UseRealTime();
+
+} // namespace
+
+} // namespace zor::benchmarks

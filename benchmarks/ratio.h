@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zor::benchmarks {
+
+/// A measurement against its yardstick of the same run: the product's way, the bare way, and how many times
+/// as long the first may take.
+struct Ratio {
+    std::string subject;
+    std::string yardstick;
+    double limit;
+};
+
+/// Declares a ratio; every translation unit does so for its own benchmarks.
+struct DeclareRatio {
+    DeclareRatio(std::string subject, std::string yardstick, double limit);
+};
+
+[[nodiscard]] const std::vector<Ratio>& declaredRatios();
+
+} // namespace zor::benchmarks
