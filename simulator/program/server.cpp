@@ -191,9 +191,11 @@ void Server::trace(std::string_view direction, std::string_view text, std::strin
         return;
     }
     double seconds = std::chrono::duration<double>(now() - started).count();
-    std::fprintf(stderr, "%.6f %.*s %.*s%s%.*s\n", seconds, static_cast<int>(direction.size()),
-                 direction.data(), static_cast<int>(text.size()), text.data(), meaning.empty() ? "" : "  ",
-                 static_cast<int>(meaning.size()), meaning.data());
+    std::string shown = std::string(direction) + " " + std::string(text);
+    if (!meaning.empty()) {
+        shown += "  " + std::string(meaning);
+    }
+    std::fprintf(stderr, "%.6f %s\n", seconds, shown.c_str());
 }
 
 } // namespace zor::sim
