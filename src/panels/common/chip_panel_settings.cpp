@@ -77,6 +77,13 @@ void ChipPanel::bandChosen(Band which) {
 
 void ChipPanel::showFrequency() {
     FreqCenter.setText(shownFrequency(FreqCode, frequencyScale()).megahertz.text);
+    // The word stays, what it means has moved.
+    Freqw.refreshTip();
+}
+
+std::string ChipPanel::bandCaption() const {
+    const Option* chosen = bandGroup.chosen();
+    return chosen == nullptr ? std::string() : chosen->caption();
 }
 
 void ChipPanel::showStep() {
