@@ -103,6 +103,7 @@ void MainWindow::start() {
     ownBench.CurrentPath = ownBench.platform.programFolder.string();
     ownBench.CurrentDrive = ownBench.CurrentPath.substr(0, 2);
     ownBench.CommState = 0;
+    linkBar.LoadBoard.setText("not found");
     try {
         readPreferences(ownBench);
         EnablePanelButtons(false);
