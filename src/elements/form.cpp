@@ -65,11 +65,14 @@ void Form::close() {
     }
     // Hidden at once: what unload sends may wait for the board, and meanwhile nobody shall act on the form.
     hide();
-    struct TellOwner {
-        const Signal<>& signal;
-        ~TellOwner() { signal.emit(); }
-    } tellOwner{closed};
-    unload();
+    // The owner hears of it in any case; what it does then may wait, and be dropped, too.
+    try {
+        unload();
+    } catch (...) {
+        closed.emit();
+        throw;
+    }
+    closed.emit();
 }
 
 bool Form::acceptsUser() const {
