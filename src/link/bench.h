@@ -135,6 +135,9 @@ struct Bench {
     /// exist has no row. Filled by the main window.
     std::map<std::string, std::function<void()>, std::less<>> openTool;
     std::map<std::string, std::function<void()>, std::less<>> closeTool;
+    /// Makes a tool's window without showing it, or gives the one there is; for a window that is placed
+    /// before it is shown.
+    std::map<std::string, std::function<Form&()>, std::less<>> createTool;
     /// Runs the row if there is one.
     void open(std::string_view formName) const;
     void close(std::string_view formName) const;

@@ -51,9 +51,7 @@ MainMenu::MainMenu(Form& main)
     mnuload.setVisible(false);
 
     // What has no window yet, and what only a panel or a board enables.
-    for (MenuEntry* entry : {&mnuSaveWorkspace,
-                             &mnuFilePreferences,
-                             &mnuViewTx0,
+    for (MenuEntry* entry : {&mnuViewTx0,
                              &mnuViewTx0Bijaku,
                              &mnuViewTx1,
                              &mnuViewTx2,

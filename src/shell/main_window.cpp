@@ -30,6 +30,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , search(ownBench, linkBar, channel)
     , boardChoice(ownBench, linkBar, channel, selector)
     , tools(ownBench)
+    , workspace(ownBench)
     , FactoryModeTimer(platform.loop, [this] { FactoryModeTimer_Timer(); }) {
     setExtent(startExtent);
     ownBench.connect = &channel;
@@ -39,7 +40,6 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     ownBench.variables["PlainCaption"] = [this] { return PlainCaption; };
     platform.loop.uncaught = [this](const ToolError& error) { ownBench.tellError(error, productTitle); };
     FactoryModeTimer.setInterval(factoryGestureTime);
-    EE.setEnabled(false);
     EE.setTip("EEPROM programmer");
     linkBar.Toolbar3.setVisible(false);
     wireMenu();
@@ -57,12 +57,18 @@ void MainWindow::wireMenu() {
             action();
         };
     };
+    wire(menu.mnuSaveWorkspace, [this] {
+        workspace.save();
+        ownBench.platform.dialogs.show(
+            {.text = "Workspace configuration has been saved.", .icon = BoxIcon::Information});
+    });
+    wire(menu.mnuFilePreferences, [this] { tools.openPreferences(menu.mnuload); });
     wire(menu.mnuFileExit, [this] { close(); });
     wire(menu.mnuViewToolbar, [this] {
         menu.mnuViewToolbar.setChecked(!menu.mnuViewToolbar.checked());
         Toolbar1.setVisible(menu.mnuViewToolbar.checked());
     });
-    wire(menu.mnutoolsTerminal, [this] { tools.openTerminal(); });
+    wire(menu.mnutoolsTerminal, [this] { ownBench.open("Terminal"); });
     wire(menu.mnuHelpSWguide, [] {});
     wire(menu.mnuHelp1100DS, [] {});
     wire(menu.mnuHelp2100DS, [] {});
@@ -108,7 +114,9 @@ void MainWindow::start() {
         readPreferences(ownBench);
         EnablePanelButtons(false);
         startSearch();
-        if (ownBench.Pref_LoadWS != 1) {
+        if (ownBench.Pref_LoadWS == 1) {
+            workspace.load();
+        } else {
             tools.openSplash(extent());
         }
     } catch (const ToolError& error) {

@@ -12,6 +12,7 @@
 #include "link/port_search.h"
 #include "shell/main_menu.h"
 #include "shell/tool_windows.h"
+#include "shell/workspace.h"
 
 #include <memory>
 
@@ -53,7 +54,6 @@ class MainWindow : public Form {
   private:
     void wireMenu();
     void wireLink();
-    void readStartFiles();
     void startSearch();
     void searchFinished();
     void tellDeniedDevices();
@@ -68,6 +68,7 @@ class MainWindow : public Form {
     PortSearch search;
     BoardChoice boardChoice;
     ToolWindows tools;
+    Workspace workspace;
     Timer FactoryModeTimer;
     bool FactoryClickPending = false;
     std::string PlainCaption;

@@ -3,12 +3,15 @@
 
 #include "support/record_file.h"
 
+#include <utility>
+
 #include <unistd.h>
 
 namespace zor {
 
 namespace {
 
+constexpr const char* iniName = "ZOR.ini";
 constexpr std::string_view iniBanner = "# ZOR ini file version 2.2.0";
 
 bool writable(const std::filesystem::path& folder) {
@@ -36,21 +39,56 @@ std::filesystem::path settingsFileToWrite(const Platform& platform, const std::s
     return platform.userFolder / name;
 }
 
+StoredPreferences storedPreferences(const Bench& bench) {
+    return {bench.Commport_min, bench.Pref_LoadWS, bench.Pref_CCautoLoad, bench.Commport_max};
+}
+
+void takePreferences(Bench& bench, const StoredPreferences& preferences) {
+    bench.Commport_min = preferences.Commport_min;
+    bench.Commport_max = preferences.Commport_max;
+    bench.Pref_LoadWS = preferences.Pref_LoadWS;
+    bench.Pref_CCautoLoad = preferences.Pref_CCautoLoad;
+}
+
+void parsePreferences(std::string bytes, StoredPreferences& preferences) {
+    RecordReader reader(std::move(bytes));
+    std::string banner = reader.text();
+    preferences.Commport_min = reader.text();
+    preferences.Pref_LoadWS = reader.integer();
+    preferences.Pref_CCautoLoad = reader.integer();
+    if (banner == iniBanner) {
+        preferences.Commport_max = reader.text();
+    }
+}
+
+std::string formatPreferences(const StoredPreferences& preferences) {
+    RecordWriter writer;
+    writer.text(iniBanner);
+    writer.text(preferences.Commport_min);
+    writer.integer(preferences.Pref_LoadWS);
+    writer.integer(preferences.Pref_CCautoLoad);
+    writer.text(preferences.Commport_max);
+    return writer.bytes();
+}
+
 void readPreferences(Bench& bench) {
-    std::filesystem::path file = settingsFileToRead(bench.platform, "ZOR.ini");
+    std::filesystem::path file = settingsFileToRead(bench.platform, iniName);
     std::error_code ignored;
     if (!std::filesystem::exists(file, ignored)) {
         return;
     }
-    RecordReader reader(readFile(file));
-    std::string banner = reader.text();
-    bench.Commport_min = reader.text();
-    bench.Pref_LoadWS = reader.integer();
-    bench.Pref_CCautoLoad = reader.integer();
-    // A file of another version has no last port.
-    if (banner == iniBanner) {
-        bench.Commport_max = reader.text();
+    StoredPreferences preferences = storedPreferences(bench);
+    try {
+        parsePreferences(readFile(file), preferences);
+    } catch (const ToolError&) {
+        takePreferences(bench, preferences);
+        throw;
     }
+    takePreferences(bench, preferences);
+}
+
+void writePreferences(const Platform& platform, const StoredPreferences& preferences) {
+    writeFileWhole(settingsFileToWrite(platform, iniName), formatPreferences(preferences));
 }
 
 } // namespace zor

@@ -3,7 +3,9 @@
 
 #include "link/bench.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <string>
 
 namespace zor {
 
@@ -13,8 +15,27 @@ namespace zor {
 /// Where it is written.
 [[nodiscard]] std::filesystem::path settingsFileToWrite(const Platform& platform, const std::string& name);
 
+/// The preferences that outlive the run, in ZOR.ini.
+struct StoredPreferences {
+    std::string Commport_min;
+    std::int32_t Pref_LoadWS = 0;
+    std::int32_t Pref_CCautoLoad = 0;
+    std::string Commport_max;
+};
+
+[[nodiscard]] StoredPreferences storedPreferences(const Bench& bench);
+void takePreferences(Bench& bench, const StoredPreferences& preferences);
+
+/// Reads a file's bytes. A file of another version has no last port; that value stays as it is. Throws
+/// ToolError for bytes that end too early or hold another form; what was read before stays.
+void parsePreferences(std::string bytes, StoredPreferences& preferences);
+/// The file's bytes.
+[[nodiscard]] std::string formatPreferences(const StoredPreferences& preferences);
+
 /// Reads the preferences of ZOR.ini. A missing file leaves the defaults. Throws ToolError for a file that
 /// cannot be read whole; what was read before stays.
 void readPreferences(Bench& bench);
+/// Writes ZOR.ini. Throws ToolError; the old file is then still there.
+void writePreferences(const Platform& platform, const StoredPreferences& preferences);
 
 } // namespace zor

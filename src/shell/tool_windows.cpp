@@ -15,12 +15,12 @@ ToolWindows::ToolWindows(Bench& ownBench)
     , splash(ownBench.platform.loop)
     , about(ownBench.platform.loop)
     , products(ownBench.platform.loop)
+    , preferences(ownBench.platform.loop)
     , terminal(ownBench.platform.loop)
     , powerSupply(ownBench.platform.loop) {
-    bench.openTool["Terminal"] = [this] { openTerminal(); };
-    bench.closeTool["Terminal"] = [this] { terminal.close(); };
-    bench.openTool["frm_PowerSupply"] = [this] { openPowerSupply(); };
-    bench.closeTool["frm_PowerSupply"] = [this] { powerSupply.close(); };
+    bench.closeTool["frm_Splash"] = [this] { closeSplash(); };
+    offer("Terminal", terminal);
+    offer("frm_PowerSupply", powerSupply);
 }
 
 void ToolWindows::openSplash(Extent mainExtent) {
@@ -41,12 +41,10 @@ void ToolWindows::openProducts() {
     products.ensure([this] { return std::make_unique<Products>(bench); }).show();
 }
 
-void ToolWindows::openTerminal() {
-    terminal.ensure([this] { return std::make_unique<Terminal>(bench); }).show();
-}
-
-void ToolWindows::openPowerSupply() {
-    powerSupply.ensure([this] { return std::make_unique<PowerSupply>(bench); }).show();
+void ToolWindows::openPreferences(MenuEntry& firmwareLoader) {
+    preferences
+        .ensure([this, &firmwareLoader] { return std::make_unique<Preferences>(bench, firmwareLoader); })
+        .show();
 }
 
 } // namespace zor

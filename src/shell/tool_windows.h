@@ -3,6 +3,7 @@
 
 #include "link/bench.h"
 #include "shell/about.h"
+#include "shell/preferences.h"
 #include "utilities/power_supply.h"
 #include "utilities/terminal.h"
 
@@ -57,14 +58,26 @@ class ToolWindows {
     void closeSplash() { splash.close(); }
     void openAbout(Extent mainExtent);
     void openProducts();
-    void openTerminal();
-    void openPowerSupply();
+    /// @param firmwareLoader  the menu entry that the dialog shows and hides
+    void openPreferences(MenuEntry& firmwareLoader);
 
   private:
+    /// Fills the bench's rows of a tool.
+    template <class Window>
+    void offer(const char* name, WindowSlot<Window>& slot) {
+        auto create = [this, &slot]() -> Form& {
+            return slot.ensure([this] { return std::make_unique<Window>(bench); });
+        };
+        bench.createTool[name] = create;
+        bench.openTool[name] = [create] { create().show(); };
+        bench.closeTool[name] = [&slot] { slot.close(); };
+    }
+
     Bench& bench;
     WindowSlot<Splash> splash;
     WindowSlot<About> about;
     WindowSlot<Products> products;
+    WindowSlot<Preferences> preferences;
     WindowSlot<Terminal> terminal;
     WindowSlot<PowerSupply> powerSupply;
 };

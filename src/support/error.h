@@ -17,6 +17,7 @@ enum ErrorNumber : int {
     permissionDenied = 70,
     pathFileAccess = 75,
     pathNotFound = 76,
+    cannotCreate = 429,
     emptyFile = 1222,
     fileExists = 1223,
     wrongExtension = 1225,
