@@ -30,6 +30,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , search(ownBench, linkBar, channel)
     , boardChoice(ownBench, linkBar, channel, selector)
     , tools(ownBench)
+    , registry(ownBench, menu, {TX, RX, TRX, EE})
     , workspace(ownBench)
     , FactoryModeTimer(platform.loop, [this] { FactoryModeTimer_Timer(); }) {
     setExtent(startExtent);
@@ -42,6 +43,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     FactoryModeTimer.setInterval(factoryGestureTime);
     EE.setTip("EEPROM programmer");
     linkBar.Toolbar3.setVisible(false);
+    workspace.openPanel = [this](std::string_view panel) { registry.reopen(panel); };
     wireMenu();
     wireLink();
 }
@@ -252,6 +254,7 @@ void MainWindow::browse(const std::string& folder, const std::string& title) {
 }
 
 void MainWindow::unload() {
+    registry.closeAtExit();
     try {
         channel.closeOnPurpose();
     } catch (const ToolError&) {

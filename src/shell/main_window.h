@@ -11,6 +11,7 @@
 #include "link/link_bar.h"
 #include "link/port_search.h"
 #include "shell/main_menu.h"
+#include "shell/panel_registry.h"
 #include "shell/tool_windows.h"
 #include "shell/workspace.h"
 
@@ -68,6 +69,7 @@ class MainWindow : public Form {
     PortSearch search;
     BoardChoice boardChoice;
     ToolWindows tools;
+    PanelRegistry registry;
     Workspace workspace;
     Timer FactoryModeTimer;
     bool FactoryClickPending = false;

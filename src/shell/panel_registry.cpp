@@ -1,0 +1,299 @@
+// SPDX-License-Identifier: MIT
+#include "shell/panel_registry.h"
+
+#include "panels/common/chip_panel.h"
+#include "support/error.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+
+namespace zor {
+
+namespace {
+
+constexpr const char* supplyTool = "frm_PowerSupply";
+constexpr const char* eepromTool = "eeprom";
+
+/// Closes all of them, also where one that sends at its end is dropped in its wait.
+void closeTools(const Bench& bench, const std::vector<const char*>& names) {
+    std::exception_ptr failure;
+    for (const char* name : names) {
+        try {
+            bench.close(name);
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    }
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+}
+
+} // namespace
+
+struct PanelRegistry::Slot {
+    const PanelRow& row;
+    std::unique_ptr<ChipPanel> panel;
+    Subscription ending;
+};
+
+/// A bar button and what it remembers.
+struct PanelRegistry::Class {
+    ChipClass chipClass;
+    BarButton& button;
+    std::string Bench::*selected;
+    const char* nothingSelected;
+};
+
+PanelRegistry::PanelRegistry(Bench& ownBench, MainMenu& ownMenu, ChipButtons ownButtons,
+                             const std::vector<PanelRow>& rows)
+    : bench(ownBench)
+    , menu(ownMenu)
+    , buttons(ownButtons)
+    , chipClasses(classes(ownButtons)) {
+    for (const PanelRow& row : rows) {
+        slots.push_back(std::make_unique<Slot>(Slot{row, nullptr, {}}));
+    }
+    wire();
+}
+
+PanelRegistry::~PanelRegistry() = default;
+
+std::vector<PanelRegistry::Class> PanelRegistry::classes(const ChipButtons& buttons) {
+    return {{ChipClass::Transmitter, buttons.TX, &Bench::SelectedTx,
+             "Please select KT1100, KT1100B, KT1101 or KT1102 from the dropdown list!"},
+            {ChipClass::Receiver, buttons.RX, &Bench::SelectedRx,
+             "Please select KT2100 or KT2102 from the dropdown list!"},
+            {ChipClass::Transceiver, buttons.TRX, &Bench::SelectedTrx,
+             "Please select KT3100, KT3100B or KT3101 from the dropdown list!"}};
+}
+
+void PanelRegistry::wire() {
+    for (const PanelChoice& choice : panelChoices()) {
+        MenuEntry& entry = menu.*choice.view;
+        entry.onClick = [this, &choice] { choose(choice); };
+        entry.setEnabled(slotOf(choice.panel).row.make != nullptr);
+    }
+    for (Class& chipClass : chipClasses) {
+        std::vector<DropDownEntry> entries;
+        for (const PanelChoice& choice : panelChoices()) {
+            const PanelRow& row = slotOf(choice.panel).row;
+            if (row.chipClass == chipClass.chipClass) {
+                entries.push_back({choice.key, (menu.*choice.view).caption(), row.make != nullptr});
+            }
+        }
+        chipClass.button.setEntries(std::move(entries));
+        chipClass.button.onClick = [this, kind = chipClass.chipClass] { barClicked(kind); };
+        chipClass.button.onChoose = [this](const std::string& key) {
+            for (const PanelChoice& choice : panelChoices()) {
+                if (choice.key == key) {
+                    choose(choice);
+                }
+            }
+        };
+    }
+    for (const std::unique_ptr<Slot>& slot : slots) {
+        if (slot->row.make != nullptr) {
+            bench.createTool[slot->row.name] = [this, &owner = *slot]() -> Form& {
+                ChipPanel& panel = ensure(owner);
+                if (!panel.isOpen()) {
+                    panel.SetFrameMode();
+                }
+                return panel;
+            };
+        }
+    }
+    bool eepromExists = bench.openTool.contains(eepromTool);
+    buttons.EE.setEnabled(eepromExists);
+    menu.mnutoolsEEPROM.setEnabled(eepromExists);
+    buttons.EE.onClick = [this] { bench.EEPROMon ? EEPROM_hide() : EEPROM_show(); };
+    menu.mnutoolsEEPROM.onClick = [this] {
+        bench.close("frm_Splash");
+        EEPROM_show();
+    };
+}
+
+PanelRegistry::Class& PanelRegistry::classOf(ChipClass chipClass) {
+    return chipClasses[static_cast<std::size_t>(chipClass)];
+}
+
+PanelRegistry::Slot& PanelRegistry::slotOf(std::string_view panel) {
+    return **std::find_if(slots.begin(), slots.end(),
+                          [panel](const auto& slot) { return slot->row.name == panel; });
+}
+
+MenuEntry& PanelRegistry::entryOf(const PanelRow& row) const {
+    bool variant = row.viewBijaku != nullptr && bench.IsBijakuModeSet();
+    return menu.*(variant ? row.viewBijaku : row.view);
+}
+
+void PanelRegistry::remember(const PanelChoice& choice) {
+    Class& chipClass = classOf(slotOf(choice.panel).row.chipClass);
+    bench.*chipClass.selected = choice.selection;
+    chipClass.button.setCaption(choice.caption);
+}
+
+void PanelRegistry::choose(const PanelChoice& choice) {
+    bench.close("frm_Splash");
+    remember(choice);
+    Slot& slot = slotOf(choice.panel);
+    bool bijaku = choice.variant == Variant::Bijaku;
+    if (bijaku) {
+        // Closed first, so that the toggle opens it in the variant, even where the plain one was showing.
+        hide(slot);
+    }
+    bench.SetBijakuMode(bijaku);
+    TogglePanel(choice.panel, bench.*slot.row.on);
+}
+
+void PanelRegistry::barClicked(ChipClass kind) {
+    const Class& chipClass = classOf(kind);
+    for (const PanelChoice& choice : panelChoices()) {
+        if (choice.selection == bench.*chipClass.selected &&
+            slotOf(choice.panel).row.chipClass == chipClass.chipClass) {
+            choose(choice);
+            return;
+        }
+    }
+    bench.warn(chipClass.nothingSelected);
+}
+
+void PanelRegistry::TogglePanel(std::string_view panel, bool state) {
+    Slot& slot = slotOf(panel);
+    if (state) {
+        hide(slot);
+        return;
+    }
+    auto otherOpen = [&] {
+        return std::find_if(slots.begin(), slots.end(),
+                            [&](const auto& other) { return other.get() != &slot && bench.*other->row.on; });
+    };
+    // A tool that sends as it is closed lets the user act meanwhile, so each hiding looks again.
+    for (auto other = otherOpen(); other != slots.end(); other = otherOpen()) {
+        hide(**other);
+    }
+    show(slot);
+}
+
+void PanelRegistry::reopen(std::string_view panel) {
+    Slot& slot = slotOf(panel);
+    if (slot.row.chipClass == ChipClass::Transmitter) {
+        auto choice =
+            std::find_if(panelChoices().begin(), panelChoices().end(), [panel](const PanelChoice& candidate) {
+                return candidate.panel == panel && candidate.variant == Variant::Plain;
+            });
+        remember(*choice);
+    }
+    show(slot);
+}
+
+ChipPanel& PanelRegistry::ensure(Slot& slot) {
+    if (slot.panel) {
+        return *slot.panel;
+    }
+    if (slot.row.make == nullptr) {
+        throw ToolError(cannotCreate, "Window " + std::string(slot.row.name) + " cannot be created");
+    }
+    slot.panel = slot.row.make(bench);
+    slot.ending = slot.panel->closed.subscribe([this, &slot] { panelClosed(slot); });
+    ChipPanel& panel = *slot.panel;
+    try {
+        panel.load();
+    } catch (...) {
+        // A load that was dropped leaves a panel half filled; the next opening makes a whole one.
+        panel.close();
+        throw;
+    }
+    return panel;
+}
+
+void PanelRegistry::show(Slot& slot) {
+    if (slot.row.make == nullptr) {
+        (void)ensure(slot);
+    }
+    classOf(slot.row.chipClass).button.setPressed(true);
+    bench.*slot.row.on = true;
+    entryOf(slot.row).setChecked(true);
+    ChipPanel& panel = ensure(slot);
+    if (!(bench.*slot.row.on) || slot.panel.get() != &panel) {
+        // Hidden or closed again while its load waited.
+        return;
+    }
+    panel.SetFrameMode();
+    panel.show();
+    panel.setFocus(&panel.ConfLoad);
+    enableTools(slot.row.tools);
+}
+
+void PanelRegistry::enableTools(const PanelTools& tools) {
+    for (auto entry : tools.enabledOnShow) {
+        (menu.*entry).setEnabled(true);
+    }
+    if (bench.LoadBoardRev == 2) {
+        for (auto entry : tools.enabledWithGeneration2) {
+            (menu.*entry).setEnabled(true);
+        }
+    }
+}
+
+void PanelRegistry::hide(Slot& slot) {
+    const PanelRow& row = slot.row;
+    classOf(row.chipClass).button.setPressed(false);
+    bench.*row.on = false;
+    (menu.*row.view).setChecked(false);
+    if (row.viewBijaku != nullptr) {
+        (menu.*row.viewBijaku).setChecked(false);
+    }
+    if (slot.panel) {
+        slot.panel->hide();
+        slot.panel->hidden();
+    }
+    for (auto entry : row.tools.disabledOnHide) {
+        (menu.*entry).setEnabled(false);
+    }
+    closeTools(bench, row.tools.closedOnHide);
+}
+
+void PanelRegistry::panelClosed(Slot& slot) {
+    std::shared_ptr<ChipPanel> leaving = std::move(slot.panel);
+    bench.platform.loop.discardLater([leaving]() mutable { leaving.reset(); });
+    try {
+        hide(slot);
+    } catch (...) {
+        bench.close(supplyTool);
+        throw;
+    }
+    bench.close(supplyTool);
+}
+
+void PanelRegistry::EEPROM_show() {
+    buttons.EE.setPressed(true);
+    bench.open(eepromTool);
+    if (Form* form = bench.desk.find(eepromTool)) {
+        eepromEnding = form->closed.subscribe([this] { buttons.EE.setPressed(false); });
+    }
+}
+
+void PanelRegistry::EEPROM_hide() {
+    buttons.EE.setPressed(false);
+    bench.close(eepromTool);
+}
+
+void PanelRegistry::closeAtExit() {
+    for (const char* name : {"OpalV2", "AmberV1", "BerylV3"}) {
+        Slot& slot = slotOf(name);
+        if (!slot.panel) {
+            continue;
+        }
+        try {
+            slot.panel->close();
+        } catch (const ActionDropped&) {
+            // Its farewell went nowhere; the next one's may still be heard.
+        } catch (const ToolError&) {
+            // There is nobody left to tell.
+        }
+    }
+}
+
+} // namespace zor

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/menu.h"
+#include "link/bench.h"
+#include "shell/panel_table.h"
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace zor {
+
+/// The first bar's buttons.
+struct ChipButtons {
+    BarButton& TX;
+    BarButton& RX;
+    BarButton& TRX;
+    BarButton& EE;
+};
+
+/// The chip panels, of which one at most is open, and what of menus and bars goes with them.
+///
+/// Showing a panel the first time makes and fills it. Hiding keeps it with all its fields; closing its window
+/// unloads it, and the next showing makes a new one. Owned by the main window.
+class PanelRegistry {
+  public:
+    PanelRegistry(Bench& ownBench, MainMenu& ownMenu, ChipButtons ownButtons,
+                  const std::vector<PanelRow>& rows = panelRows());
+    PanelRegistry(const PanelRegistry&) = delete;
+    PanelRegistry& operator=(const PanelRegistry&) = delete;
+    ~PanelRegistry();
+
+    /// Hides the panel if it is open; else hides every other one and shows it. The one place that keeps it to
+    /// one panel at a time.
+    /// @param state  the panel's switch
+    void TogglePanel(std::string_view panel, bool state);
+
+    /// Opens a panel whatever else is open, a transmitter as the last one chosen. Throws ToolError if there
+    /// is no such panel.
+    void reopen(std::string_view panel);
+
+    void EEPROM_show();
+    void EEPROM_hide();
+
+    /// The end of the program: the panels whose end concerns the chip are closed.
+    void closeAtExit();
+
+  private:
+    struct Slot;
+    struct Class;
+
+    void wire();
+    [[nodiscard]] static std::vector<Class> classes(const ChipButtons& buttons);
+    [[nodiscard]] Class& classOf(ChipClass chipClass);
+    [[nodiscard]] Slot& slotOf(std::string_view panel);
+    [[nodiscard]] MenuEntry& entryOf(const PanelRow& row) const;
+
+    void choose(const PanelChoice& choice);
+    void remember(const PanelChoice& choice);
+    void barClicked(ChipClass chipClass);
+    void show(Slot& slot);
+    void hide(Slot& slot);
+    void enableTools(const PanelTools& tools);
+    ChipPanel& ensure(Slot& slot);
+    void panelClosed(Slot& slot);
+
+    Bench& bench;
+    MainMenu& menu;
+    ChipButtons buttons;
+    std::vector<Class> chipClasses;
+    std::vector<std::unique_ptr<Slot>> slots;
+    Subscription eepromEnding;
+};
+
+} // namespace zor
