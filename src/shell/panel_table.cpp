@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/panel_table.h"
 
+#include "panels/transmitters/jade_v1.h"
+#include "panels/transmitters/kt1102.h"
 #include "panels/transmitters/opal_v2.h"
 
 namespace zor {
@@ -59,8 +61,8 @@ const std::vector<PanelRow>& panelRows() {
     // clang-format off
     static const std::vector<PanelRow> rows = {
         {"OpalV2",    &Bench::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>},
-        {"JadeV1",    &Bench::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), nullptr},
-        {"KT1102",    &Bench::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    nullptr},
+        {"JadeV1",    &Bench::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>},
+        {"KT1102",    &Bench::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>},
         {"AmberV1",   &Bench::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    nullptr},
         {"Coral",     &Bench::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    nullptr},
         {"BerylV3",   &Bench::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), nullptr},
