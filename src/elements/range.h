@@ -44,6 +44,10 @@ class UpDown : public Element {
     bool stepUp() override;
     bool stepDown() override;
 
+    /// The number that it steps, as its field says it now; 0 if it steps none.
+    [[nodiscard]] int value() const { return reading ? reading() : 0; }
+
+    std::function<int()> reading;
     std::function<void()> onUp;
     std::function<void()> onDown;
 };

@@ -65,6 +65,8 @@ Preferences::Preferences(Bench& ownBench, MenuEntry& firmwareLoader)
     TabStrip1.onTurn = [this] { TabStrip1_Click(); };
     ComNr_min.onEdit = [this] { clampEdited(ComNr_min); };
     ComNr_max.onEdit = [this] { clampEdited(ComNr_max); };
+    UpDown1.reading = [this] { return portOf(ComNr_min); };
+    UpDown2.reading = [this] { return portOf(ComNr_max); };
     UpDown1.onUp = [this] { stepFirst(+1); };
     UpDown1.onDown = [this] { stepFirst(-1); };
     UpDown2.onUp = [this] { stepLast(+1); };

@@ -112,8 +112,12 @@ void back(World& world, const Arguments& arguments) {
 }
 
 void value(World& world, const Arguments& arguments) {
+    if (auto* arrows = dynamic_cast<UpDown*>(&world.element(arguments.text(0)))) {
+        expectNumber("value of " + arguments.text(0), arguments.number(1), arrows->value());
+        return;
+    }
     expectNumber("value of " + arguments.text(0), arguments.number(1),
-                 as<Ranged>(world, arguments, "a slider or progress").value());
+                 as<Ranged>(world, arguments, "a slider, progress or up-down").value());
 }
 
 bool isOpen(World& world, const Arguments& arguments) {

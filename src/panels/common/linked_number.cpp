@@ -17,6 +17,7 @@ LinkedNumber::LinkedNumber(TextField& ownField, IntegerRange ownRange, Slider* o
         slider->onChange = [this] { enter(std::to_string(slider->value())); };
     }
     if (arrows != nullptr) {
+        arrows->reading = [this] { return roundToInt(numericPrefix(field.text())); };
         arrows->onUp = [this] { step(1); };
         arrows->onDown = [this] { step(-1); };
     }
