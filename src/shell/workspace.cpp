@@ -22,6 +22,18 @@ const Values placed = {Value::Top, Value::Left};
 const Values placedAndSized = {Value::Top, Value::Left, Value::Height, Value::Width};
 const Values terminalValues = {Value::Script, Value::Top, Value::Left, Value::Height, Value::Width};
 
+/// A first line of another form is no banner either; only an empty file is something else.
+bool startsWithBanner(RecordReader& reader) {
+    try {
+        return reader.text() == banner;
+    } catch (const ToolError& error) {
+        if (error.number() == typeMismatch) {
+            return false;
+        }
+        throw;
+    }
+}
+
 TickBox* scriptTick(const Form& form) {
     return dynamic_cast<TickBox*>(form.find("En_ScriptWindow"));
 }
@@ -137,7 +149,7 @@ void Workspace::load() {
 
 void Workspace::open(std::string bytes) {
     RecordReader reader(std::move(bytes));
-    if (reader.text() != banner) {
+    if (!startsWithBanner(reader)) {
         throw ToolError(wrongBanner, "Incorrect workspace file version");
     }
     std::vector<bool> switches;
