@@ -222,6 +222,21 @@ TEST_F(Registry, AToolWhoseEndIsDroppedDoesNotKeepTheOthersOpen) {
     EXPECT_EQ(bench.desk.find("OpalV2"), nullptr);
 }
 
+TEST_F(Registry, AChoiceMadeWhileAToolIsBeingClosedLeavesOnePanelOpen) {
+    choose(menu.mnuViewTx0);
+    // A tool that sends at its end lets the user act meanwhile.
+    shared.closeTool["frm_Link"] = [this] {
+        if (!shared.RXon) {
+            menu.mnuViewRx.click();
+        }
+    };
+    choose(menu.mnuViewTRx);
+    EXPECT_EQ(openPanels(), Names{"BerylV3"});
+    EXPECT_FALSE(menu.mnuViewRx.checked());
+    EXPECT_FALSE(RX.pressed());
+    EXPECT_TRUE(TRX.pressed());
+}
+
 TEST_F(Registry, TheEndOfTheProgramClosesThreePanelsHiddenOnesToo) {
     for (MenuEntry* entry : {&menu.mnuViewTRx, &menu.mnuViewRx, &menu.mnuViewTx1, &menu.mnuViewTx0}) {
         choose(*entry);
