@@ -54,8 +54,15 @@ PanelRegistry::PanelRegistry(Bench& ownBench, MainMenu& ownMenu, ChipButtons own
     , chipClasses(classes(ownButtons)) {
     for (const PanelRow& row : rows) {
         slots.push_back(std::make_unique<Slot>(Slot{row, nullptr, {}}));
+        if (row.make != nullptr) {
+            offerToWorkspace(*slots.back());
+        }
     }
-    wire();
+    wireMenu();
+    for (Class& chipClass : chipClasses) {
+        wireButton(chipClass);
+    }
+    wireEeprom();
 }
 
 PanelRegistry::~PanelRegistry() = default;
@@ -69,44 +76,45 @@ std::vector<PanelRegistry::Class> PanelRegistry::classes(const ChipButtons& butt
              "Please select KT3100, KT3100B or KT3101 from the dropdown list!"}};
 }
 
-void PanelRegistry::wire() {
+void PanelRegistry::wireMenu() {
     for (const PanelChoice& choice : panelChoices()) {
         MenuEntry& entry = menu.*choice.view;
         entry.onClick = [this, &choice] { choose(choice); };
         entry.setEnabled(slotOf(choice.panel).row.make != nullptr);
     }
-    for (Class& chipClass : chipClasses) {
-        std::vector<DropDownEntry> entries;
-        for (const PanelChoice& choice : panelChoices()) {
-            const PanelRow& row = slotOf(choice.panel).row;
-            if (row.chipClass == chipClass.chipClass) {
-                entries.push_back({choice.key, (menu.*choice.view).caption(), row.make != nullptr});
-            }
-        }
-        chipClass.button.setEntries(std::move(entries));
-        chipClass.button.onClick = [this, kind = chipClass.chipClass] { barClicked(kind); };
-        chipClass.button.onChoose = [this](const std::string& key) {
-            for (const PanelChoice& choice : panelChoices()) {
-                if (choice.key == key) {
-                    choose(choice);
-                }
-            }
-        };
-    }
-    for (const std::unique_ptr<Slot>& slot : slots) {
-        if (slot->row.make != nullptr) {
-            bench.createTool[slot->row.name] = [this, &owner = *slot]() -> Form& {
-                ChipPanel& panel = ensure(owner);
-                if (!panel.isOpen()) {
-                    panel.SetFrameMode();
-                }
-                return panel;
-            };
+}
+
+void PanelRegistry::wireButton(Class& chipClass) {
+    std::vector<DropDownEntry> entries;
+    for (const PanelChoice& choice : panelChoices()) {
+        const PanelRow& row = slotOf(choice.panel).row;
+        if (row.chipClass == chipClass.chipClass) {
+            entries.push_back({choice.key, (menu.*choice.view).caption(), row.make != nullptr});
         }
     }
-    bool eepromExists = bench.openTool.contains(eepromTool);
-    buttons.EE.setEnabled(eepromExists);
-    menu.mnutoolsEEPROM.setEnabled(eepromExists);
+    chipClass.button.setEntries(std::move(entries));
+    chipClass.button.onClick = [this, kind = chipClass.chipClass] { barClicked(kind); };
+    chipClass.button.onChoose = [this](const std::string& key) {
+        auto choice = std::find_if(panelChoices().begin(), panelChoices().end(),
+                                   [&key](const PanelChoice& candidate) { return candidate.key == key; });
+        choose(*choice);
+    };
+}
+
+void PanelRegistry::offerToWorkspace(Slot& slot) {
+    bench.createTool[slot.row.name] = [this, &slot]() -> Form& {
+        ChipPanel& panel = ensure(slot);
+        if (!panel.isOpen()) {
+            panel.SetFrameMode();
+        }
+        return panel;
+    };
+}
+
+void PanelRegistry::wireEeprom() {
+    bool exists = bench.openTool.contains(eepromTool);
+    buttons.EE.setEnabled(exists);
+    menu.mnutoolsEEPROM.setEnabled(exists);
     buttons.EE.onClick = [this] { bench.EEPROMon ? EEPROM_hide() : EEPROM_show(); };
     menu.mnutoolsEEPROM.onClick = [this] {
         bench.close("frm_Splash");
@@ -192,9 +200,6 @@ ChipPanel& PanelRegistry::ensure(Slot& slot) {
     if (slot.panel) {
         return *slot.panel;
     }
-    if (slot.row.make == nullptr) {
-        throw ToolError(cannotCreate, "Window " + std::string(slot.row.name) + " cannot be created");
-    }
     slot.panel = slot.row.make(bench);
     slot.ending = slot.panel->closed.subscribe([this, &slot] { panelClosed(slot); });
     ChipPanel& panel = *slot.panel;
@@ -210,7 +215,7 @@ ChipPanel& PanelRegistry::ensure(Slot& slot) {
 
 void PanelRegistry::show(Slot& slot) {
     if (slot.row.make == nullptr) {
-        (void)ensure(slot);
+        throw ToolError(cannotCreate, "Window " + std::string(slot.row.name) + " cannot be created");
     }
     classOf(slot.row.chipClass).button.setPressed(true);
     bench.*slot.row.on = true;

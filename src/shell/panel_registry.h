@@ -50,7 +50,11 @@ class PanelRegistry {
     struct Slot;
     struct Class;
 
-    void wire();
+    void wireMenu();
+    void wireButton(Class& chipClass);
+    void wireEeprom();
+    /// Lets the workspace place the panel before it is shown.
+    void offerToWorkspace(Slot& slot);
     [[nodiscard]] static std::vector<Class> classes(const ChipButtons& buttons);
     [[nodiscard]] Class& classOf(ChipClass chipClass);
     [[nodiscard]] Slot& slotOf(std::string_view panel);
@@ -62,6 +66,7 @@ class PanelRegistry {
     void show(Slot& slot);
     void hide(Slot& slot);
     void enableTools(const PanelTools& tools);
+    /// The panel, made and filled if there is none; its row has a maker.
     ChipPanel& ensure(Slot& slot);
     void panelClosed(Slot& slot);
 
