@@ -39,10 +39,14 @@ Format parseFormat(const std::string& text) {
     return format;
 }
 
+bool deviceExists(const std::string& path) {
+    return !path.empty() && ::access(path.c_str(), F_OK) == 0;
+}
+
 /// Why a device file cannot be opened, told before the opening as the toolkit says "permission" for both a
 /// device of another user and one that is in use.
 void checkAccess(const std::string& path) {
-    if (path.empty() || ::access(path.c_str(), F_OK) != 0) {
+    if (!deviceExists(path)) {
         throw ToolError(invalidPort);
     }
     if (::access(path.c_str(), R_OK | W_OK) != 0) {
@@ -85,7 +89,9 @@ QtSerialPort::QtSerialPort(EventLoop& eventLoop, SerialDevices& serialDevices)
     , devices(serialDevices) {
     QObject::connect(&port, &QSerialPort::readyRead, &port, [this] { takeIncoming(); });
     QObject::connect(&port, &QSerialPort::errorOccurred, &port, [this](QSerialPort::SerialPortError error) {
-        if (error == QSerialPort::ResourceError && isOpen()) {
+        // A read or write may be the first to find that there is nothing at the other end any more.
+        bool failed = error == QSerialPort::ReadError || error == QSerialPort::WriteError;
+        if (isOpen() && (error == QSerialPort::ResourceError || (failed && !deviceExists(path)))) {
             deviceGone();
         }
     });
@@ -148,7 +154,7 @@ void QtSerialPort::close() {
     if (!isOpen()) {
         return;
     }
-    bool wasGone = std::exchange(gone, false);
+    bool wasGone = std::exchange(gone, false) || !deviceExists(path);
     incoming.clear();
     if (port.isOpen()) {
         waitUntilSent();
@@ -174,7 +180,7 @@ void QtSerialPort::write(std::string_view bytes) {
     if (!isOpen()) {
         throw ToolError(portNotOpen);
     }
-    if (gone) {
+    if (gone || !deviceExists(path)) {
         return;
     }
     auto size = static_cast<qint64>(bytes.size());

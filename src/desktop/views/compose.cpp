@@ -3,6 +3,7 @@
 
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/colours.h"
+#include "panels/common/control_word.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -235,6 +236,15 @@ QWidget* wordsGroup(const QString& title, std::vector<std::pair<QString, QWidget
     table->setColumnStretch(0, 1);
     table->setRowStretch(row, 1);
     return box;
+}
+
+QWidget* wordsGroup(const QString& title, const std::vector<ControlWord*>& words) {
+    std::vector<std::pair<QString, QWidget*>> rows;
+    rows.reserve(words.size());
+    for (ControlWord* control : words) {
+        rows.emplace_back(toQt(control->caption()), word(*control));
+    }
+    return wordsGroup(title, std::move(rows));
 }
 
 QWidget* window(Lines lines, int grows) {

@@ -11,8 +11,7 @@
 //     QWidget* opalView(Form& form) {
 //         auto& p = static_cast<OpalV2&>(form);
 //         return window({
-//             across({column({crystalGroup(p), frequencyGroup(p)}), wordsGroup("Control words", {
-//                 {"Configuration Setting", word(p.Ctrlw, pending(p, p.Ctrlw))}, ... })}),
+//             across({column({crystalGroup(p), frequencyGroup(p)}), wordsGroup("Control words", p.words())}),
 //             group("Status", {grid(8, {lamp(p.status1), ...})}),
 //             line(statusLine(p.Statusline), button(p.ShowStatus)),
 //         });
@@ -101,6 +100,9 @@ template <class... Cells>
 
 /// Captions on the left and words on the right, under one another: the column that the eye runs down.
 [[nodiscard]] QWidget* wordsGroup(const QString& title, std::vector<std::pair<QString, QWidget*>> words);
+
+/// The same for control words, each by its own caption.
+[[nodiscard]] QWidget* wordsGroup(const QString& title, const std::vector<ControlWord*>& words);
 
 /// The whole content of a window. The line at `grows` takes the height that is left over; -1 leaves it at
 /// the bottom.

@@ -20,11 +20,11 @@
 
 #include <initializer_list>
 
-class QAbstractButton;
-class QMenu;
 class QMenuBar;
 
 namespace zor {
+
+class ControlWord;
 
 /// A field for a number: right-aligned and as wide as what goes in.
 /// Enter commits, Escape brings back the text that it had when it took the focus or was last committed.
@@ -36,6 +36,8 @@ namespace zor {
 /// A control word: fixed-pitch and centred. It is marked while `pending` says so; a change that does not
 /// come from the element itself is made seen by Binding::redraw.
 [[nodiscard]] QWidget* word(TextField& element, std::function<bool()> pending = {});
+/// The same with the word's own mark of what was not sent yet.
+[[nodiscard]] QWidget* word(ControlWord& element);
 /// A line of notices without a frame, at the bottom of a window.
 [[nodiscard]] QWidget* statusLine(TextField& element);
 

@@ -207,7 +207,6 @@ QWidget* barButton(BarButton& element) {
     tool->setAutoRaise(true);
     // A tool bar leaves the focus where it is.
     tool->setFocusPolicy(Qt::TabFocus);
-    tool->setMenu(new QMenu(tool));
     auto* binding = new Binding(element, *tool);
     QObject::connect(tool, &QToolButton::clicked, binding,
                      [binding] { binding->gesture([&] { binding->element()->click(); }); });
@@ -215,10 +214,13 @@ QWidget* barButton(BarButton& element) {
         const auto& held = *elementOf<BarButton>(*binding);
         tool->setText(toQt(held.caption()));
         tool->setChecked(held.pressed());
-        if (!sameEntries(*tool->menu(), held.entries())) {
+        if (tool->menu() == nullptr && !held.entries().empty()) {
+            tool->setMenu(new QMenu(tool));
+            tool->setPopupMode(QToolButton::MenuButtonPopup);
+        }
+        if (tool->menu() != nullptr && !sameEntries(*tool->menu(), held.entries())) {
             fillDropDown(*tool, *binding);
         }
-        tool->setPopupMode(held.entries().empty() ? QToolButton::DelayedPopup : QToolButton::MenuButtonPopup);
     });
     return tool;
 }

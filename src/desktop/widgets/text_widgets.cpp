@@ -2,6 +2,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "panels/common/control_word.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -156,6 +157,11 @@ QWidget* word(TextField& element, std::function<bool()> pending) {
         line->setFont(font);
     });
     return line;
+}
+
+QWidget* word(ControlWord& element) {
+    // Held by the widget's binding, which ends with the form.
+    return word(element, [&element] { return element.pending(); });
 }
 
 QWidget* textArea(TextField& element, int columns, int lines) {

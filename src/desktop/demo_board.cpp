@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/demo_board.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+
+namespace zor {
+
+namespace {
+
+constexpr int startLimit = 5'000; // ms
+constexpr int endLimit = 1'000;
+
+QString simulatorPath() {
+    QDir here(QCoreApplication::applicationDirPath());
+    QString name = QStringLiteral("loadboard-sim");
+    QString found =
+        QStandardPaths::findExecutable(name, {here.path(), here.filePath(QStringLiteral("../../simulator")),
+                                              here.filePath(QStringLiteral("../simulator"))});
+    return found.isEmpty() ? QStandardPaths::findExecutable(name) : found;
+}
+
+} // namespace
+
+DemoBoard::~DemoBoard() {
+    stop();
+}
+
+QString DemoBoard::start(const QStringList& arguments) {
+    QString program = simulatorPath();
+    if (program.isEmpty()) {
+        return {};
+    }
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    // It watches its standard input, so that it ends with this program however this program ends.
+    process.start(program, QStringList(arguments) << QStringLiteral("--exit-with-stdin"),
+                  QIODevice::ReadWrite);
+    QByteArray line;
+    while (!line.endsWith('\n')) {
+        if (!process.waitForReadyRead(startLimit)) {
+            return {};
+        }
+        line += process.readLine();
+    }
+    return QString::fromLocal8Bit(line.trimmed());
+}
+
+void DemoBoard::stop() {
+    if (process.state() == QProcess::NotRunning) {
+        return;
+    }
+    process.terminate();
+    if (!process.waitForFinished(endLimit)) {
+        process.kill();
+        process.waitForFinished(endLimit);
+    }
+}
+
+} // namespace zor

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QProcess>
+#include <QString>
+
+namespace zor {
+
+/// The simulated board of --demo: a program of its own, whose terminal is one more serial port. It ends with
+/// this.
+class DemoBoard {
+  public:
+    DemoBoard() = default;
+    ~DemoBoard();
+    DemoBoard(const DemoBoard&) = delete;
+    DemoBoard& operator=(const DemoBoard&) = delete;
+
+    /// Starts the simulator that lies beside this program, or where the build leaves it.
+    /// @return the terminal's path; empty if it cannot be started
+    [[nodiscard]] QString start(const QStringList& arguments = {QStringLiteral("--kind"),
+                                                                QStringLiteral("lb2")});
+    /// Pulls the board out at once.
+    void stop();
+
+  private:
+    QProcess process;
+};
+
+} // namespace zor

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/demo_tour.h"
+
+#include "desktop/adapters/qt_text.h"
+#include "elements/button.h"
+#include "elements/menu.h"
+#include "elements/tick_box.h"
+#include "shell/main_window.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPixmap>
+
+#include <algorithm>
+#include <set>
+
+namespace zor {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Entries that open no window of ours: dialogs of the system, files, the end of the program.
+const std::set<std::string> notVisited{"mnuFileExit",      "mnuSaveWorkspace", "mnuViewToolbar",
+                                       "mnuHelpBrowseDoc", "mnuHelpBrowseEx",  "mnuHelpSWguide",
+                                       "mnuHelp1100DS",    "mnuHelp2100DS",    "mnutoolsTerminal"};
+
+} // namespace
+
+DemoTour::DemoTour(MainWindow& mainForm, Workbench& mainWindow, QDir pictures, QString filePrefix)
+    : main(mainForm)
+    , window(mainWindow)
+    , folder(std::move(pictures))
+    , prefix(std::move(filePrefix))
+    , boxCloser(mainForm.loop(), [this] { closeBoxes(); }) {}
+
+void DemoTour::play() {
+    folder.mkpath(QStringLiteral("."));
+    boxCloser.start(200ms);
+    settle(300ms);
+    takePicture(QStringLiteral("start"));
+    for (Form* form : openForms()) {
+        form->userClose();
+    }
+    waitForBoard();
+    takePicture(QStringLiteral("connected"));
+    visitTerminal();
+    if (main.bench().openTool.contains("frm_PowerSupply")) {
+        main.perform([this] { main.bench().open("frm_PowerSupply"); });
+        visitForm(*main.desk().find("frm_PowerSupply"));
+    }
+    for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
+        visit(*menu);
+    }
+    boxCloser.stop();
+    main.userClose();
+}
+
+void DemoTour::settle(std::chrono::milliseconds time) {
+    bool over = false;
+    main.loop().startTimer(time, EventLoop::Repeat::Once, [&over] { over = true; });
+    main.loop().runUntil([&over] { return over; });
+}
+
+void DemoTour::waitForBoard() {
+    main.loop().runUntil([this] { return main.bench().CommState == 0 && !main.linkBar.Connect.enabled(); });
+    main.loop().runUntil([this] { return main.linkBar.CommStatus.text() == "Comm. OK"; });
+    settle(500ms);
+}
+
+void DemoTour::takePicture(const QString& name) {
+    QPixmap picture = window.grab();
+    // A dialog is a window of its own; on the picture it lies where the user sees it.
+    for (QWidget* dialog : QApplication::topLevelWidgets()) {
+        if (dialog != &window && dialog->isVisible() && dialog->isModal()) {
+            QPainter painter(&picture);
+            QRect place(window.mapFromGlobal(dialog->pos()), dialog->size());
+            painter.drawPixmap(place.topLeft(), dialog->grab());
+            painter.setPen(Qt::gray);
+            painter.drawRect(place.adjusted(-1, -1, 0, 0));
+        }
+    }
+    picture.save(folder.filePath(prefix + name + QStringLiteral(".png")));
+}
+
+std::vector<Form*> DemoTour::openForms() const {
+    std::vector<Form*> open;
+    for (Form* form : main.desk().forms()) {
+        if (form->isOpen() && form != &main) {
+            open.push_back(form);
+        }
+    }
+    return open;
+}
+
+void DemoTour::visit(MenuEntry& entry) {
+    for (MenuEntry* child : entry.children()) {
+        visit(*child);
+    }
+    if (!entry.children().empty() || notVisited.contains(entry.name()) || !entry.usable()) {
+        return;
+    }
+    auto before = openForms();
+    entry.click();
+    for (Form* form : openForms()) {
+        if (std::find(before.begin(), before.end(), form) == before.end()) {
+            visitForm(*form);
+            return;
+        }
+    }
+}
+
+void DemoTour::visitTerminal() {
+    main.menu.mnutoolsTerminal.click();
+    Form* terminal = main.desk().find("Terminal");
+    for (char key : std::string("i\r")) {
+        terminal->find("Text1")->press(key);
+    }
+    settle(900ms);
+    static_cast<TickBox*>(terminal->find("En_ScriptWindow"))->tick(true);
+    terminal->find("Script")->edit("Z3\r\nRS\r\n");
+    visitForm(*terminal);
+}
+
+void DemoTour::visitForm(Form& form) {
+    settle(150ms);
+    // The chip's answer belongs on its panel's picture.
+    if (auto* fold = form.find("ShowStatus"); fold != nullptr && fold->caption() == "Show Status") {
+        fold->click();
+        settle(50ms);
+    }
+    takePicture(toQt(form.name()));
+    form.userClose();
+    settle(50ms);
+}
+
+void DemoTour::closeBoxes() {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        takePicture(QStringLiteral("box"));
+        box->accept();
+    }
+}
+
+} // namespace zor

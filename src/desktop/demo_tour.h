@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/workbench.h"
+#include "platform/event_loop.h"
+
+#include <QDir>
+
+namespace zor {
+
+class MenuEntry;
+
+/// Walks through the program on its own and takes a picture of every window: for the user guide, and for
+/// whoever changed a view and wants to see all of them. It needs the simulated board. Owned by main.
+class DemoTour {
+  public:
+    /// @param pictures  where the pictures go; made if it is missing
+    /// @param filePrefix  begins each picture's name ("light-")
+    DemoTour(MainWindow& mainForm, Workbench& mainWindow, QDir pictures, QString filePrefix);
+
+    /// Runs it from the program's start to its end, and closes the program.
+    void play();
+
+  private:
+    void settle(std::chrono::milliseconds time);
+    void waitForBoard();
+    void takePicture(const QString& name);
+    void visit(MenuEntry& entry);
+    void visitTerminal();
+    void visitForm(Form& form);
+    [[nodiscard]] std::vector<Form*> openForms() const;
+    void closeBoxes();
+
+    MainWindow& main;
+    Workbench& window;
+    QDir folder;
+    QString prefix;
+    Timer boxCloser;
+};
+
+} // namespace zor

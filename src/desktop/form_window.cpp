@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/form_window.h"
+
+#include "desktop/adapters/qt_text.h"
+#include "desktop/widgets/binding.h"
+
+#include <QDialog>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMouseEvent>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <cmath>
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+int pixels(Twips length) {
+    return static_cast<int>(std::lround(length / twipsPerPixel));
+}
+
+Twips twips(int length) {
+    return static_cast<Twips>(length) * twipsPerPixel;
+}
+
+/// Escape asks to close, as the window's own button does.
+class FormDialog : public QDialog {
+  public:
+    using QDialog::QDialog;
+    void reject() override { close(); }
+};
+
+} // namespace
+
+FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea& area)
+    : form(&shownForm)
+    , inner(content)
+    , scroller(new QScrollArea)
+    , mdi(area) {
+    // Larger fonts make a window scroll rather than clip.
+    scroller->setWidgetResizable(true);
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setWidget(content);
+    if (form->kind() == Form::Kind::Modal) {
+        makeDialog(*area.window());
+    } else {
+        makeInner(area, frame);
+    }
+    outer->setObjectName(toQt(form->name()));
+    outer->installEventFilter(this);
+    inner->installEventFilter(this);
+    subscriptions.push_back(form->changed.subscribe([this] { follow(); }));
+    subscriptions.push_back(form->raised.subscribe([this] {
+        outer->raise();
+        if (auto* window = qobject_cast<QMdiSubWindow*>(outer)) {
+            mdi.setActiveSubWindow(window);
+        } else {
+            outer->activateWindow();
+        }
+    }));
+}
+
+FormWindow::~FormWindow() {
+    letGo();
+}
+
+void FormWindow::makeInner(QMdiArea& area, Frame frame) {
+    auto* window = new QMdiSubWindow;
+    window->setWidget(scroller);
+    // Named flags alone: a system menu would bring the toolkit's icon into the title bar.
+    Qt::WindowFlags flags = Qt::SubWindow | Qt::CustomizeWindowHint;
+    flags |=
+        frame == Frame::Titled ? Qt::WindowTitleHint | Qt::WindowCloseButtonHint : Qt::FramelessWindowHint;
+    area.addSubWindow(window, flags);
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    window->hide();
+    outer = window;
+}
+
+void FormWindow::makeDialog(QWidget& parent) {
+    auto* dialog = new FormDialog(&parent);
+    dialog->setWindowModality(Qt::WindowModal);
+    dialog->setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    auto* layout = new QVBoxLayout(dialog);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(scroller);
+    outer = dialog;
+}
+
+void FormWindow::letGo() {
+    subscriptions.clear();
+    form = nullptr;
+    if (outer) {
+        outer->removeEventFilter(this);
+        outer->hide();
+        outer->deleteLater();
+        outer = nullptr;
+    }
+}
+
+void FormWindow::follow() {
+    if (form == nullptr || std::exchange(following, true)) {
+        return;
+    }
+    outer->setWindowTitle(toQt(form->title()));
+    bool opens = form->isOpen() && outer->isHidden();
+    if (opens) {
+        fitContent();
+    }
+    putGeometry();
+    if (outer->isHidden() == form->isOpen()) {
+        outer->setVisible(form->isOpen());
+    }
+    following = false;
+    if (opens) {
+        tellPlace();
+        tellExtent();
+        if (auto* window = qobject_cast<QMdiSubWindow*>(outer)) {
+            mdi.setActiveSubWindow(window);
+        }
+    }
+    showFocus();
+}
+
+QSize FormWindow::decoration() const {
+    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
+        return {0, 0};
+    }
+    QSize frame = outer->sizeHint() - scroller->sizeHint();
+    return frame.expandedTo({0, 0});
+}
+
+/// The form says how large it likes to be; its content says how large it must be, and the main window how
+/// large it can be.
+void FormWindow::fitContent() {
+    QSize needed = inner->sizeHint().expandedTo(inner->minimumSizeHint()) + decoration();
+    if (qobject_cast<QMdiSubWindow*>(outer) != nullptr) {
+        needed = needed.boundedTo(mdi.viewport()->size().expandedTo({320, 240}));
+    }
+    QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
+    QSize size = wanted.expandedTo(needed);
+    if (size != wanted) {
+        form->setExtent({twips(size.height()), twips(size.width())});
+    }
+}
+
+void FormWindow::putGeometry() {
+    QSize size(pixels(form->extent().width), pixels(form->extent().height));
+    if (!size.isEmpty() && outer->size() != size) {
+        outer->resize(size);
+    }
+    if (form->place() == Place{}) {
+        // Nobody has placed it: the toolkit may.
+        return;
+    }
+    QPoint place(pixels(form->place().left), pixels(form->place().top));
+    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
+        // A dialog's place counts from the main window's corner, as an inner window's does.
+        place = mdi.window()->mapToGlobal(place);
+    }
+    if (outer->pos() != place) {
+        outer->move(place);
+    }
+}
+
+void FormWindow::tellPlace() {
+    if (form == nullptr || following || !outer->isVisible()) {
+        return;
+    }
+    QPoint place = outer->pos();
+    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
+        place = mdi.window()->mapFromGlobal(place);
+    }
+    if (QPoint(pixels(form->place().left), pixels(form->place().top)) != place) {
+        form->userMove({twips(place.y()), twips(place.x())});
+    }
+}
+
+void FormWindow::tellExtent() {
+    if (form == nullptr || following || !outer->isVisible()) {
+        return;
+    }
+    QSize size = outer->size();
+    if (QSize(pixels(form->extent().width), pixels(form->extent().height)) != size) {
+        form->userResize({twips(size.height()), twips(size.width())});
+    }
+}
+
+void FormWindow::showFocus() {
+    Element* focused = form == nullptr ? nullptr : form->focusedElement();
+    if (focused == nullptr) {
+        return;
+    }
+    auto* widget = inner->findChild<QWidget*>(toQt(focused->name()));
+    if (widget != nullptr && !widget->hasFocus()) {
+        widget->setFocus();
+    }
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (form == nullptr) {
+        return false;
+    }
+    if (watched == outer) {
+        switch (event->type()) {
+        case QEvent::Close:
+            // The form decides, and hides the window itself.
+            event->ignore();
+            form->userClose();
+            return true;
+        case QEvent::Move:
+            tellPlace();
+            break;
+        case QEvent::Resize:
+            tellExtent();
+            break;
+        default:
+            break;
+        }
+        return false;
+    }
+    if (event->type() == QEvent::MouseButtonPress) {
+        form->userClick();
+    }
+    return false;
+}
+
+} // namespace zor

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/adapters/linux_usb_driver.h"
+#include "desktop/adapters/qt_dialogs.h"
+#include "desktop/adapters/qt_loop.h"
+#include "desktop/adapters/qt_serial_port.h"
+#include "desktop/adapters/qt_surroundings.h"
+#include "desktop/adapters/qt_text.h"
+#include "desktop/demo_board.h"
+#include "desktop/demo_tour.h"
+#include "desktop/widgets/bench_style.h"
+#include "desktop/widgets/colours.h"
+#include "desktop/workbench.h"
+#include "shell/about.h"
+#include "shell/main_window.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLocale>
+#include <QStandardPaths>
+
+#include <cstdio>
+
+namespace {
+
+struct Switches {
+    bool demo = false;
+    QString pictures;
+    std::optional<zor::Scheme> scheme;
+};
+
+Switches readSwitches(const QApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QString::fromLatin1(zor::productTitle));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    QCommandLineOption demo(QStringLiteral("demo"),
+                            QStringLiteral("Offer a simulated board as the first port."));
+    QCommandLineOption light(QStringLiteral("light"),
+                             QStringLiteral("Light colours, whatever the desktop has."));
+    QCommandLineOption dark(QStringLiteral("dark"),
+                            QStringLiteral("Dark colours, whatever the desktop has."));
+    QCommandLineOption play(QStringLiteral("play-demo"),
+                            QStringLiteral("Walk through the demo and leave a picture of every window."),
+                            QStringLiteral("folder"));
+    parser.addOptions({demo, light, dark, play});
+    parser.process(application);
+    Switches switches;
+    switches.pictures = parser.value(play);
+    switches.demo = parser.isSet(demo) || !switches.pictures.isEmpty();
+    if (parser.isSet(dark)) {
+        switches.scheme = zor::Scheme::Dark;
+    } else if (parser.isSet(light)) {
+        switches.scheme = zor::Scheme::Light;
+    }
+    return switches;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace zor;
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zor"));
+    QApplication::setApplicationDisplayName(QString());
+    QApplication::setApplicationVersion(toQt(productVersion()));
+    // The main form says when the program ends.
+    QApplication::setQuitOnLastWindowClosed(false);
+    Switches switches = readSwitches(application);
+    QApplication::setStyle(new BenchStyle);
+    if (switches.scheme) {
+        QApplication::setPalette(schemePalette(*switches.scheme));
+    }
+
+    SerialDevices devices;
+    DemoBoard board;
+    if (switches.demo) {
+        QString terminal = board.start();
+        if (terminal.isEmpty()) {
+            std::fputs("zor: the simulated board cannot be started\n", stderr);
+            return 1;
+        }
+        devices.addDevice(fromQt(terminal), "LoadBoard");
+    }
+
+    QtLoop loop;
+    QtSerialPorts ports(loop, devices);
+    LinuxUsbDriver usb(devices);
+    QtDialogs dialogs;
+    QtSurroundings surroundings;
+    Platform platform{
+        .loop = loop,
+        .ports = ports,
+        .usb = usb,
+        .dialogs = dialogs,
+        .surroundings = surroundings,
+        .programFolder = fromQt(QCoreApplication::applicationDirPath()),
+        .userFolder = fromQt(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
+        .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',
+    };
+    Desk desk(loop);
+    MainWindow main(platform, desk);
+    Workbench workbench(main);
+    DemoTour tour(main, workbench, QDir(switches.pictures),
+                  schemeOf(application.palette()) == Scheme::Dark ? QStringLiteral("dark-")
+                                                                  : QStringLiteral("light-"));
+    if (!switches.pictures.isEmpty()) {
+        QTimer::singleShot(0, [&] { loop.perform([&] { tour.play(); }); });
+    }
+    // Closing during the start-up ends the program too; there is nothing to run then.
+    loop.perform([&] { main.start(); });
+    return loop.leaving() ? 0 : QApplication::exec();
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/views/compose.h"
+#include "desktop/views/views.h"
+#include "desktop/widgets/colours.h"
+#include "shell/main_window.h"
+
+#include <QHBoxLayout>
+#include <QMainWindow>
+#include <QPainter>
+#include <QToolBar>
+
+namespace zor {
+
+namespace {
+
+/// The dot before the port's state: filled while the line is in use, hollow while it is not.
+class LineDot : public QWidget {
+  public:
+    explicit LineDot(TextField& commStatus)
+        : status(commStatus) {
+        subscription = status.changed.subscribe([this] { update(); });
+        setFixedSize(14, 14);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        bool lit = status.text() == "Comm. OK" || status.text() == "reading...";
+        const RoleColours& colours = roles(palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(lit ? colours.litEdge : colours.darkEdge, 1.4));
+        painter.setBrush(lit ? QBrush(colours.lit) : QBrush(Qt::NoBrush));
+        painter.drawEllipse(QRectF(1.5, 1.5, 11, 11));
+    }
+
+  private:
+    TextField& status;
+    Subscription subscription;
+};
+
+/// One bar: a row of widgets that is hidden and greyed with the bar's element.
+void addBar(QMainWindow& window, Bar& element, const QString& title, const std::vector<QWidget*>& widgets) {
+    auto* bar = new QToolBar(title);
+    bar->setMovable(false);
+    // The toolkit's own menu would hide a bar without its element knowing.
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(4, 2, 4, 2);
+    layout->setSpacing(6);
+    for (QWidget* widget : widgets) {
+        layout->addWidget(widget);
+    }
+    layout->addStretch(1);
+    bar->addWidget(row);
+    window.addToolBar(bar);
+    new Binding(element, *bar);
+}
+
+QWidget* statusField(TextField& element, int columns) {
+    QWidget* text = statusLine(element);
+    text->setFixedWidth(text->fontMetrics().averageCharWidth() * columns);
+    return text;
+}
+
+} // namespace
+
+void addMainBars(QMainWindow& window, MainWindow& main) {
+    LinkBar& link = main.linkBar;
+    addBar(window, main.Toolbar1, "Chips",
+           {barButton(main.TX), barButton(main.RX), barButton(main.TRX), barButton(main.EE)});
+    addBar(window, link.Toolbar2, "Board",
+           {barButton(link.Connect), barButton(link.Disconnect), new LineDot(link.CommStatus),
+            statusField(link.CommStatus, 13), label(link.Text2), statusField(link.LoadBoard, 18),
+            list(link.LoadboardList, 24)});
+    addBar(window, link.Toolbar3, "Data", {label(link.Text1), list(link.CB_Mode, 20)});
+}
+
+} // namespace zor

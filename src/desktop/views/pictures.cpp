@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/views/pictures.h"
+
+#include "desktop/widgets/binders.h"
+#include "desktop/widgets/colours.h"
+#include "platform/dialogs.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+#include <numbers>
+
+namespace zor {
+
+namespace {
+
+/// Eight bits of data over a carrier whose frequency follows them, as dense as the room allows.
+void drawSign(QPainter& painter, const QRectF& box, const QColor& data, const QColor& carrier) {
+    double middle = box.top() + box.height() * 0.62;
+    double swing = box.height() * 0.30;
+    QPainterPath wave(QPointF(box.left(), middle));
+    QPainterPath bits;
+    double phase = 0;
+    double periods = box.width() / 27;
+    constexpr int steps = 600;
+    constexpr const char* pattern = "01101001";
+    double bitTop = box.top() + box.height() * 0.06;
+    double bitLow = box.top() + box.height() * 0.22;
+    for (int i = 0; i <= steps; ++i) {
+        double x = box.left() + box.width() * i / steps;
+        bool one = pattern[std::min(7, i * 8 / steps)] == '1';
+        phase += 2 * std::numbers::pi * periods * (one ? 2.0 : 1.0) / steps;
+        wave.lineTo(x, middle - swing * std::sin(phase));
+        QPointF at(x, one ? bitTop : bitLow);
+        if (i == 0) {
+            bits.moveTo(at);
+        } else {
+            bits.lineTo(x, bits.currentPosition().y());
+            bits.lineTo(at);
+        }
+    }
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(data, 2));
+    painter.drawPath(bits);
+    painter.setPen(QPen(carrier, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPath(wave);
+}
+
+class SignView : public QWidget {
+  public:
+    explicit SignView(int pictureHeight) { setFixedSize(pictureHeight * 2, pictureHeight); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawSign(painter, QRectF(rect()).adjusted(2, 2, -2, -2), roles(palette()).softText,
+                 roles(palette()).accent);
+    }
+};
+
+class SplashView : public QWidget {
+  public:
+    explicit SplashView(Button& picture) {
+        binding = new Binding(picture, *this);
+        setMinimumSize(420, 210);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        setCursor(Qt::PointingHandCursor);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QRectF room = QRectF(rect()).adjusted(12, 12, -12, -8);
+        QFont font = painter.font();
+        font.setPointSizeF(font.pointSizeF() * 1.7);
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(palette().color(QPalette::WindowText));
+        double line = painter.fontMetrics().height();
+        painter.drawText(room, Qt::AlignTop | Qt::AlignLeft, QString::fromLatin1(productTitle));
+        painter.setFont(this->font());
+        painter.setPen(roles(palette()).softText);
+        painter.drawText(room.adjusted(0, line + 4, 0, 0), Qt::AlignTop | Qt::AlignLeft,
+                         QStringLiteral("Sub-gigahertz transmitters, receivers and transceivers"));
+        drawSign(painter, room.adjusted(0, line * 2 + 16, 0, 0), roles(palette()).softText,
+                 roles(palette()).accent);
+    }
+    void mouseReleaseEvent(QMouseEvent*) override {
+        binding->gesture([this] { binding->element()->click(); });
+    }
+
+  private:
+    Binding* binding;
+};
+
+/// The filter's blocks from left to right, the two ways of getting at the bits below one another.
+class DataFilterView : public QWidget {
+  public:
+    DataFilterView() { setMinimumSize(560, 260); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        double column = width() / 5.0;
+        double top = height() * 0.16;
+        double low = height() * 0.60;
+        QSizeF size(column * 0.78, height() * 0.24);
+        auto at = [&](double place, double y) { return QRectF(QPointF(column * place + 10, y), size); };
+        QRectF demodulator = at(0, (top + low) / 2);
+        QRectF analogue = at(1.35, top);
+        QRectF digital = at(1.35, low);
+        QRectF comparator = at(2.7, top);
+        QRectF recovery = at(2.7, low);
+        block(painter, demodulator, "FSK\ndemodulator");
+        block(painter, analogue, "Analog RC filter\n(external C)");
+        block(painter, digital, "Digital filter");
+        block(painter, comparator, "Comparator");
+        block(painter, recovery, "Clock\nrecovery");
+        arrow(painter, right(demodulator), left(analogue));
+        arrow(painter, right(demodulator), left(digital));
+        arrow(painter, right(analogue), left(comparator));
+        arrow(painter, right(digital), left(recovery));
+        output(painter, comparator, "DATA");
+        output(painter, recovery, "DATA, DCLK\nor FIFO");
+    }
+
+  private:
+    static QPointF left(const QRectF& box) { return {box.left(), box.center().y()}; }
+    static QPointF right(const QRectF& box) { return {box.right(), box.center().y()}; }
+
+    void block(QPainter& painter, const QRectF& box, const char* text) const {
+        painter.setPen(QPen(roles(palette()).edge, 1.2));
+        painter.setBrush(palette().color(QPalette::Base));
+        painter.drawRoundedRect(box, 4, 4);
+        painter.setPen(palette().color(QPalette::Text));
+        painter.drawText(box, Qt::AlignCenter, QString::fromLatin1(text));
+    }
+
+    void arrow(QPainter& painter, QPointF from, QPointF to) const {
+        QColor ink = roles(palette()).softText;
+        painter.setPen(QPen(ink, 1.4));
+        double bend = (from.x() + to.x()) / 2;
+        QPainterPath path(from);
+        path.lineTo(bend, from.y());
+        path.lineTo(bend, to.y());
+        path.lineTo(to);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawPath(path);
+        painter.setBrush(ink);
+        painter.drawPolygon(QPolygonF({to, to + QPointF(-8, -4), to + QPointF(-8, 4)}));
+    }
+
+    void output(QPainter& painter, const QRectF& from, const char* text) const {
+        QPointF end = right(from) + QPointF(width() / 5.0 * 0.45, 0);
+        arrow(painter, right(from), end);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(QRectF(end.x() + 6, from.top(), width() - end.x() - 6, from.height()),
+                         Qt::AlignVCenter | Qt::AlignLeft, QString::fromLatin1(text));
+    }
+};
+
+} // namespace
+
+QWidget* signPicture(Element& element, int height) {
+    auto* picture = new SignView(height);
+    new Binding(element, *picture);
+    return picture;
+}
+
+QWidget* splashPicture(Button& element) {
+    return new SplashView(element);
+}
+
+QWidget* dataFilterPicture(Element& element) {
+    auto* picture = new DataFilterView;
+    new Binding(element, *picture);
+    return picture;
+}
+
+} // namespace zor

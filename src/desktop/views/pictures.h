@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// The product's own pictures. They are drawn, in the palette's colours, so that they suit light and dark and
+// any size.
+#pragma once
+
+class QWidget;
+
+namespace zor {
+
+class Element;
+class Button;
+
+/// A carrier that is keyed by data: the product's sign.
+[[nodiscard]] QWidget* signPicture(Element& element, int height);
+/// The greeting: name, sign and what the program is for. A click acts.
+[[nodiscard]] QWidget* splashPicture(Button& element);
+/// Block diagram of the receivers' data filter.
+[[nodiscard]] QWidget* dataFilterPicture(Element& element);
+
+} // namespace zor

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/views/registry.h"
+
+#include "desktop/views/views.h"
+
+namespace zor {
+
+const std::map<std::string, View>& allViews() {
+    static const std::map<std::string, View> views{
+        {"Help_R1", {dataFilterHelpView}},      {"Products", {productsView}},
+        {"Terminal", {terminalView}},           {"frmAbout", {aboutView}},
+        {"frm_PowerSupply", {powerSupplyView}}, {"frm_Splash", {splashView, FormWindow::Frame::Bare}},
+    };
+    return views;
+}
+
+const View* findView(const std::string& formName) {
+    auto view = allViews().find(formName);
+    return view == allViews().end() ? nullptr : &view->second;
+}
+
+} // namespace zor

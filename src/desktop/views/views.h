@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+// One function a window. Each takes the form that its row in the registry names.
+#pragma once
+
+class QMainWindow;
+class QWidget;
+
+namespace zor {
+
+class Form;
+class MainWindow;
+
+/// The three bars of the main window.
+void addMainBars(QMainWindow& window, MainWindow& main);
+
+[[nodiscard]] QWidget* aboutView(Form& form);
+[[nodiscard]] QWidget* dataFilterHelpView(Form& form);
+[[nodiscard]] QWidget* powerSupplyView(Form& form);
+[[nodiscard]] QWidget* productsView(Form& form);
+[[nodiscard]] QWidget* splashView(Form& form);
+[[nodiscard]] QWidget* terminalView(Form& form);
+
+} // namespace zor

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/workbench.h"
+
+#include "desktop/adapters/qt_text.h"
+#include "desktop/views/registry.h"
+#include "desktop/views/views.h"
+#include "desktop/widgets/binders.h"
+#include "desktop/widgets/colours.h"
+#include "shell/main_window.h"
+
+#include <QCloseEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <cmath>
+#include <utility>
+
+namespace zor {
+
+Workbench::Workbench(MainWindow& mainForm)
+    : main(mainForm)
+    , mdi(new QMdiArea) {
+    setObjectName(QStringLiteral("main"));
+    setCentralWidget(mdi);
+    mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi->viewport()->installEventFilter(this);
+    buildMenus(*menuBar(), main);
+    addMainBars(*this, main);
+    statusBar()->addWidget(label(main.Notice), 1);
+    colourArea();
+
+    Desk& desk = main.desk();
+    subscriptions.push_back(desk.opened.subscribe([this](Form& form) { open(form); }));
+    subscriptions.push_back(desk.removed.subscribe([this](Form& form) { remove(form); }));
+    subscriptions.push_back(main.changed.subscribe([this] { follow(); }));
+    subscriptions.push_back(main.closed.subscribe([] { QCoreApplication::exit(); }));
+    follow();
+}
+
+Workbench::~Workbench() {
+    subscriptions.clear();
+    windows.clear();
+}
+
+FormWindow* Workbench::windowOf(const Form& form) const {
+    auto window = windows.find(&form);
+    return window == windows.end() ? nullptr : window->second.get();
+}
+
+void Workbench::open(Form& form) {
+    if (&form == &main || windows.contains(&form)) {
+        // Its own subscription to the form shows it.
+        return;
+    }
+    const View* view = findView(form.name());
+    if (view == nullptr) {
+        qWarning("No view is registered for the window %s.", form.name().c_str());
+        return;
+    }
+    windows.emplace(&form, std::make_unique<FormWindow>(form, view->make(form), view->frame, *mdi));
+}
+
+void Workbench::remove(Form& form) {
+    windows.erase(&form);
+}
+
+void Workbench::follow() {
+    if (std::exchange(following, true)) {
+        return;
+    }
+    setWindowTitle(toQt(main.title()));
+    auto pixels = [](Twips length) { return static_cast<int>(std::lround(length / twipsPerPixel)); };
+    resize(pixels(main.extent().width), pixels(main.extent().height));
+    if (main.place() != Place{}) {
+        move(pixels(main.place().left), pixels(main.place().top));
+    }
+    if (isHidden() == main.isOpen()) {
+        setVisible(main.isOpen());
+    }
+    following = false;
+}
+
+void Workbench::tellGeometry() {
+    if (following || !isVisible() || isMinimized()) {
+        return;
+    }
+    main.userMove({static_cast<Twips>(y()) * twipsPerPixel, static_cast<Twips>(x()) * twipsPerPixel});
+    main.userResize(
+        {static_cast<Twips>(height()) * twipsPerPixel, static_cast<Twips>(width()) * twipsPerPixel});
+}
+
+void Workbench::closeEvent(QCloseEvent* event) {
+    // The form decides; it ends the program if it closes.
+    event->ignore();
+    main.userClose();
+}
+
+void Workbench::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    tellGeometry();
+}
+
+void Workbench::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    tellGeometry();
+}
+
+void Workbench::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && mdi != nullptr) {
+        colourArea();
+    }
+}
+
+/// The room behind the inner windows lies a shade deeper than they do.
+void Workbench::colourArea() {
+    QColor window = palette().color(QPalette::Window);
+    mdi->setBackground(schemeOf(palette()) == Scheme::Dark ? window.darker(130) : window.darker(108));
+}
+
+bool Workbench::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == mdi->viewport()) {
+        if (event->type() == QEvent::MouseButtonPress) {
+            main.userClick();
+        } else if (event->type() == QEvent::MouseButtonDblClick && main.acceptsUser() && main.onDoubleClick) {
+            // The first press was told when it came.
+            main.perform(main.onDoubleClick);
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+} // namespace zor

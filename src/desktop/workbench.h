@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/form_window.h"
+#include "elements/desk.h"
+
+#include <QMainWindow>
+
+#include <map>
+#include <memory>
+
+class QMdiArea;
+
+namespace zor {
+
+class MainWindow;
+
+/// The main window on the screen: menus, three bars, the room that the inner windows stand in, and one quiet
+/// line at the foot. It makes a window for every form that opens on the desk. Owned by main; the main form
+/// must outlive it.
+class Workbench : public QMainWindow {
+  public:
+    explicit Workbench(MainWindow& mainForm);
+    ~Workbench() override;
+
+    /// The window of an open form, or nullptr.
+    [[nodiscard]] FormWindow* windowOf(const Form& form) const;
+    [[nodiscard]] QMdiArea& area() const { return *mdi; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void open(Form& form);
+    void remove(Form& form);
+    void follow();
+    void tellGeometry();
+    void colourArea();
+
+    MainWindow& main;
+    QMdiArea* mdi;
+    std::map<const Form*, std::unique_ptr<FormWindow>> windows;
+    std::vector<Subscription> subscriptions;
+    bool following = false;
+};
+
+} // namespace zor

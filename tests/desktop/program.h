@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/adapters/qt_loop.h"
+#include "desktop/workbench.h"
+#include "elements/desk.h"
+#include "shell/main_window.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <vector>
+
+namespace zor {
+
+/// A machine without a single serial port.
+class NoPorts : public SerialPorts {
+  public:
+    [[nodiscard]] std::unique_ptr<SerialPort> create() override { return std::make_unique<Port>(); }
+    [[nodiscard]] std::string devicePath(int) const override { return {}; }
+
+  private:
+    class Port : public SerialPort {
+        void open(int, const LineSettings&) override { throw ToolError(invalidPort); }
+        void close() override {}
+        [[nodiscard]] bool isOpen() const override { return false; }
+        void write(std::string_view) override { throw ToolError(portNotOpen); }
+    };
+};
+
+class NoUsb : public UsbDriver {
+    FtStatus FT_CreateDeviceInfoList(std::uint32_t& count) override {
+        count = 0;
+        return ftOk;
+    }
+    FtStatus FT_GetDeviceInfoDetail(std::uint32_t, FtDeviceDetail&) override { return 2; }
+    FtStatus FT_OpenEx(std::uint32_t, std::uint32_t, FtHandle&) override { return 2; }
+    FtStatus FT_SetBitMode(FtHandle, std::uint8_t, std::uint8_t) override { return 1; }
+    FtStatus FT_Write(FtHandle, std::string_view) override { return 1; }
+    FtStatus FT_Close(FtHandle) override { return 1; }
+};
+
+/// Answers every box at once and remembers it.
+class QuietDialogs : public Dialogs {
+  public:
+    Answer show(const Box& box) override {
+        boxes.push_back(box);
+        return box.buttons == BoxButtons::Ok ? Answer::Ok : Answer::No;
+    }
+    FileChoice chooseFile(const FileRequest& request) override { return {.name = request.startName}; }
+
+    std::vector<Box> boxes;
+};
+
+class NoSurroundings : public Surroundings {
+    bool openDocument(const std::filesystem::path&) override { return false; }
+    bool startSystemInformation() override { return false; }
+};
+
+/// The whole program on a screen that is only memory, with no board.
+struct Program {
+    QTemporaryDir folder;
+    QtLoop loop;
+    NoPorts ports;
+    NoUsb usb;
+    QuietDialogs dialogs;
+    NoSurroundings surroundings;
+    Platform platform{
+        loop, ports, usb, dialogs, surroundings, folder.path().toStdString(), folder.path().toStdString(),
+        '.'};
+    Desk desk{loop};
+    MainWindow main{platform, desk};
+    Workbench window{main};
+
+    /// Starts, takes the splash away and sees the search to its end.
+    void start() {
+        main.start();
+        if (Form* splash = desk.find("frm_Splash")) {
+            splash->userClose();
+        }
+        loop.runUntil([this] { return main.bench().CommState == 0 && main.linkBar.Connect.enabled(); });
+        QCoreApplication::processEvents();
+    }
+};
+
+} // namespace zor

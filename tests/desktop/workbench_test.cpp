@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: MIT
+#include "program.h"
+
+#include "desktop/views/registry.h"
+#include "desktop/widgets/binding.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace zor {
+
+namespace {
+
+QString name(const Element& element) {
+    return QString::fromStdString(element.name());
+}
+
+/// Whether showing an element also shows its widget: every ancestor up to the window is laid out and not
+/// hidden for a reason of its own.
+bool canBeSeen(const QWidget& widget, const QWidget& root) {
+    for (const QWidget* at = &widget; at != &root; at = at->parentWidget()) {
+        if (at == nullptr) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Names of the form's elements that no widget below the root is bound to, or only one that nobody can see.
+QStringList unseenElements(const Form& form, const QWidget& root) {
+    QStringList unseen;
+    for (const Element* element : form.elements()) {
+        auto bindings = root.findChildren<Binding*>();
+        bool seen = std::any_of(bindings.begin(), bindings.end(), [&](const Binding* binding) {
+            const QWidget* widget = binding->widget();
+            return binding->element() == element && (widget == nullptr || canBeSeen(*widget, root));
+        });
+        if (!seen) {
+            unseen += name(*element);
+        }
+    }
+    return unseen;
+}
+
+/// Names of bound widgets that are hidden although their element, and each container of it, is shown.
+QStringList wronglyHidden(const QWidget& root) {
+    QStringList hidden;
+    for (const Binding* binding : root.findChildren<Binding*>()) {
+        const QWidget* widget = binding->widget();
+        if (widget != nullptr && binding->element()->shown() && !widget->isVisibleTo(&root)) {
+            hidden += name(*binding->element());
+        }
+    }
+    return hidden;
+}
+
+/// How each window of the registry comes onto the desk in a test.
+void openForm(Program& program, const std::string& formName, std::unique_ptr<Form>& own) {
+    const std::map<std::string, std::function<void()>> ways{
+        {"Help_R1", [&] { own = std::make_unique<DataFilterHelp>(program.main.bench()); }},
+        {"frm_Splash", [&] { own = std::make_unique<Splash>(program.main.bench()); }},
+        {"frmAbout", [&] { program.main.menu.mnuHelpAbout.click(); }},
+        {"Products", [&] { program.main.menu.mnuHelpProducts.click(); }},
+        {"Terminal", [&] { program.main.menu.mnutoolsTerminal.click(); }},
+        {"frm_PowerSupply", [&] { program.main.bench().open("frm_PowerSupply"); }},
+    };
+    auto way = ways.find(formName);
+    ASSERT_NE(way, ways.end()) << "the test does not know how to open " << formName;
+    way->second();
+    if (own) {
+        own->show();
+    }
+}
+
+/// Windows go once nothing of theirs is being handled; a test has no loop around it that would see to that.
+void deleteWhatHasGone() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QAction* action(const Program& program, const QString& objectName) {
+    for (auto* candidate : program.window.menuBar()->findChildren<QAction*>(objectName)) {
+        return candidate;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class EveryView : public testing::TestWithParam<std::string> {};
+
+TEST_P(EveryView, ShowsEveryElementOfItsForm) {
+    Program program;
+    program.start();
+    std::unique_ptr<Form> own;
+    openForm(program, GetParam(), own);
+    Form* form = program.desk.find(GetParam());
+    ASSERT_NE(form, nullptr);
+    FormWindow* window = program.window.windowOf(*form);
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->shell().isVisible());
+    EXPECT_EQ(unseenElements(*form, window->content()), QStringList());
+    EXPECT_EQ(wronglyHidden(window->content()), QStringList());
+    form->userClose();
+    EXPECT_FALSE(form->isOpen());
+}
+
+INSTANTIATE_TEST_SUITE_P(Registry, EveryView, testing::ValuesIn([] {
+                             std::vector<std::string> names;
+                             for (const auto& [formName, view] : allViews()) {
+                                 names.push_back(formName);
+                             }
+                             return names;
+                         }()),
+                         [](const auto& view) { return view.param; });
+
+TEST(Workbench, ShowsEveryElementOfTheMainForm) {
+    Program program;
+    program.start();
+    EXPECT_EQ(unseenElements(program.main, program.window), QStringList());
+}
+
+TEST(Workbench, BearsTheTitleAndSizeOfTheMainForm) {
+    Program program;
+    program.start();
+    EXPECT_EQ(program.window.windowTitle(), "Ortolan Radio Bench System");
+    EXPECT_EQ(program.window.size(), QSize(1280, 800));
+    program.window.resize(1000, 700);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(program.main.extent(), (Extent{10500, 15000}));
+}
+
+TEST(Workbench, AMenuEntryOpensAWindowInsideTheMainOne) {
+    Program program;
+    program.start();
+    deleteWhatHasGone();
+    QAction* terminal = action(program, "mnutoolsTerminal");
+    ASSERT_NE(terminal, nullptr);
+    terminal->trigger();
+    Form* form = program.desk.find("Terminal");
+    ASSERT_NE(form, nullptr);
+    auto windows = program.window.area().subWindowList();
+    ASSERT_EQ(windows.size(), 1);
+    EXPECT_EQ(windows.front()->windowTitle(), "Terminal");
+    windows.front()->close();
+    EXPECT_EQ(program.desk.find("Terminal"), nullptr);
+    deleteWhatHasGone();
+    EXPECT_TRUE(program.window.area().subWindowList().isEmpty());
+}
+
+TEST(Workbench, MovingAndSizingAnInnerWindowIsToldInTwips) {
+    Program program;
+    program.start();
+    program.main.menu.mnutoolsTerminal.click();
+    Form* form = program.desk.find("Terminal");
+    QWidget& shell = program.window.windowOf(*form)->shell();
+    shell.move(40, 24);
+    shell.resize(700, 600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(form->place(), (Place{360, 600}));
+    EXPECT_EQ(form->extent(), (Extent{9000, 10500}));
+    form->setPlace({300, 150});
+    EXPECT_EQ(shell.pos(), QPoint(10, 20));
+}
+
+TEST(Workbench, AModalFormIsADialogThatEscapeCloses) {
+    Program program;
+    program.start();
+    program.main.menu.mnuHelpAbout.click();
+    Form* about = program.desk.find("frmAbout");
+    ASSERT_NE(about, nullptr);
+    auto& dialog = dynamic_cast<QDialog&>(program.window.windowOf(*about)->shell());
+    EXPECT_TRUE(dialog.isModal());
+    EXPECT_FALSE(program.main.menu.mnutoolsTerminal.click());
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_EQ(program.desk.find("frmAbout"), nullptr);
+    EXPECT_TRUE(program.main.menu.mnutoolsTerminal.click());
+}
+
+TEST(Workbench, ItsOwnButtonClosesAWindowWithoutHarm) {
+    Program program;
+    program.start();
+    program.main.menu.mnuHelpProducts.click();
+    Form* products = program.desk.find("Products");
+    auto* ok = program.window.windowOf(*products)->content().findChild<QPushButton*>("cmdOK");
+    ASSERT_NE(ok, nullptr);
+    QTest::mouseClick(ok, Qt::LeftButton);
+    EXPECT_EQ(program.desk.find("Products"), nullptr);
+    deleteWhatHasGone();
+}
+
+TEST(Workbench, TheToolBarsFollowTheirElements) {
+    Program program;
+    program.start();
+    auto* chips = program.window.findChild<QToolBar*>("Toolbar1");
+    auto* data = program.window.findChild<QToolBar*>("Toolbar3");
+    ASSERT_NE(chips, nullptr);
+    ASSERT_NE(data, nullptr);
+    EXPECT_TRUE(chips->isVisible());
+    EXPECT_FALSE(data->isVisible());
+    action(program, "mnuViewToolbar")->trigger();
+    EXPECT_FALSE(chips->isVisible());
+    EXPECT_FALSE(action(program, "mnuViewToolbar")->isChecked());
+    program.main.linkBar.Toolbar3.setVisible(true);
+    EXPECT_TRUE(data->isVisible());
+    auto* connect = program.window.findChild<QToolButton*>("Connect");
+    ASSERT_NE(connect, nullptr);
+    QTest::mouseClick(connect, Qt::LeftButton);
+    EXPECT_EQ(program.main.linkBar.LoadboardList.text(), "Not found");
+    QTest::qWait(150);
+    EXPECT_EQ(program.main.linkBar.LoadboardList.text(), "searching");
+    EXPECT_FALSE(connect->isEnabled());
+    EXPECT_FALSE(connect->isChecked());
+}
+
+TEST(Workbench, ADoubleClickOnTheEmptyAreaBeginsTheFactoryGesture) {
+    Program program;
+    program.start();
+    QWidget* ground = program.window.area().viewport();
+    QTest::mouseClick(ground, Qt::LeftButton, {}, QPoint(600, 500));
+    QTest::mouseDClick(ground, Qt::LeftButton, {}, QPoint(600, 500));
+    EXPECT_EQ(program.window.windowTitle(), "Ortolan Radio Bench System.");
+    QTest::mouseDClick(ground, Qt::LeftButton, {}, QPoint(600, 500));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return program.main.menu.mnuAdv.visible(); }, 2000));
+    EXPECT_TRUE(action(program, "mnuAdv")->isVisible());
+    EXPECT_EQ(program.window.windowTitle(), "Ortolan Radio Bench System");
+}
+
+TEST(Workbench, TheSplashGoesWhenItIsClicked) {
+    Program program;
+    program.main.start();
+    Form* splash = program.desk.find("frm_Splash");
+    ASSERT_NE(splash, nullptr);
+    QWidget& content = program.window.windowOf(*splash)->content();
+    QTest::mouseClick(content.findChild<QWidget*>("Picture1"), Qt::LeftButton);
+    EXPECT_EQ(program.desk.find("frm_Splash"), nullptr);
+    EXPECT_FALSE(program.main.bench().SplashOn);
+}
+
+TEST(Workbench, ClosingTheMainWindowLeavesTheLoop) {
+    Program program;
+    program.start();
+    program.main.menu.mnutoolsTerminal.click();
+    program.window.close();
+    EXPECT_TRUE(program.loop.leaving());
+    EXPECT_FALSE(program.window.isVisible());
+}
+
+TEST(Workbench, AFieldKeepsItsFocusAndIsCommittedWhenAnotherTakesIt) {
+    Program program;
+    program.start();
+    program.main.bench().open("frm_PowerSupply");
+    Form* form = program.desk.find("frm_PowerSupply");
+    QWidget& content = program.window.windowOf(*form)->content();
+    program.window.activateWindow();
+    auto* voltage = content.findChild<QLineEdit*>("Voltage");
+    voltage->setFocus();
+    EXPECT_EQ(form->focusedElement(), form->find("Voltage"));
+    content.findChild<QPushButton*>("PB_Voltage")->setFocus();
+    EXPECT_EQ(form->focusedElement(), form->find("PB_Voltage"));
+    form->setFocus(form->find("Voltage"));
+    EXPECT_TRUE(voltage->hasFocus());
+}
+
+TEST(Workbench, WindowsScrollRatherThanClipAtTwiceTheFontSize) {
+    QFont before = QApplication::font();
+    QFont large = before;
+    large.setPointSizeF(before.pointSizeF() * 2);
+    QApplication::setFont(large);
+    {
+        Program program;
+        program.start();
+        program.main.menu.mnutoolsTerminal.click();
+        Form* form = program.desk.find("Terminal");
+        FormWindow& window = *program.window.windowOf(*form);
+        QCoreApplication::processEvents();
+        EXPECT_GE(window.content().height(), window.content().minimumSizeHint().height());
+        EXPECT_GE(window.content().width(), window.content().minimumSizeHint().width());
+        EXPECT_LE(window.shell().height(), program.window.area().viewport()->height());
+    }
+    QApplication::setFont(before);
+}
+
+} // namespace zor

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/program.h"
+
+#include "desktop/adapters/linux_usb_driver.h"
+#include "desktop/adapters/qt_serial_port.h"
+#include "desktop/demo_board.h"
+
+#include <gtest/gtest.h>
+
+namespace zor {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// The program without its window, on the real adapters, with the simulated board as the only port.
+class Connection : public testing::Test {
+  protected:
+    void start(QStringList arguments = {}) {
+        arguments << "--kind"
+                  << "lb2";
+        QString terminal = board.start(arguments);
+        ASSERT_FALSE(terminal.isEmpty());
+        devices.addDevice(terminal.toStdString(), "LoadBoard");
+        main = std::make_unique<MainWindow>(platform, desk);
+        main->start();
+    }
+
+    bool wait(const std::function<bool()>& condition, EventLoop::Duration patience = 10s) {
+        bool late = false;
+        auto timer = loop.startTimer(patience, EventLoop::Repeat::Once, [&] { late = true; });
+        loop.runUntil([&] { return late || condition(); });
+        loop.stopTimer(timer);
+        return !late;
+    }
+
+    bool connected() {
+        return wait([this] {
+            return main->bench().CommState == 0 && main->linkBar.LoadboardList.locked() &&
+                   main->linkBar.CB_Mode.position() == 0 && main->linkBar.CommStatus.text() == "Comm. OK";
+        });
+    }
+
+    void send(const std::string& line) {
+        loop.perform([&] { main->bench().connect->Send_To_LoadBoard(line); });
+    }
+
+    QTemporaryDir folder;
+    QtLoop loop;
+    SerialDevices devices{"/dev", folder.path().toStdString()};
+    QtSerialPorts ports{loop, devices};
+    LinuxUsbDriver usb{devices};
+    QuietDialogs dialogs;
+    NoSurroundings surroundings;
+    Platform platform{
+        loop, ports, usb, dialogs, surroundings, folder.path().toStdString(), folder.path().toStdString(),
+        '.'};
+    Desk desk{loop};
+    DemoBoard board;
+    std::unique_ptr<MainWindow> main;
+};
+
+} // namespace
+
+TEST_F(Connection, ABoardIsFoundAndConnectedWithoutAClick) {
+    start();
+    ASSERT_TRUE(connected());
+    EXPECT_EQ(main->linkBar.LoadboardList.text(), "LoadBoard 2.x: Com1");
+    EXPECT_EQ(main->bench().LoadBoardRev, 2);
+    EXPECT_NE(main->bench().UsbLocation, 0);
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(Connection, AnExchangeEndsInThePrompt) {
+    start({"--status", "5F"});
+    ASSERT_TRUE(connected());
+    send("RS\r");
+    EXPECT_EQ(main->bench().Last7, "\n\rOK\n\r>");
+    send("no such command\r");
+    EXPECT_EQ(main->bench().connect->ComFlag, 1);
+}
+
+TEST_F(Connection, ATimeOutReopensThePortAndTheCallerGoesOn) {
+    start({"--delay", "1600"});
+    // The search finds nothing in its 1.2 s; the port is opened by hand.
+    ASSERT_TRUE(
+        wait([this] { return main->bench().CommState == 0 && main->linkBar.Connect.enabled(); }, 15s));
+    main->bench().connect->open(1, {});
+    auto begun = loop.now();
+    send("Z3\r");
+    auto took = loop.now() - begun;
+    EXPECT_GE(took, 1190ms);
+    EXPECT_LE(took, 1500ms);
+    EXPECT_TRUE(main->bench().connect->isOpen());
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(Connection, ABoardPulledOutInTheMiddleOfAnExchangeIsToldOnce) {
+    start();
+    ASSERT_TRUE(connected());
+    loop.startTimer(1ms, EventLoop::Repeat::Once, [this] { board.stop(); });
+    // Long enough on the wire for the board to go in the middle of it.
+    send(std::string(200, 'x') + "\r");
+    ASSERT_TRUE(wait([this] { return !dialogs.boxes.empty(); }));
+    ASSERT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_EQ(dialogs.boxes[0].title, "LoadBoard Communication Error!");
+    EXPECT_EQ(dialogs.boxes[0].text, "Loadboard disconnected!\r\nPlease press connect again!");
+    EXPECT_FALSE(main->bench().connect->isOpen());
+    EXPECT_EQ(main->linkBar.LoadboardList.text(), "Press connect");
+    send("Z3\r");
+    ASSERT_EQ(dialogs.boxes.size(), 2U);
+    EXPECT_EQ(dialogs.boxes[1].title, "USB communication error");
+}
+
+TEST_F(Connection, GarbageOnTheLineIsNoPromptAndNoCrash) {
+    start({"--noise", "0.3", "--seed", "7"});
+    wait([this] { return main->bench().CommState == 0; }, 15s);
+    if (!main->bench().connect->isOpen()) {
+        main->bench().connect->open(1, {});
+    }
+    for (int i = 0; i < 3; ++i) {
+        send("RS\r");
+    }
+    EXPECT_TRUE(main->bench().connect->isOpen());
+    EXPECT_LE(main->bench().Last100.size(), 100U);
+}
+
+TEST_F(Connection, DataModeIsLeftThroughTheUsbDriver) {
+    start();
+    ASSERT_TRUE(connected());
+    main->linkBar.CB_Mode.choosePosition(2);
+    EXPECT_FALSE(main->bench().connect->isOpen());
+    main->linkBar.CB_Mode.choosePosition(0);
+    EXPECT_TRUE(main->bench().connect->isOpen());
+    EXPECT_EQ(main->bench().Last7, "\n\rOK\n\r>");
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(Connection, LeavingTheProgramEndsASendThatWaits) {
+    start();
+    ASSERT_TRUE(connected());
+    bool goneOn = false;
+    loop.startTimer(20ms, EventLoop::Repeat::Once, [this] { main->userClose(); });
+    loop.perform([&] {
+        main->bench().connect->Send_To_LoadBoard(std::string(300, 'x'));
+        goneOn = true;
+    });
+    EXPECT_FALSE(goneOn);
+    EXPECT_TRUE(loop.leaving());
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+} // namespace zor
