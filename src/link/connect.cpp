@@ -133,8 +133,9 @@ void Connect::Timer1_Timer() {
         return;
     }
     // A prompt that is in already is seen before the count is: an exchange that was served never costs the
-    // port.
-    if (promptSeen()) {
+    // port. Nor does one whose prompt has been overrun by what the board went on to say since: no send waits
+    // any more then.
+    if (promptSeen() || waits.empty()) {
         Timer1.stop();
         WaitTicks = 0;
     } else if (WaitTicks > WaitLimit) {

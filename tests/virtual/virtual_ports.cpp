@@ -124,10 +124,13 @@ void VirtualSerialPort::open(int number, const LineSettings& settings) {
 }
 
 void VirtualSerialPort::close() {
-    bool gone = opened && seat == nullptr;
+    if (!opened) {
+        return;
+    }
+    int error = seat == nullptr ? static_cast<int>(invalidPort) : seat->closeError;
     letGo();
-    if (gone) {
-        throw ToolError(invalidPort);
+    if (error != 0) {
+        throw ToolError(error);
     }
 }
 

@@ -28,6 +28,8 @@ class VirtualSeat {
     bool busy = false;
     /// Opening fails with this number; 0 for none.
     int openError = 0;
+    /// Closing fails with this number, and closes all the same; 0 for none.
+    int closeError = 0;
     /// The user may not open the device.
     bool denied = false;
     /// The USB driver holds the device.
