@@ -99,6 +99,15 @@ INSTANTIATE_TEST_SUITE_P(Transcript, EveryCheck, ::testing::Values(
     Row{"after 10 port closed",                      "t:5: expected this to be carried out, found the transcript at its end before"},
     Row{"run 36000000", "t:5: a run without an end: more events or more time than any bench needs"}));
 
+INSTANTIATE_TEST_SUITE_P(Panel, EveryCheck, ::testing::Values(
+    Row{"choose main.TX Opal\nreleased main.TX",     "t:6: expected main.TX released, found it pressed"},
+    Row{"choose main.TX Opal\nchosen OpalV2.Band915", "t:6: expected OpalV2.Band915 chosen, found it not chosen"},
+    Row{"choose main.TX Opal\nlit OpalV2.status(1)", "t:6: expected OpalV2.status(1) lit, found it dark"},
+    Row{"choose main.TX Opal\nboard 1 status FF\nclick OpalV2.ReadStatus\nrun 2000\ndark OpalV2.status(1)", "t:9: expected OpalV2.status(1) dark, found it lit"},
+    Row{"choose main.TX Opal\nback OpalV2.OnColor as OpalV2.OffColor", "t:6: expected background 240 240 240 of OpalV2.OnColor, found 255 255 0"},
+    Row{"choose main.TX Onyx\nvalue KT1102.SL_WakeUpR 31", "t:6: expected value of KT1102.SL_WakeUpR 31, found 1"},
+    Row{"choose main.TX Onyx\nslide KT1102.SL_WakeUpR 32000", "t:6: expected a whole number from 0 to 15, found 32000"}));
+
 INSTANTIATE_TEST_SUITE_P(Boxes, EveryCheck, ::testing::Values(
     Row{"click main.Disconnect\nclick main.mnutoolsTerminal\nkey Terminal.Text1 \"\\r\"",
         R"(t:7: expected no box left at the end, found "Ortolan Radio Bench System" "Commport not available, Loadboard not connected!")"},
