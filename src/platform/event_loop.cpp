@@ -25,7 +25,10 @@ void EventLoop::perform(const std::function<void()>& action) {
             ~Inside() { --depth; }
         } inside(depth);
         try {
-            action();
+            // A timer that is still on or a click that was on its way finds a program that is going.
+            if (!leaving()) {
+                action();
+            }
         } catch (const ActionDropped&) {
             // The port was closed on purpose or the program is being left: nothing is left to do or to say.
         } catch (const ToolError& error) {

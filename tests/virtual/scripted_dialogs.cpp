@@ -5,6 +5,9 @@ namespace zor::testing {
 
 Answer ScriptedDialogs::show(const Box& box) {
     boxes.push_back(box);
+    if (whileOpen) {
+        whileOpen();
+    }
     if (box.buttons == BoxButtons::Ok) {
         return Answer::Ok;
     }

@@ -4,6 +4,7 @@
 #include "platform/dialogs.h"
 
 #include <deque>
+#include <functional>
 #include <optional>
 
 namespace zor::testing {
@@ -23,6 +24,8 @@ class ScriptedDialogs : public Dialogs {
     std::deque<Answer> answers;
     /// A path as chosen, or none to cancel, in the order of the dialogs.
     std::deque<std::optional<std::string>> files;
+    /// What goes on while a box waits for its answer.
+    std::function<void()> whileOpen;
     /// The box "read only" of the next file dialogs is ticked.
     bool readOnly = false;
 };

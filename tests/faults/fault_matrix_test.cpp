@@ -1,0 +1,223 @@
+// SPDX-License-Identifier: MIT
+// Every sending action of every window against everything that can go wrong on the line and at the desk.
+// Whatever happens: nothing crashes or waits for ever, no half line is sent, the port is free again, and once
+// the board is well the program connects and the action works.
+#include "faults/sending_actions.h"
+#include "simulator/faulty_line.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+
+namespace zor::testing {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int port = 1;
+
+struct Fault {
+    std::string name;
+    std::function<void(VirtualBench&, const SendingAction&)> arm;
+};
+
+sim::Board& board(VirtualBench& bench) {
+    return bench.ports.seat(port).board();
+}
+
+/// Faults of the answers stand in front of the board until the bench ends.
+class FaultyBench : public VirtualBench {
+  public:
+    void spoil(const sim::FaultPlan& plan) {
+        auto out = board(*this).transmit;
+        line = std::make_unique<sim::FaultyLine>(board(*this), plan);
+        line->transmit = out;
+    }
+    void mend() {
+        line.reset();
+        ports.place(port, sim::BoardKind::LoadBoard2);
+    }
+
+  private:
+    std::unique_ptr<sim::FaultyLine> line;
+};
+
+std::vector<Fault> spoiledAnswers() {
+    auto spoiled = [](const char* name, sim::FaultPlan plan) {
+        return Fault{name, [plan](VirtualBench& bench, const SendingAction&) {
+                         static_cast<FaultyBench&>(bench).spoil(plan);
+                     }};
+    };
+    return {
+        {"mute", [](VirtualBench& bench, const SendingAction&) { board(bench).setMute(true); }},
+        spoiled("slow", {.delay = 900ms}),
+        spoiled("after the time-out", {.delay = 1500ms}),
+        spoiled("mute after the first answer", {.muteAfter = 1}),
+        spoiled("refusing", {.refusalRate = 1}),
+        spoiled("garbage in every answer", {.noiseRate = 0.4, .seed = 7}),
+        spoiled("a little garbage", {.noiseRate = 0.03, .seed = 11}),
+        spoiled("one character at a time", {.splitEvery = 1, .splitGap = 35ms}),
+        spoiled("split in the prompt", {.splitEvery = 5, .splitGap = 90ms}),
+    };
+}
+
+std::vector<Fault> lineFaults() {
+    std::vector<Fault> all;
+    for (int code : {1004, 1006, 1008, 1009, 1010, 1011}) {
+        all.push_back(
+            {"port error " + std::to_string(code), [code](VirtualBench& bench, const SendingAction&) {
+                 bench.after(7ms, [&bench, code] { bench.ports.seat(port).fault(code); });
+             }});
+    }
+    all.push_back({"pulled before",
+                   [](VirtualBench& bench, const SendingAction&) { bench.ports.seat(port).unplug(); }});
+    // A command with its answer takes about 8 ms: these fall into, between and behind the first dozen of
+    // them.
+    for (int milliseconds = 1; milliseconds < 100; milliseconds += 9) {
+        all.push_back({"pulled after " + std::to_string(milliseconds) + " ms",
+                       [milliseconds](VirtualBench& bench, const SendingAction&) {
+                           bench.after(std::chrono::milliseconds(milliseconds),
+                                       [&bench] { bench.ports.seat(port).unplug(); });
+                       }});
+    }
+    return all;
+}
+
+std::vector<Fault> deskFaults() {
+    return {
+        {"box open while ticks come",
+         [](VirtualBench& bench, const SendingAction&) {
+             board(bench).setMute(true);
+             bench.dialogs.whileOpen = [&bench] { bench.run(3s); };
+             bench.after(40ms, [&bench] { bench.ports.seat(port).unplug(); });
+         }},
+        {"window closed while it waits",
+         [](VirtualBench& bench, const SendingAction& action) {
+             board(bench).setDelay(300ms);
+             bench.after(30ms, [&bench, form = action.form] {
+                 if (Form* window = bench.desk.find(form); window != nullptr && !form.empty()) {
+                     window->userClose();
+                 }
+             });
+         }},
+        {"second action inside the first",
+         [](VirtualBench& bench, const SendingAction& action) {
+             board(bench).setDelay(50ms);
+             bench.after(20ms, [&bench, &action] { action.act(bench); });
+         }},
+        {"disconnected while it waits",
+         [](VirtualBench& bench, const SendingAction&) {
+             board(bench).setDelay(300ms);
+             bench.after(30ms, [&bench] { bench.at("main", "Disconnect").click(); });
+         }},
+    };
+}
+
+std::vector<Fault> faults() {
+    std::vector<Fault> all = spoiledAnswers();
+    for (std::vector<Fault>& more : std::vector<std::vector<Fault>>{lineFaults(), deskFaults()}) {
+        all.insert(all.end(), more.begin(), more.end());
+    }
+    return all;
+}
+
+void openWindow(VirtualBench& bench, const SendingAction& action) {
+    if (action.form.empty()) {
+        return;
+    }
+    Form* window = bench.desk.find(action.form);
+    if (action.opener == nullptr) {
+        bench.shared().open(action.form);
+    } else if (window == nullptr || !window->isOpen()) {
+        ASSERT_TRUE((bench.main().menu.*action.opener).click());
+    }
+    ASSERT_NE(bench.desk.find(action.form), nullptr) << action.form;
+}
+
+void expectWholeLines(VirtualBench& bench) {
+    static const std::regex whole(
+        "|i|V[0-9A-F]{1,2}|A[01D]|[HLZ][0-7]|X[012]|RI|RS|WSCC|S1[0-9A-F]{2}|S2[0-9A-F]{4}|"
+        "[HL]2\n");
+    for (const std::string& line : bench.takeSent()) {
+        EXPECT_TRUE(std::regex_match(line, whole)) << "half a line: " << line;
+    }
+}
+
+/// Whatever state the bars are in, gets to a connection the way a user would.
+void reconnect(FaultyBench& bench) {
+    bench.dialogs.whileOpen = nullptr;
+    bench.mend();
+    Element& connect = bench.at("main", "Connect");
+    Element& disconnect = bench.at("main", "Disconnect");
+    if (!connect.active() && !disconnect.active()) {
+        bench.at("main", "CB_Mode").choosePosition(0);
+    }
+    if (disconnect.active()) {
+        disconnect.click();
+    }
+    ASSERT_TRUE(connect.click());
+    bench.run(15s);
+    EXPECT_TRUE(bench.channel().isOpen());
+    EXPECT_EQ(bench.at("main", "CommStatus").text(), "Comm. OK");
+}
+
+class FaultMatrix : public ::testing::TestWithParam<SendingAction> {};
+
+TEST_P(FaultMatrix, LeavesTheProgramAbleToWork) {
+    const SendingAction& action = GetParam();
+    for (const Fault& fault : faults()) {
+        SCOPED_TRACE(fault.name);
+        FaultyBench bench;
+        bench.ports.place(port, sim::BoardKind::LoadBoard2);
+        bench.startAndSearch();
+        openWindow(bench, action);
+        bench.takeSent();
+
+        fault.arm(bench, action);
+        action.act(bench);
+        bench.run(20s);
+        expectWholeLines(bench);
+        EXPECT_EQ(bench.shared().CommState, 0);
+
+        reconnect(bench);
+        openWindow(bench, action);
+        bench.takeSent();
+        bench.dialogs.boxes.clear();
+        action.act(bench);
+        bench.run(5s);
+        EXPECT_FALSE(bench.takeSent().empty()) << "the action no longer reaches the board";
+        EXPECT_TRUE(bench.dialogs.boxes.empty()) << bench.dialogs.boxes.front().text;
+        EXPECT_EQ(bench.shared().CommState, 0);
+    }
+}
+
+TEST_P(FaultMatrix, EndsWhenTheProgramIsLeftWhileItWaits) {
+    const SendingAction& action = GetParam();
+    for (auto moment : {1ms, 8ms, 30ms, 120ms}) {
+        FaultyBench bench;
+        bench.ports.place(port, sim::BoardKind::LoadBoard2);
+        bench.startAndSearch();
+        openWindow(bench, action);
+        bench.takeSent();
+        board(bench).setDelay(300ms);
+        bench.after(moment, [&bench] { bench.main().userClose(); });
+        try {
+            action.act(bench);
+            bench.run(20s);
+        } catch (const VirtualTimeError& error) {
+            ADD_FAILURE() << error.what();
+        }
+        expectWholeLines(bench);
+        EXPECT_TRUE(bench.main().isClosed());
+        EXPECT_FALSE(bench.channel().isOpen());
+        EXPECT_TRUE(bench.dialogs.boxes.empty()) << bench.dialogs.boxes.front().text;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryWindow, FaultMatrix, ::testing::ValuesIn(sendingActions()),
+                         [](const auto& row) { return row.param.name; });
+
+} // namespace
+
+} // namespace zor::testing

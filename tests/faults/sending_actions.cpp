@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "faults/sending_actions.h"
+
+#include "shell/panel_table.h"
+
+#include <utility>
+
+namespace zor::testing {
+
+namespace {
+
+std::function<void(VirtualBench&)> clicking(std::string form, std::string element) {
+    return [form = std::move(form), element = std::move(element)](VirtualBench& bench) {
+        if (bench.desk.find(form) != nullptr) {
+            bench.at(form, element).click();
+        }
+    };
+}
+
+void addPanelActions(std::vector<SendingAction>& all, const PanelRow& panel) {
+    std::string form = panel.name;
+    auto add = [&](const char* what, std::function<void(VirtualBench&)> act) {
+        all.push_back({form + "_" + what, form, panel.view, std::move(act)});
+    };
+    for (const char* button : {"Update", "CalibratePLL", "ReadStatus", "IRQpoll"}) {
+        add(button, clicking(form, button));
+    }
+    add("RepeatedStatusRead", [form](VirtualBench& bench) {
+        if (bench.desk.find(form) != nullptr) {
+            bench.at(form, "ReadStatus").doubleClick();
+            bench.run(std::chrono::seconds(4));
+            if (bench.desk.find(form) != nullptr) {
+                bench.at(form, "ReadStatus").leave();
+            }
+        }
+    });
+    if (panel.chipClass != ChipClass::Receiver) {
+        add("PowerSupply", [form](VirtualBench& bench) {
+            if (bench.desk.find(form) != nullptr) {
+                bench.at(form, "PowerSupply").type("3.1");
+            }
+        });
+    }
+    if (panel.chipClass != ChipClass::Transmitter) {
+        add("FFreset", clicking(form, "FFreset"));
+        add("CloseWindow", [form](VirtualBench& bench) {
+            if (Form* window = bench.desk.find(form)) {
+                window->userClose();
+            }
+        });
+    }
+}
+
+} // namespace
+
+std::vector<SendingAction> sendingActions() {
+    std::vector<SendingAction> all;
+    for (const PanelRow& panel : panelRows()) {
+        if (panel.make != nullptr) {
+            addPanelActions(all, panel);
+        }
+    }
+    all.push_back({"Supply_Voltage", "frm_PowerSupply", nullptr, clicking("frm_PowerSupply", "PB_Voltage")});
+    all.push_back({"Supply_Current", "frm_PowerSupply", nullptr, clicking("frm_PowerSupply", "PB_Current")});
+    all.push_back({"Supply_Continuous", "frm_PowerSupply", nullptr, [](VirtualBench& bench) {
+                       for (int time = 0; time < 2; ++time) {
+                           if (bench.desk.find("frm_PowerSupply") != nullptr) {
+                               bench.at("frm_PowerSupply", "ContRead").click();
+                               bench.run(std::chrono::seconds(1));
+                           }
+                       }
+                   }});
+    all.push_back({"Terminal_Line", "Terminal", &MainMenu::mnutoolsTerminal, [](VirtualBench& bench) {
+                       for (char key : std::string_view("i\r")) {
+                           if (bench.desk.find("Terminal") != nullptr) {
+                               bench.at("Terminal", "Text1").press(key);
+                           }
+                       }
+                       bench.run(std::chrono::seconds(1));
+                   }});
+    all.push_back({"Terminal_Script", "Terminal", &MainMenu::mnutoolsTerminal, [](VirtualBench& bench) {
+                       if (bench.desk.find("Terminal") != nullptr) {
+                           bench.at("Terminal", "En_ScriptWindow").tick(true);
+                           bench.at("Terminal", "Script").edit("H2\r\nL2\r\n");
+                           bench.at("Terminal", "SendScript").click();
+                       }
+                   }});
+    for (int index = 0; index < 3; ++index) {
+        all.push_back({"Selector_" + std::to_string(index), "", nullptr,
+                       [index](VirtualBench& bench) { bench.at("main", "CB_Mode").choosePosition(index); }});
+    }
+    all.push_back({"Connect_Again", "", nullptr, [](VirtualBench& bench) {
+                       bench.at("main", "Disconnect").click();
+                       bench.at("main", "Connect").click();
+                       bench.run(std::chrono::seconds(12));
+                   }});
+    return all;
+}
+
+} // namespace zor::testing
