@@ -14,6 +14,8 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStackedLayout>
+#include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -54,12 +56,23 @@ QStringList unseenElements(const Form& form, const QWidget& root) {
     return unseen;
 }
 
+bool onPageThatIsDown(const QWidget& widget) {
+    for (const QWidget* at = &widget; at->parentWidget() != nullptr; at = at->parentWidget()) {
+        auto* pages = qobject_cast<QStackedLayout*>(at->parentWidget()->layout());
+        if (pages != nullptr && pages->currentWidget() != at) {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Names of bound widgets that are hidden although their element, and each container of it, is shown.
 QStringList wronglyHidden(const QWidget& root) {
     QStringList hidden;
     for (const Binding* binding : root.findChildren<Binding*>()) {
         const QWidget* widget = binding->widget();
-        if (widget != nullptr && binding->element()->shown() && !widget->isVisibleTo(&root)) {
+        if (widget != nullptr && binding->element()->shown() && !onPageThatIsDown(*widget) &&
+            !widget->isVisibleTo(&root)) {
             hidden += name(*binding->element());
         }
     }
@@ -72,6 +85,7 @@ void openForm(Program& program, const std::string& formName, std::unique_ptr<For
         {"Help_R1", [&] { own = std::make_unique<DataFilterHelp>(program.main.bench()); }},
         {"frm_Splash", [&] { own = std::make_unique<Splash>(program.main.bench()); }},
         {"frmAbout", [&] { program.main.menu.mnuHelpAbout.click(); }},
+        {"Preferences", [&] { program.main.menu.mnuFilePreferences.click(); }},
         {"Products", [&] { program.main.menu.mnuHelpProducts.click(); }},
         {"Terminal", [&] { program.main.menu.mnutoolsTerminal.click(); }},
         {"frm_PowerSupply", [&] { program.main.bench().open("frm_PowerSupply"); }},
@@ -136,9 +150,9 @@ TEST(Workbench, BearsTheTitleAndSizeOfTheMainForm) {
     program.start();
     EXPECT_EQ(program.window.windowTitle(), "Ortolan Radio Bench System");
     EXPECT_EQ(program.window.size(), QSize(1280, 800));
-    program.window.resize(1000, 700);
+    program.window.resize(600, 500);
     QCoreApplication::processEvents();
-    EXPECT_EQ(program.main.extent(), (Extent{10500, 15000}));
+    EXPECT_EQ(program.main.extent(), (Extent{7500, 9000}));
 }
 
 TEST(Workbench, AMenuEntryOpensAWindowInsideTheMainOne) {
@@ -271,6 +285,27 @@ TEST(Workbench, AFieldKeepsItsFocusAndIsCommittedWhenAnotherTakesIt) {
     EXPECT_EQ(form->focusedElement(), form->find("PB_Voltage"));
     form->setFocus(form->find("Voltage"));
     EXPECT_TRUE(voltage->hasFocus());
+}
+
+TEST(Workbench, TurningAPageKeepsTheWindowsSize) {
+    Program program;
+    program.start();
+    program.main.menu.mnuFilePreferences.click();
+    Form* form = program.desk.find("Preferences");
+    ASSERT_NE(form, nullptr);
+    FormWindow& window = *program.window.windowOf(*form);
+    auto* strip = window.content().findChild<QTabBar*>("TabStrip1");
+    ASSERT_NE(strip, nullptr);
+    QSize size = window.content().minimumSizeHint();
+    auto* field = window.content().findChild<QWidget*>("ComNr_min");
+    auto* tick = window.content().findChild<QWidget*>("EnLB_FWload");
+    EXPECT_TRUE(field->isVisible());
+    EXPECT_FALSE(tick->isVisible());
+    strip->setCurrentIndex(2);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_TRUE(tick->isVisible());
+    EXPECT_EQ(window.content().minimumSizeHint(), size);
+    EXPECT_TRUE(form->find("Frame_pref_tabs(2)")->visible());
 }
 
 TEST(Workbench, WindowsScrollRatherThanClipAtTwiceTheFontSize) {

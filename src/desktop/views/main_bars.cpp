@@ -4,7 +4,6 @@
 #include "desktop/widgets/colours.h"
 #include "shell/main_window.h"
 
-#include <QHBoxLayout>
 #include <QMainWindow>
 #include <QPainter>
 #include <QToolBar>
@@ -38,21 +37,16 @@ class LineDot : public QWidget {
     Subscription subscription;
 };
 
-/// One bar: a row of widgets that is hidden and greyed with the bar's element.
+/// One bar: widgets that are hidden and greyed with the bar's element.
 void addBar(QMainWindow& window, Bar& element, const QString& title, const std::vector<QWidget*>& widgets) {
     auto* bar = new QToolBar(title);
     bar->setMovable(false);
     // The toolkit's own menu would hide a bar without its element knowing.
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    auto* row = new QWidget;
-    auto* layout = new QHBoxLayout(row);
-    layout->setContentsMargins(4, 2, 4, 2);
-    layout->setSpacing(6);
+    // One by one, so that a narrow window puts what does not fit behind the bar's arrow.
     for (QWidget* widget : widgets) {
-        layout->addWidget(widget);
+        bar->addWidget(widget);
     }
-    layout->addStretch(1);
-    bar->addWidget(row);
     window.addToolBar(bar);
     new Binding(element, *bar);
 }

@@ -7,9 +7,13 @@ namespace zor {
 
 const std::map<std::string, View>& allViews() {
     static const std::map<std::string, View> views{
-        {"Help_R1", {dataFilterHelpView}},      {"Products", {productsView}},
-        {"Terminal", {terminalView}},           {"frmAbout", {aboutView}},
-        {"frm_PowerSupply", {powerSupplyView}}, {"frm_Splash", {splashView, FormWindow::Frame::Bare}},
+        {"Help_R1", {dataFilterHelpView}},
+        {"Preferences", {preferencesView, FormWindow::Frame::Titled}},
+        {"Products", {productsView}},
+        {"Terminal", {terminalView}},
+        {"frmAbout", {aboutView}},
+        {"frm_PowerSupply", {powerSupplyView}},
+        {"frm_Splash", {splashView, FormWindow::Frame::Bare}},
     };
     return views;
 }

@@ -16,6 +16,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* aboutView(Form& form);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
+[[nodiscard]] QWidget* preferencesView(Form& form);
 [[nodiscard]] QWidget* productsView(Form& form);
 [[nodiscard]] QWidget* splashView(Form& form);
 [[nodiscard]] QWidget* terminalView(Form& form);

@@ -102,7 +102,9 @@ void Binding::showState() {
         return;
     }
     QWidget& own = *widget();
-    setShown(own, bound->shown());
+    if (visibilityIsShown) {
+        setShown(own, bound->shown());
+    }
     own.setEnabled(bound->active());
     own.setToolTip(linesToQt(bound->tip()));
     for (const auto& companion : companions) {

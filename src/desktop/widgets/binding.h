@@ -48,6 +48,9 @@ class Binding : public QObject {
     /// Whether the element's background is the widget's; it is unless told otherwise.
     void setBackgroundShown(bool shown) { backgroundIsShown = shown; }
 
+    /// Whether the widget is shown and hidden with the element; a page of a tab strip is by the strip.
+    void setVisibilityShown(bool shown) { visibilityIsShown = shown; }
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -63,6 +66,7 @@ class Binding : public QObject {
     std::function<void()> draw;
     std::optional<Colour> shownBackground;
     bool backgroundIsShown = true;
+    bool visibilityIsShown = true;
     bool drawing = false;
 };
 

@@ -211,6 +211,11 @@ QWidget* tabs(TabStrip& element, std::initializer_list<QWidget*> pages) {
     auto* stack = new QStackedLayout(frame);
     stack->setContentsMargins(10, 10, 10, 10);
     for (QWidget* page : pages) {
+        // A page that its own element hid would not count for the size that all pages share.
+        if (Binding* pageBinding = Binding::of(page)) {
+            pageBinding->setVisibilityShown(false);
+            page->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+        }
         stack->addWidget(page);
     }
     layout->addWidget(frame, 1);
