@@ -1,0 +1,485 @@
+// SPDX-License-Identifier: MIT
+// The engine that all panels share, on the KT1100's panel where the chip does not matter.
+#include "panels/all_panels.h"
+#include "panels/panel_bench.h"
+
+#include <gmock/gmock.h>
+
+namespace zor {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using testing::PanelBench;
+using testing::With;
+using namespace std::chrono_literals;
+
+constexpr const char* loadNotice = "Update chip control words, and power management settings!";
+
+bool lit(PanelBench<OpalV2>& bench, int index) {
+    return bench.panel->status(index).lit();
+}
+
+} // namespace
+
+TEST(ChipPanel, UpdateSendsTheWordsInTheirOrderAndTakesTheMarkAway) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    bench.click("Update");
+    EXPECT_THAT(bench.takeSent(), ElementsAre("S28080", "S2A7D0", "S1B0", "S2C000", "S2C200", "S2E000"));
+    EXPECT_FALSE(panel.LabelUpdate.visible());
+    EXPECT_EQ(panel.Statusline.text(), " ");
+    EXPECT_EQ(bench.shared().CommStatus->text(), "Comm. OK");
+}
+
+TEST(ChipPanel, UpdateOfTheKT1101EndsWithThePllWord) {
+    PanelBench<JadeV1> bench(With::LoadBoard2);
+    bench.open();
+    bench.choose("CB_MaxDataRate", "115.2");
+    bench.click("Update");
+    EXPECT_THAT(bench.takeSent(),
+                ElementsAre("S28880", "S2A7D0", "S1B0", "S2C000", "S2C200", "S2E000", "S2C800", "S2D280"));
+}
+
+TEST(ChipPanel, UpdateOfTheKT1102SendsNineWords) {
+    PanelBench<KT1102> bench(With::LoadBoard2);
+    bench.open();
+    bench.click("Update");
+    EXPECT_THAT(bench.takeSent(), ElementsAre("S29080", "S2AD57", "S2C000", "S2CE03", "S2C813", "S2C200",
+                                              "S2E196", "S2C300", "S2B000"));
+}
+
+TEST(ChipPanel, UpdateWithoutAPortSaysSoAndKeepsTheMark) {
+    PanelBench<OpalV2> bench;
+    auto& panel = bench.open();
+    bench.click("Update");
+    EXPECT_EQ(panel.Statusline.text(), "Communication fault.");
+    EXPECT_EQ(bench.takeBox(),
+              "Commport not available, please open commport. Control words were not updated.");
+    EXPECT_TRUE(panel.LabelUpdate.visible());
+    EXPECT_THAT(bench.takeSent(), IsEmpty());
+}
+
+TEST(ChipPanel, UpdateDoesNotAskWhetherASequenceRuns) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    bench.open();
+    bench.shared().CommState = 7;
+    bench.click("Update");
+    EXPECT_EQ(bench.takeSent().size(), 6U);
+    EXPECT_EQ(bench.shared().CommState, 7);
+}
+
+TEST(ChipPanel, WordsOfGroupsThatAreDisabledAreSentToo) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    bench.open();
+    bench.tick("pm2");
+    bench.type("LBD", "5");
+    bench.tick("pm1");
+    bench.type("WKUPM", "3");
+    bench.untick("pm2");
+    bench.untick("pm1");
+    bench.takeSent();
+    bench.click("Update");
+    EXPECT_THAT(bench.takeSent(), ElementsAre("S28080", "S2A7D0", "S1B0", "S2C000", "S2C205", "S2E003"));
+}
+
+TEST(ChipPanel, EverySettingThatRewritesAWordShowsTheMark) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    bench.click("Update");
+    bench.choose("Cxtal", "9.0 pF");
+    EXPECT_TRUE(panel.LabelUpdate.visible());
+    EXPECT_FALSE(panel.LabelCalibration.visible());
+}
+
+TEST(ChipPanel, ABandKeepsTheFrequencyWordAndMovesTheFrequency) {
+    PanelBench<OpalV2> bench;
+    auto& panel = bench.open();
+    struct {
+        const char* band;
+        const char* megahertz;
+        const char* step;
+        const char* word;
+    } rows[] = {{"Band433", "435", "2.5", "8880"},
+                {"Band868", "870", "5", "9080"},
+                {"Band915", "915", "7.5", "9880"},
+                {"Band315", "315", "2.5", "8080"}};
+    for (const auto& row : rows) {
+        panel.LabelCalibration.setVisible(false);
+        bench.click(row.band);
+        EXPECT_EQ(bench.text("FreqCenter"), row.megahertz) << row.band;
+        EXPECT_EQ(bench.text("FreqStep"), row.step) << row.band;
+        EXPECT_EQ(bench.text("Freqw"), "A7D0") << row.band;
+        EXPECT_EQ(bench.text("Ctrlw"), row.word) << row.band;
+        EXPECT_TRUE(panel.LabelCalibration.visible()) << row.band;
+    }
+}
+
+TEST(ChipPanel, ATypedFrequencyIsPulledOntoTheNearestStepAndKeptInItsLimits) {
+    PanelBench<OpalV2> bench;
+    bench.open();
+    struct {
+        const char* typed;
+        const char* shown;
+        const char* word;
+        const char* notice;
+    } rows[] = {{"314.0012", "314", "A640", loadNotice},
+                {"300", "310.24", "A060", "Minimum frequency reached!"},
+                {"400", "319.7575", "AF3F", "Maximum frequency reached!"},
+                {"abc", "310.24", "A060", "Minimum frequency reached!"}};
+    for (const auto& row : rows) {
+        bench.type("FreqCenter", row.typed);
+        EXPECT_EQ(bench.text("FreqCenter"), row.shown) << row.typed;
+        EXPECT_EQ(bench.text("Freqw"), row.word) << row.typed;
+        EXPECT_EQ(bench.text("Statusline"), row.notice) << row.typed;
+    }
+}
+
+TEST(ChipPanel, ACrystalKeepsTheFrequencyAndMovesItsWord) {
+    PanelBench<OpalV2> bench;
+    auto& panel = bench.open();
+    bench.choose("CLKout", 3);
+    bench.choose("ModFreq", 5);
+    bench.click("NonStdCrystal");
+    EXPECT_TRUE(panel.Crystalfreq.enabled());
+    EXPECT_EQ(bench.text("Crystalfreq"), "10");
+    bench.type("Crystalfreq", "10.1");
+    EXPECT_EQ(bench.text("FreqCenter"), "314.9988");
+    EXPECT_EQ(bench.text("Freqw"), "A2F0");
+    EXPECT_EQ(bench.text("FreqStep"), "2.525");
+    // The lists go back to their first entries.
+    EXPECT_EQ(panel.CLKout.position(), 0);
+    EXPECT_EQ(panel.ModFreq.position(), 0);
+    EXPECT_EQ(bench.text("CLKout"), "1.01");
+    EXPECT_EQ(bench.text("ModFreq"), "30.3");
+    EXPECT_EQ(bench.text("Ctrlw"), "8080");
+    EXPECT_EQ(panel.GetXtalFrequency(), 10100000);
+    EXPECT_FALSE(panel.LabelCalibration.visible());
+    bench.click("StdCrystal");
+    EXPECT_FALSE(panel.Crystalfreq.enabled());
+    EXPECT_EQ(panel.GetXtalFrequency(), 10000000);
+    EXPECT_EQ(bench.text("CLKout"), "1");
+    EXPECT_EQ(bench.text("Statusline"), " ");
+}
+
+TEST(ChipPanel, ACrystalIsKeptBetweenEightAndTwelveMegahertz) {
+    PanelBench<OpalV2> bench;
+    bench.open();
+    bench.click("NonStdCrystal");
+    struct {
+        const char* typed;
+        const char* shown;
+        const char* notice;
+    } rows[] = {// The chain commits the frequency, which has the last word while it has to move.
+                {"8", "8", "Maximum frequency reached!"},
+                {"7.9999994", "8", "Minimum crystal frequency reached!"},
+                {"12", "12", "Minimum frequency reached!"},
+                {"12.0000006", "12", "Maximum crystal frequency reached!"}};
+    for (const auto& row : rows) {
+        bench.type("Crystalfreq", row.typed);
+        EXPECT_EQ(bench.text("Crystalfreq"), row.shown) << row.typed;
+        EXPECT_EQ(bench.text("Statusline"), row.notice) << row.typed;
+    }
+}
+
+TEST(ChipPanel, ACrystalWithoutANumberGoesBackToWhatItWas) {
+    PanelBench<OpalV2> bench;
+    auto& panel = bench.open();
+    bench.click("NonStdCrystal");
+    bench.type("Crystalfreq", "10.1234565");
+    EXPECT_EQ(bench.text("Crystalfreq"), "10.123456");
+    std::string frequency = bench.text("FreqCenter");
+    for (const char* text : {"none", "", "MHz 10"}) {
+        bench.type("Crystalfreq", text);
+        EXPECT_EQ(bench.text("Crystalfreq"), "10.123456") << text;
+        EXPECT_EQ(bench.text("FreqCenter"), frequency) << text;
+    }
+    EXPECT_EQ(panel.GetXtalFrequency(), 10123456);
+}
+
+TEST(ChipPanel, TheTimersClockFollowsTheCrystal) {
+    PanelBench<OpalV2> bench;
+    bench.open();
+    bench.tick("pm1");
+    bench.type("WKUPM", "100");
+    bench.type("WKUPR", "10");
+    EXPECT_EQ(bench.text("WKUPTIME"), "102.4");
+    EXPECT_EQ(bench.text("Wkupw"), "EA64");
+    bench.click("NonStdCrystal");
+    bench.type("Crystalfreq", "8");
+    EXPECT_EQ(bench.text("WKUPTIME"), "128");
+    EXPECT_EQ(bench.text("Wkupw"), "EA64");
+}
+
+TEST(ChipPanel, TheTimersNumbersAreClampedWithoutANotice) {
+    PanelBench<OpalV2> bench;
+    bench.open();
+    bench.tick("pm1");
+    bench.type("WKUPM", "256");
+    bench.type("WKUPR", "24");
+    EXPECT_EQ(bench.text("WKUPM"), "255");
+    EXPECT_EQ(bench.text("WKUPR"), "23");
+    EXPECT_EQ(bench.text("Wkupw"), "F7FF");
+    EXPECT_EQ(bench.text("Label8"), "days");
+    EXPECT_EQ(bench.text("Statusline"), loadNotice);
+    bench.type("WKUPM", "0");
+    EXPECT_EQ(bench.text("WKUPTIME"), "0");
+    EXPECT_EQ(bench.text("Label8"), "sec");
+    EXPECT_EQ(bench.text("Wkupw"), "F700");
+}
+
+TEST(ChipPanel, AZeroThresholdVoltageEndsAtTheLowestThreshold) {
+    PanelBench<OpalV2> bench;
+    bench.open();
+    bench.tick("pm2");
+    bench.type("LBDV", "3.1");
+    EXPECT_EQ(bench.text("LBD"), "9");
+    EXPECT_EQ(bench.text("LBDw"), "C209");
+    bench.type("LBDV", "0");
+    EXPECT_EQ(bench.text("LBD"), "0");
+    EXPECT_EQ(bench.text("LBDV"), "2.2");
+    bench.type("LBDV", "9");
+    EXPECT_EQ(bench.text("LBD"), "31");
+    EXPECT_EQ(bench.text("LBDV"), "5.3");
+    bench.type("LBDV", "-1");
+    EXPECT_EQ(bench.text("LBD"), "0");
+}
+
+TEST(ChipPanel, CalibrationEndsWithTheSynthesizerOffWhereItsTickIs) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    bench.click("Band433");
+    bench.click("Update");
+    bench.takeSent();
+    bench.click("CalibratePLL");
+    EXPECT_THAT(bench.takeSent(), ElementsAre("S2C000", "S2C010", "S2C000"));
+    EXPECT_EQ(bench.text("PowerMw"), "C000");
+    EXPECT_FALSE(panel.LabelCalibration.visible());
+    EXPECT_FALSE(panel.LabelUpdate.visible());
+}
+
+TEST(ChipPanel, CalibrationEndsWithTheSynthesizerOnWhereItsTickIs) {
+    PanelBench<KT1102> bench(With::LoadBoard1);
+    bench.open();
+    bench.tick("pm5");
+    bench.tick("pm4");
+    bench.click("CalibratePLL");
+    EXPECT_THAT(bench.takeSent(), ElementsAre("S2C020", "S2C030"));
+    EXPECT_EQ(bench.text("PowerMw"), "C030");
+}
+
+TEST(ChipPanel, CalibrationWithWordsPendingLeavesTheReminder) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    bench.click("Band433");
+    bench.click("CalibratePLL");
+    EXPECT_TRUE(panel.LabelCalibration.visible());
+    EXPECT_TRUE(panel.LabelUpdate.visible());
+}
+
+TEST(ChipPanel, CalibrationWithoutAPortSaysSo) {
+    PanelBench<OpalV2> bench;
+    auto& panel = bench.open();
+    bench.click("CalibratePLL");
+    EXPECT_EQ(panel.Statusline.text(), "Communication fault.");
+    EXPECT_EQ(bench.takeBox(),
+              "Commport not available, please open commport. Synthesizer was not calibrated!");
+}
+
+TEST(ChipPanel, AStatusReadPaintsTheByteFromItsHighBitOn) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    bench.board().setStatus(0x81);
+    bench.click("ReadStatus");
+    EXPECT_EQ(bench.shared().CommState, 1);
+    bench.run(1000ms);
+    EXPECT_THAT(bench.takeSent(), ElementsAre("H2", "L2", "WSCC", "L0", "RS", "H2"));
+    EXPECT_EQ(bench.shared().CommState, 0);
+    for (int index = 1; index <= 8; ++index) {
+        bool set = index == 1 || index == 8;
+        EXPECT_EQ(lit(bench, index), set) << index;
+        EXPECT_EQ(panel.status(index).enabled(), set) << index;
+        EXPECT_EQ(panel.status(index).background(),
+                  set ? panel.OnColor.background() : panel.OffColor.background())
+            << index;
+    }
+    EXPECT_EQ(panel.status(1).caption(), "POR");
+    EXPECT_EQ(panel.status(8).caption(), "nIRQ");
+    bench.board().setStatus(0x7E);
+    bench.click("ReadStatus");
+    bench.run(1000ms);
+    EXPECT_FALSE(lit(bench, 1));
+    EXPECT_TRUE(lit(bench, 2));
+    EXPECT_FALSE(lit(bench, 8));
+}
+
+TEST(ChipPanel, TheKT1102IsReadWithoutACommand) {
+    PanelBench<KT1102> bench(With::LoadBoard1);
+    bench.open();
+    bench.click("ReadStatus");
+    bench.run(1000ms);
+    EXPECT_THAT(bench.takeSent(), ElementsAre("H2", "L2", "L0", "RS", "H2"));
+}
+
+TEST(ChipPanel, AStatusReadWantsAFreePort) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    bench.open();
+    bench.shared().CommState = 3;
+    bench.click("ReadStatus");
+    EXPECT_EQ(bench.takeBox(), "Commport is busy. Please retry later!");
+    bench.click("IRQpoll");
+    EXPECT_EQ(bench.takeBox(), "Commport is busy. Please retry later!");
+    EXPECT_EQ(bench.shared().CommState, 3);
+    bench.run(1000ms);
+    EXPECT_THAT(bench.takeSent(), IsEmpty());
+
+    PanelBench<OpalV2> without;
+    without.open();
+    without.click("ReadStatus");
+    EXPECT_EQ(without.takeBox(), "Commport not available, Loadboard not connected!");
+    without.click("IRQpoll");
+    EXPECT_EQ(without.takeBox(), "Commport not available, Loadboard not connected!");
+}
+
+TEST(ChipPanel, AStatusReadLeavesAStepOfAnotherToolAlone) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    bench.open();
+    bench.click("ReadStatus");
+    bench.shared().CommState = 42;
+    bench.run(1000ms);
+    EXPECT_EQ(bench.shared().CommState, 42);
+    EXPECT_THAT(bench.takeSent(), IsEmpty());
+}
+
+TEST(ChipPanel, TheInterruptLinesLevelLightsItsLamp) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    bench.board().setInterruptLine(false);
+    bench.click("IRQpoll");
+    bench.run(1000ms);
+    EXPECT_THAT(bench.takeSent(), ElementsAre("RI"));
+    EXPECT_TRUE(panel.IRQ.lit());
+    EXPECT_TRUE(panel.IRQ.enabled());
+    EXPECT_EQ(panel.IRQ.background(), panel.OnColor.background());
+    EXPECT_EQ(bench.shared().CommState, 0);
+    bench.board().setInterruptLine(true);
+    bench.click("IRQpoll");
+    bench.run(1000ms);
+    EXPECT_FALSE(panel.IRQ.lit());
+    EXPECT_FALSE(panel.IRQ.enabled());
+    EXPECT_EQ(panel.IRQ.background(), panel.OffColor.background());
+}
+
+TEST(ChipPanel, ADoubleClickReadsOnceAndThenAgainAndAgain) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    panel.ReadStatus.doubleClick();
+    bench.run(1400ms);
+    EXPECT_EQ(bench.takeSent().size(), 6U);
+    bench.run(110ms);
+    EXPECT_EQ(panel.ReadStatus.background(), (Colour{255, 255, 0}));
+    bench.run(150ms);
+    EXPECT_EQ(panel.ReadStatus.background(), std::nullopt);
+    bench.run(2500ms);
+    EXPECT_EQ(bench.takeSent().size(), 12U);
+}
+
+TEST(ChipPanel, AClickDuringRepeatsEndsThemAndReadsOnce) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    panel.ReadStatus.doubleClick();
+    bench.run(2500ms);
+    bench.takeSent();
+    bench.click("ReadStatus");
+    bench.run(10000ms);
+    EXPECT_EQ(bench.takeSent().size(), 6U);
+}
+
+TEST(ChipPanel, LeavingTheButtonEndsTheRepeats) {
+    PanelBench<OpalV2> bench(With::LoadBoard1);
+    auto& panel = bench.open();
+    EXPECT_TRUE(panel.ReadStatus.takesFocusOnClick);
+    panel.ReadStatus.takeFocus();
+    panel.ReadStatus.doubleClick();
+    bench.run(2500ms);
+    bench.takeSent();
+    panel.FreqCenter.takeFocus();
+    bench.run(10000ms);
+    EXPECT_THAT(bench.takeSent(), IsEmpty());
+}
+
+TEST(ChipPanel, TheStatusAreaFoldsOutAndIn) {
+    PanelBench<OpalV2> bench;
+    auto& panel = bench.open();
+    bench.click("ShowStatus");
+    EXPECT_EQ(panel.extent().height, 9700);
+    EXPECT_EQ(panel.ShowStatus.caption(), "Hide Status");
+    bench.click("ShowStatus");
+    EXPECT_EQ(panel.extent().height, 8930);
+    EXPECT_EQ(panel.ShowStatus.caption(), "Show Status");
+    panel.setExtent({9000, 15000});
+    bench.click("ShowStatus");
+    EXPECT_EQ(panel.extent().height, 8930);
+}
+
+TEST(ChipPanel, ASupplyIsRoundedClampedKeptAndSentWithTheSecondGenerationsConstant) {
+    for (With board : {With::LoadBoard1, With::LoadBoard2}) {
+        PanelBench<OpalV2> bench(board);
+        bench.open();
+        struct {
+            const char* typed;
+            const char* shown;
+            const char* line;
+            const char* notice;
+        } rows[] = {{"2.5", "2.5", "V83", " "},
+                    {"3.3", "3.3", "VA1", " "},
+                    {"3.14", "3.1", "V9B", " "},
+                    {"1", "2", "V64", "Minimum supply voltage is 2.0 V!"},
+                    {"6", "5.4", "VC6", "Maximum supply voltage is 5.4 V!"},
+                    {"2,5", "2", "V64", "Incorrect Power Supply voltage format!  (2,5 V)"}};
+        for (const auto& row : rows) {
+            bench.panel->Statusline.setText(" ");
+            bench.type("PowerSupply", row.typed);
+            EXPECT_EQ(bench.text("PowerSupply"), row.shown) << row.typed;
+            EXPECT_EQ(bench.shared().Pref_Voltage, row.shown) << row.typed;
+            EXPECT_THAT(bench.takeSent(), ElementsAre(row.line)) << row.typed;
+            EXPECT_EQ(bench.text("Statusline"), row.notice) << row.typed;
+        }
+    }
+}
+
+TEST(ChipPanel, TwoSuppliesInARowWithoutAPortRaiseOneBox) {
+    PanelBench<OpalV2> bench;
+    bench.open();
+    bench.type("PowerSupply", "3");
+    EXPECT_EQ(bench.text("Statusline"), "Communication fault.");
+    EXPECT_EQ(bench.takeBox(), "Commport not available, please open commport. PSU setting was not updated.");
+    bench.type("PowerSupply", "4");
+    EXPECT_TRUE(bench.dialogs.boxes.empty());
+    EXPECT_EQ(bench.shared().Pref_Voltage, "4");
+}
+
+TEST(ChipPanel, ALossOfFocusCommitsAsEnterDoes) {
+    PanelBench<OpalV2> bench;
+    auto& panel = bench.open();
+    panel.FreqCenter.edit("316");
+    EXPECT_EQ(bench.text("Freqw"), "A7D0");
+    panel.FreqCenter.leave();
+    EXPECT_EQ(bench.text("Freqw"), "A960");
+}
+
+TEST(ChipPanel, TheAutoLoadAsksForAFileBeforeThePanelShows) {
+    PanelBench<OpalV2> bench;
+    bench.shared().Pref_CCautoLoad = 1;
+    auto& panel = bench.open();
+    ASSERT_EQ(bench.dialogs.fileDialogs.size(), 1U);
+    EXPECT_EQ(bench.dialogs.fileDialogs.front().title, "Load Transmitter Configuration File");
+    // It was cancelled: the defaults stand, nothing is sent.
+    EXPECT_EQ(panel.savedConfiguration(), PanelBench<OpalV2>().open().savedConfiguration());
+    EXPECT_EQ(panel.Statusline.text(), loadNotice);
+    EXPECT_TRUE(bench.dialogs.boxes.empty());
+    EXPECT_THAT(bench.takeSent(), IsEmpty());
+}
+
+} // namespace zor
