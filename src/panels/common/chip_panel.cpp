@@ -116,6 +116,11 @@ void ChipPanel::wireCommon() {
     }
     PB_PowerSupply.onClick = [this] { bench.open("frm_PowerSupply"); };
     feed(Cxtal, Ctrlw);
+    Freqw.define(0xA000, {bits(
+                             11, 0, "frequency parameter", [this] { return frequencyField(FreqCode); },
+                             [this] { return FreqCenter.text() + " MHz"; })});
+    Wkupw.define(0xE000, {bits(12, 8, "R", [this] { return wakeUp.exponent; }),
+                          bits(7, 0, "M", [this] { return wakeUpLowByte(wakeUp.mantissa); })});
 }
 
 void ChipPanel::setWords(std::vector<ControlWord*> sentByUpdate, std::vector<ControlWord*> notSent) {
@@ -210,6 +215,11 @@ void ChipPanel::sendWord(ControlWord& word) {
     bench.connect->Send_To_LoadBoard(line);
 }
 
+void ChipPanel::sendStep(ControlWord& word, std::uint32_t value) {
+    word.show(value);
+    sendWord(word);
+}
+
 void ChipPanel::Update_Click() {
     clearNotice();
     if (!portReady(ownTraits.updateWithoutPort)) {
@@ -223,9 +233,27 @@ void ChipPanel::Update_Click() {
     }
 }
 
-void ChipPanel::endCalibration() {
+void ChipPanel::CalibratePLL_Click() {
+    clearNotice();
+    if (!portReady("Commport not available, please open commport. Synthesizer was not calibrated!")) {
+        return;
+    }
+    reading();
+    calibrate();
     if (!LabelUpdate.visible()) {
         LabelCalibration.setVisible(false);
+    }
+}
+
+void ChipPanel::showVariant(const char* variantTitle) {
+    bool regional = bench.IsBijakuModeSet();
+    setTitle(regional ? variantTitle : ownTraits.title);
+    for (Band which : {Band::Band433, Band::Band868, Band::Band915}) {
+        band(which)->setVisible(!regional);
+    }
+    Revision.setVisible(!regional);
+    if (regional && !band(Band::Band315)->chosen()) {
+        band(Band::Band315)->choose();
     }
 }
 

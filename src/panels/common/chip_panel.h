@@ -124,7 +124,8 @@ class ChipPanel : public Form {
     virtual void wakeUpCommitted() {}
     /// After each word of Update.
     virtual void wordSent(const ControlWord&) {}
-    virtual void CalibratePLL_Click() = 0;
+    /// The steps of a calibration; the port is open.
+    virtual void calibrate() = 0;
     /// The lines of the panel's configuration files behind the banner, in their order.
     [[nodiscard]] virtual ConfigurationLines configuration() = 0;
     /// All lines of a file have been read: the commits of the fields that were only filled, and the status
@@ -133,6 +134,8 @@ class ChipPanel : public Form {
     /// Around the transfers of a status read: before the first, and after the last.
     virtual void beforeStatusRead() {}
     virtual void afterStatusRead() {}
+    /// A status read ended before its last transfer because the port was gone.
+    virtual void statusReadCutShort() {}
     /// Shows a status byte.
     /// @param index  0 the first byte, 1 the second
     virtual void showStatusByte(int index, std::uint32_t byte);
@@ -165,9 +168,14 @@ class ChipPanel : public Form {
     void reading();
     void recomputeChain();
     void bandChosen(Band which);
+    /// Titles the panel as the chip or as its regional variant, which has Band315 alone and no revisions.
+    void showVariant(const char* variantTitle);
+    /// Shows another value of a word than the settings say, and sends it.
+    void sendStep(ControlWord& word, std::uint32_t value);
+    /// Paints a status byte's bits: bit 0 at the given indicator, each higher bit one before it.
+    void paintStatus(int lastIndicator, std::uint32_t byte);
     /// Enables what a tick governs, or shows the label that says why not.
     static void govern(bool on, const std::vector<Element*>& governed, Label& reason);
-    void endCalibration();
     [[nodiscard]] FrequencyScale frequencyScale() const;
     /// Caption of the chosen band.
     [[nodiscard]] std::string bandCaption() const;
@@ -188,6 +196,7 @@ class ChipPanel : public Form {
     void makeBands();
     void makeStatus();
     void Update_Click();
+    void CalibratePLL_Click();
     void ConfLoad_Click();
     void ConfSave_Click();
     /// The name that a file dialog gave; nothing if it was cancelled.

@@ -57,6 +57,7 @@ void ChipPanel::endSequence(Timer& timer) {
 void ChipPanel::Timer3_Timer() {
     if (!bench.connect->isOpen()) {
         endSequence(Timer3);
+        statusReadCutShort();
         return;
     }
     readStatusStep(static_cast<Step>(bench.CommState));
@@ -111,9 +112,13 @@ std::uint32_t ChipPanel::receivedByte() const {
 }
 
 void ChipPanel::showStatusByte(int index, std::uint32_t byte) {
-    for (int bitNumber = 0; bitNumber < 8; ++bitNumber) {
+    paintStatus(8 * (index + 1), byte);
+}
+
+void ChipPanel::paintStatus(int lastIndicator, std::uint32_t byte) {
+    for (int bitNumber = 0; bitNumber < 8 && bitNumber < lastIndicator; ++bitNumber) {
         bool set = ((byte >> bitNumber) & 1U) != 0;
-        status(8 * (index + 1) - bitNumber).paint(set, set ? OnColor : OffColor);
+        status(lastIndicator - bitNumber).paint(set, set ? OnColor : OffColor);
     }
 }
 

@@ -44,7 +44,7 @@ class ControlWord : public TextField {
 
     ControlWord(Form& owner, std::string name, std::string caption);
 
-    /// Declares the word; a window's constructor does it once.
+    /// Declares the word; a chip whose generations lay it out differently declares it anew.
     void define(std::uint32_t base, std::vector<BitField> fields, Size size = Size::TwoBytes);
 
     [[nodiscard]] std::uint32_t base() const { return ownBase; }

@@ -39,8 +39,6 @@ AutoPowerTransmitter::AutoPowerTransmitter(Bench& ownBench, const PanelTraits& p
                          [this] { return OutputPower.code() + (Modulation.code() != 0 ? ookMark() : 0); },
                          [this] { return OutputPower.text() + ", " + Modulation.text(); })},
                      ControlWord::Size::OneByte);
-    Wkupw.define(0xE000, {bits(12, 8, "R", [this] { return wakeUp.exponent; }),
-                          bits(7, 0, "M", [this] { return wakeUp.mantissa; })});
 }
 
 void AutoPowerTransmitter::setDefaults() {

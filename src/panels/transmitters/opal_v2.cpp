@@ -79,17 +79,8 @@ void OpalV2::switchRevision(int flag, std::size_t powerSteps, const Swatch& colo
 }
 
 void OpalV2::SetFrameMode() {
-    bool regional = bench.IsBijakuModeSet();
-    setTitle(regional ? "KT1100B transmitter control panel" : "KT1100 transmitter control panel");
-    for (Band which : {Band::Band433, Band::Band868, Band::Band915}) {
-        band(which)->setVisible(!regional);
-    }
-    Revision.setVisible(!regional);
-    Frame1.setBordered(!regional);
-    if (regional && !band(Band::Band315)->chosen()) {
-        // The variant has the one band only.
-        band(Band::Band315)->choose();
-    }
+    showVariant("KT1100B transmitter control panel");
+    Frame1.setBordered(!bench.IsBijakuModeSet());
 }
 
 } // namespace zor

@@ -50,9 +50,6 @@ TransmitterPanel::TransmitterPanel(Bench& ownBench, const PanelTraits& panelTrai
     for (Label* label : {&Label47, &Label48}) {
         label->onClick = [this] { pm(0)->setTicked(!pm(0)->ticked()); };
     }
-    Freqw.define(0xA000, {bits(
-                             11, 0, "frequency parameter", [this] { return frequencyField(FreqCode); },
-                             [this] { return FreqCenter.text() + " MHz"; })});
 }
 
 void TransmitterPanel::makePowerTicks(const std::vector<PowerTick>& ticks) {
@@ -151,23 +148,14 @@ void TransmitterPanel::configurationRead() {
     clearNotice();
 }
 
-void TransmitterPanel::CalibratePLL_Click() {
-    clearNotice();
-    if (!portReady("Commport not available, please open commport. Synthesizer was not calibrated!")) {
-        return;
-    }
-    reading();
+void TransmitterPanel::calibrate() {
     // The synthesizer calibrates at its edge from off to on, and ends as its tick says.
     std::uint32_t off = PowerMw.value() & ~synthesizerBit;
-    PowerMw.show(off);
-    sendWord(PowerMw);
-    PowerMw.show(off + synthesizerBit);
-    sendWord(PowerMw);
+    sendStep(PowerMw, off);
+    sendStep(PowerMw, off + synthesizerBit);
     if (!pm(4)->ticked()) {
-        PowerMw.show(off);
-        sendWord(PowerMw);
+        sendStep(PowerMw, off);
     }
-    endCalibration();
 }
 
 } // namespace zor

@@ -42,7 +42,7 @@ class TransmitterPanel : public ChipPanel {
 
   protected:
     void setDefaults() override;
-    void CalibratePLL_Click() override;
+    void calibrate() override;
     void configurationRead() override;
     /// The commits behind those of FreqCenter and LBD once a file has been read.
     virtual void commitFurtherRead() {}
