@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "panels/receivers/transceiver_panel.h"
+
+namespace zor {
+
+/// Control panel of the KT3100 transceiver and of its low-power regional variant KT3100B.
+class BerylV3 : public TransceiverPanel {
+  public:
+    explicit BerylV3(Bench& ownBench);
+
+    void SetFrameMode() override;
+};
+
+} // namespace zor

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// What the receiving panels ask of the board beyond every panel: the data line for the FIFO, the FIFO's
+// reset, and a status read with the frequency control at rest.
+#include "link/connect.h"
+#include "link/data_selector.h"
+#include "panels/receivers/receiving_panel.h"
+#include "support/numbers.h"
+
+#include <utility>
+
+namespace zor {
+
+void ReceivingPanel::wordSent(const ControlWord& word) {
+    if (&word == dataLineWord) {
+        routeDataLine();
+    }
+}
+
+void ReceivingPanel::routeDataLine() {
+    if (needsDataLine()) {
+        bench.dataSelector->DisableDataSelector();
+        sendLine("H3");
+    } else {
+        sendLine("Z3");
+        bench.dataSelector->EnableDataSelector();
+    }
+}
+
+void ReceivingPanel::sendFarewell() {
+    if (bench.connect->isOpen()) {
+        sendLine("Z3");
+        bench.dataSelector->EnableDataSelector();
+    }
+}
+
+void ReceivingPanel::FFreset_Click() {
+    if (!portReady(receiving.fifoResetWithoutPort)) {
+        return;
+    }
+    reading();
+    // The falling edge of the fill enable resets the latch. Both words go out at once, so nothing is pending.
+    for (bool on : {false, true}) {
+        for (TickBox* tick : resetTicks()) {
+            tick->putTicked(on);
+        }
+        FIFOw.rebuildQuietly();
+        sendWord(FIFOw);
+    }
+}
+
+void ReceivingPanel::beforeStatusRead() {
+    if (!afcen.ticked()) {
+        return;
+    }
+    // The offset must stand still while it is read.
+    frequencyControlStopped = true;
+    afcen.putTicked(false);
+    AFCw.rebuildQuietly();
+    for (int time = 0; time < receiving.frequencyControlStops; ++time) {
+        sendWord(AFCw);
+    }
+}
+
+void ReceivingPanel::afterStatusRead() {
+    if (std::exchange(frequencyControlStopped, false)) {
+        afcen.putTicked(true);
+        AFCw.rebuildQuietly();
+        sendWord(AFCw);
+    }
+}
+
+void ReceivingPanel::statusReadCutShort() {
+    if (std::exchange(frequencyControlStopped, false)) {
+        // The setting comes back; the chip has not heard of it, so an update is due.
+        afcen.putTicked(true);
+        AFCw.rebuild();
+    }
+}
+
+void ReceivingPanel::showStatusByte(int index, std::uint32_t byte) {
+    paintStatus(8 * (index + 1) - statusShift(), byte);
+    if (index == 1) {
+        double step = numericPrefix(FreqStep.text());
+        Foffset.setText(frequencyOffset(static_cast<std::int32_t>(byte), receiving.offsetBits, step).text);
+    }
+}
+
+} // namespace zor
