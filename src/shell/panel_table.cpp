@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/panel_table.h"
 
+#include "panels/receivers/beryl_v3.h"
 #include "panels/transmitters/jade_v1.h"
 #include "panels/transmitters/kt1102.h"
 #include "panels/transmitters/opal_v2.h"
@@ -65,7 +66,7 @@ const std::vector<PanelRow>& panelRows() {
         {"KT1102",    &Bench::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>},
         {"AmberV1",   &Bench::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    nullptr},
         {"Coral",     &Bench::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    nullptr},
-        {"BerylV3",   &Bench::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), nullptr},
+        {"BerylV3",   &Bench::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>},
         {"FRM_Topaz", &Bench::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), nullptr},
     };
     // clang-format on
