@@ -228,6 +228,8 @@ TEST(Workbench, TheToolBarsFollowTheirElements) {
     EXPECT_FALSE(action(program, "mnuViewToolbar")->isChecked());
     program.main.linkBar.Toolbar3.setVisible(true);
     EXPECT_TRUE(data->isVisible());
+    EXPECT_TRUE(program.window.findChild<QWidget*>("CB_Mode")->isVisible());
+    EXPECT_TRUE(program.window.findChild<QWidget*>("Text1")->isVisible());
     auto* connect = program.window.findChild<QToolButton*>("Connect");
     ASSERT_NE(connect, nullptr);
     QTest::mouseClick(connect, Qt::LeftButton);

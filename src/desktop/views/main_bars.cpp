@@ -18,7 +18,7 @@ class LineDot : public QWidget {
     explicit LineDot(TextField& commStatus)
         : status(commStatus) {
         subscription = status.changed.subscribe([this] { update(); });
-        setFixedSize(14, 14);
+        setFixedSize(26, 14);
     }
 
   protected:
@@ -29,7 +29,7 @@ class LineDot : public QWidget {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(lit ? colours.litEdge : colours.darkEdge, 1.4));
         painter.setBrush(lit ? QBrush(colours.lit) : QBrush(Qt::NoBrush));
-        painter.drawEllipse(QRectF(1.5, 1.5, 11, 11));
+        painter.drawEllipse(QRectF(8, 1.5, 11, 11));
     }
 
   private:
@@ -45,6 +45,11 @@ void addBar(QMainWindow& window, Bar& element, const QString& title, const std::
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     // One by one, so that a narrow window puts what does not fit behind the bar's arrow.
     for (QWidget* widget : widgets) {
+        // The bar shows and hides what stands in it, and fails to once a widget was hidden by itself.
+        if (Binding* binding = Binding::of(widget)) {
+            binding->setVisibilityShown(false);
+            widget->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+        }
         bar->addWidget(widget);
     }
     window.addToolBar(bar);
@@ -66,7 +71,7 @@ void addMainBars(QMainWindow& window, MainWindow& main) {
     addBar(window, link.Toolbar2, "Board",
            {barButton(link.Connect), barButton(link.Disconnect), new LineDot(link.CommStatus),
             statusField(link.CommStatus, 13), label(link.Text2), statusField(link.LoadBoard, 18),
-            list(link.LoadboardList, 24)});
+            list(link.LoadboardList, 22)});
     addBar(window, link.Toolbar3, "Data", {label(link.Text1), list(link.CB_Mode, 20)});
 }
 

@@ -117,7 +117,7 @@ class DataFilterView : public QWidget {
         QRectF comparator = at(2.7, top);
         QRectF recovery = at(2.7, low);
         block(painter, demodulator, "FSK\ndemodulator");
-        block(painter, analogue, "Analog RC filter\n(external C)");
+        block(painter, analogue, "Analog RC\nfilter");
         block(painter, digital, "Digital filter");
         block(painter, comparator, "Comparator");
         block(painter, recovery, "Clock\nrecovery");

@@ -208,8 +208,12 @@ QWidget* tabs(TabStrip& element, std::initializer_list<QWidget*> pages) {
     layout->addWidget(strip);
     auto* frame = new QFrame;
     frame->setFrameShape(QFrame::StyledPanel);
-    auto* stack = new QStackedLayout(frame);
-    stack->setContentsMargins(10, 10, 10, 10);
+    // A stack of pages heeds no margins, so the frame around it has them.
+    auto* inside = new QVBoxLayout(frame);
+    inside->setContentsMargins(10, 10, 10, 10);
+    auto* room = new QWidget;
+    inside->addWidget(room);
+    auto* stack = new QStackedLayout(room);
     for (QWidget* page : pages) {
         // A page that its own element hid would not count for the size that all pages share.
         if (Binding* pageBinding = Binding::of(page)) {
