@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "shell/panel_table.h"
 
+#include "panels/receivers/amber_v1.h"
 #include "panels/receivers/beryl_v3.h"
+#include "panels/receivers/coral.h"
+#include "panels/receivers/frm_topaz.h"
 #include "panels/transmitters/jade_v1.h"
 #include "panels/transmitters/kt1102.h"
 #include "panels/transmitters/opal_v2.h"
@@ -64,10 +67,10 @@ const std::vector<PanelRow>& panelRows() {
         {"OpalV2",    &Bench::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>},
         {"JadeV1",    &Bench::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>},
         {"KT1102",    &Bench::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>},
-        {"AmberV1",   &Bench::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    nullptr},
-        {"Coral",     &Bench::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    nullptr},
+        {"AmberV1",   &Bench::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    make<AmberV1>},
+        {"Coral",     &Bench::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    make<Coral>},
         {"BerylV3",   &Bench::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>},
-        {"FRM_Topaz", &Bench::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), nullptr},
+        {"FRM_Topaz", &Bench::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), make<FRM_Topaz>},
     };
     // clang-format on
     return rows;

@@ -176,6 +176,11 @@ class ChipPanel : public Form {
     void paintStatus(int lastIndicator, std::uint32_t byte);
     /// Enables what a tick governs, or shows the label that says why not.
     static void govern(bool on, const std::vector<Element*>& governed, Label& reason);
+    // Fields of the words that several chips hold, at their places.
+    [[nodiscard]] BitField bandBits(int lowBit = 11) const;
+    [[nodiscard]] BitField capacitanceBits(int lowBit = 4) const;
+    /// The low battery threshold, down to bit 0.
+    [[nodiscard]] BitField thresholdBits(int highBit) const;
     [[nodiscard]] FrequencyScale frequencyScale() const;
     /// Caption of the chosen band.
     [[nodiscard]] std::string bandCaption() const;

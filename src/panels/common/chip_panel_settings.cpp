@@ -86,6 +86,20 @@ std::string ChipPanel::bandCaption() const {
     return chosen == nullptr ? std::string() : chosen->caption();
 }
 
+BitField ChipPanel::bandBits(int lowBit) const {
+    return bits(
+        lowBit + 1, lowBit, "band", [this] { return BandCode; }, [this] { return bandCaption(); });
+}
+
+BitField ChipPanel::capacitanceBits(int lowBit) const {
+    return bits(lowBit + 3, lowBit, "load capacitance", Cxtal);
+}
+
+BitField ChipPanel::thresholdBits(int highBit) const {
+    return bits(
+        highBit, 0, "threshold", [this] { return lowBattery; }, [this] { return LBDV.text() + " V"; });
+}
+
 void ChipPanel::showStep() {
     for (Band which : ownTraits.offeredBands) {
         if (band(which)->chosen()) {

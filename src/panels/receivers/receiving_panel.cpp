@@ -147,9 +147,16 @@ std::vector<BitField> ReceivingPanel::frequencyControlFields() const {
 }
 
 std::vector<BitField> ReceivingPanel::dataRateFields() const {
-    return {bit(7, "prescaler", dataratepresc),
-            bits(
-                6, 0, "R", [this] { return dataRateDivider; }, [this] { return DATARATE.text() + " kbps"; })};
+    return {bit(7, "prescaler", dataratepresc), dividerBits(6)};
+}
+
+BitField ReceivingPanel::dividerBits(int highBit) const {
+    return bits(
+        highBit, 0, "R", [this] { return dataRateDivider; }, [this] { return DATARATE.text() + " kbps"; });
+}
+
+BitField ReceivingPanel::filterParameterBits() const {
+    return bits(2, 0, "DQD parameter", [this] { return STATEFILT.value(); });
 }
 
 void ReceivingPanel::begin(CodeList& list, const Choices& choices) {

@@ -120,6 +120,9 @@ class ReceivingPanel : public ChipPanel {
     /// Frequency control word, mode and range on top.
     [[nodiscard]] std::vector<BitField> frequencyControlFields() const;
     [[nodiscard]] std::vector<BitField> dataRateFields() const;
+    /// The data rate divider, down to bit 0.
+    [[nodiscard]] BitField dividerBits(int highBit) const;
+    [[nodiscard]] BitField filterParameterBits() const;
     void governLowBattery(const TickBox& tick);
     void governWakeUp(const TickBox& tick);
     /// The word of an Update behind which the data line is taken or given back.

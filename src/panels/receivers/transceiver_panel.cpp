@@ -46,9 +46,27 @@ ReceivingTraits transceiverTraits() {
     };
 }
 
-std::vector<const char*> transceiverStatus() {
-    return {"FF IT", "POR", "FF OV", "WK-UP", "EXT", "LBD", "FF EM", "DRSSI",
-            "DQD",   "CRL", "ATGL",  "SGN",   "OF3", "OF2", "OF1",   "OF0"};
+PanelTraits transceiverPanelTraits() {
+    return {
+        .width = 15000,
+        .offeredBands = {Band::Band315, Band::Band433, Band::Band868, Band::Band915},
+        .startBand = Band::Band315,
+        .startFrequency = "315",
+        .startCapacitance = "12.5 pF",
+        .supplyField = SupplyField::Commits,
+        .statusCaptions = {"FF IT", "POR", "FF OV", "WK-UP", "EXT", "LBD", "FF EM", "DRSSI", "DQD", "CRL",
+                           "ATGL", "SGN", "OF3", "OF2", "OF1", "OF0"},
+        .statusBytes = 2,
+        .statusInterval = std::chrono::milliseconds(50),
+        .statusCommand = "",
+        .interruptPosition = 3,
+        .loadNotice = "Update chip control commands, and power management settings!",
+        .updateWithoutPort =
+            "Commport not available, please open commport. Control commands were not updated.",
+        .file = {.loadTitle = "Load Transceiver Configuration File",
+                 .saveTitle = "Save Transceiver Configuration File",
+                 .wrongBanner = "Incorrect configuration file version"},
+    };
 }
 
 TransceiverPanel::TransceiverPanel(Bench& ownBench, const PanelTraits& panelTraits,
@@ -115,10 +133,8 @@ void TransceiverPanel::wireTicks() {
 }
 
 void TransceiverPanel::defineWords() {
-    Ctrlw.define(0x8000, {bit(7, "TX register", EnTXLatch), bit(6, "RX FIFO", EnRxFIFO),
-                          bits(
-                              5, 4, "band", [this] { return BandCode; }, [this] { return bandCaption(); }),
-                          bits(3, 0, "load capacitance", Cxtal)});
+    Ctrlw.define(0x8000, {bit(7, "TX register", EnTXLatch), bit(6, "RX FIFO", EnRxFIFO), bandBits(4),
+                          capacitanceBits(0)});
     PowerW.define(0x8200, {bit(7, "receiver", chb_er), bit(6, "baseband", chb_ebb),
                            bit(5, "transmitter", chb_et), bit(4, "synthesizer", chb_es),
                            bit(3, "oscillator", chb_ex), bit(2, "low battery detector", chb_eb),
@@ -130,13 +146,9 @@ void TransceiverPanel::defineWords() {
                          bits(4, 3, "LNA gain", LNAgain), bits(2, 0, "DRSSI threshold", DRSSI)});
     TXCtrlw.define(0x9800, {bits(8, 8, "polarity", ModPol), bits(7, 4, "deviation", ModFreq, "kHz"),
                             bits(2, 0, "output power", OutputPower)});
-    LBDw.define(0xC000, {bits(7, 5, "clock output", CLKout, "MHz"),
-                         bits(
-                             4, 0, "threshold", [this] { return lowBattery; },
-                             [this] { return LBDV.text() + " V"; })});
+    LBDw.define(0xC000, {bits(7, 5, "clock output", CLKout, "MHz"), thresholdBits(4)});
     Datafiltw.define(0xC200, {bits(7, 6, "clock recovery", ClkRecMode), bit(5, "not used", DFILTbit5),
-                              bits(4, 3, "filter", FILTTYPE),
-                              bits(2, 0, "DQD parameter", [this] { return STATEFILT.value(); })});
+                              bits(4, 3, "filter", FILTTYPE), filterParameterBits()});
     FIFOw.define(fifoBase, fifoFields());
 }
 

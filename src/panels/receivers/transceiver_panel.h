@@ -64,9 +64,8 @@ class TransceiverPanel : public ReceivingPanel {
     void chb_er_Click();
 };
 
-/// What both transceivers offer in their lists.
+/// The tables that both transceivers begin with.
+[[nodiscard]] PanelTraits transceiverPanelTraits();
 [[nodiscard]] ReceivingTraits transceiverTraits();
-/// Captions of the status indicators, from the first byte's bit 7 on.
-[[nodiscard]] std::vector<const char*> transceiverStatus();
 
 } // namespace zor

@@ -126,20 +126,6 @@ void TransmitterPanel::showSharedRevision() {
     Revision.selectText(bench.Pref_JadeRevision);
 }
 
-BitField TransmitterPanel::bandBits() {
-    return bits(
-        12, 11, "band", [this] { return BandCode; }, [this] { return bandCaption(); });
-}
-
-BitField TransmitterPanel::capacitanceBits() {
-    return bits(7, 4, "load capacitance", Cxtal);
-}
-
-BitField TransmitterPanel::thresholdBits(int highBit) {
-    return bits(
-        highBit, 0, "threshold", [this] { return lowBattery; }, [this] { return LBDV.text() + " V"; });
-}
-
 void TransmitterPanel::configurationRead() {
     // The frequency comes behind the band and the crystal, which bear on it.
     FreqCenter_LostFocus();

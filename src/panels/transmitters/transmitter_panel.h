@@ -52,11 +52,6 @@ class TransmitterPanel : public ChipPanel {
     [[nodiscard]] ConfigurationLines modulationLines();
     /// Fills Revision for the two later chips, whose panels share one preference; it is shown only.
     void showSharedRevision();
-    /// The band's field of the configuration word, and the load capacitance's.
-    [[nodiscard]] BitField bandBits();
-    [[nodiscard]] BitField capacitanceBits();
-    /// The low battery threshold's field, down to bit 0.
-    [[nodiscard]] BitField thresholdBits(int highBit);
     /// What the wake-up tick governs.
     [[nodiscard]] virtual std::vector<Element*> wakeUpElements();
     [[nodiscard]] virtual std::vector<Element*> lowBatteryElements();

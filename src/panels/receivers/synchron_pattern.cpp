@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "panels/receivers/synchron_pattern.h"
+
+#include "support/numbers.h"
+
+namespace zor {
+
+namespace {
+
+constexpr std::uint32_t ownPattern = 0xD4;
+constexpr std::size_t digits = 2;
+
+} // namespace
+
+SynchronPattern::SynchronPattern(Form& owner, std::uint32_t base)
+    : TB_SP(owner, "TB_SP", "D4")
+    , SynchPatt(owner, "SynchPatt", "Synchron Pattern Command:") {
+    TB_SP.setCaption("Byte 0 of Synchron Pattern");
+    TB_SP.onCommit = [this] { TB_SP_LostFocus(); };
+    SynchPatt.define(base, {bits(7, 0, "byte 0", [this] { return static_cast<int>(pattern); })});
+}
+
+void SynchronPattern::TB_SP_LostFocus() {
+    std::string text = TB_SP.text();
+    std::uint32_t typed = text.size() <= digits ? readHex(text).value_or(0) : 0;
+    pattern = typed != 0 ? typed : ownPattern;
+    TB_SP.setText(hexText(pattern, digits));
+    SynchPatt.rebuild();
+}
+
+} // namespace zor
