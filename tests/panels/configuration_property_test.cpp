@@ -3,6 +3,7 @@
 #include "panels/all_panels.h"
 #include "panels/panel_bench.h"
 #include "panels/random_user.h"
+#include "panels/unsaved_settings.h"
 
 #include <map>
 
@@ -47,6 +48,13 @@ std::map<std::string, std::string> wordsOf(const ChipPanel& panel) {
     return texts;
 }
 
+/// The KT2102's lowest band leaves the base of the band before, which no file tells.
+void leaveBandWithoutBase(ChipPanel& panel) {
+    if (panel.name() == "Coral" && panel.band(Band::Band315)->chosen()) {
+        panel.band(Band::Band433)->choose();
+    }
+}
+
 } // namespace
 
 template <class Panel>
@@ -61,11 +69,14 @@ TYPED_TEST(ConfigurationFiles, BringBackWhatWasSavedOnAPanelJustOpened) {
     auto& panel = this->bench.open();
     for (unsigned seed = 1; seed <= 40; ++seed) {
         testing::RandomUser(seed).set(panel);
+        leaveBandWithoutBase(panel);
         std::string saved = panel.savedConfiguration();
         PanelBench<TypeParam> other;
         // The file of another revision is a case of its own.
         other.shared().Pref_OpalRevision = panel.Revision.text();
+        other.shared().Pref_AmberRevision = panel.Revision.text();
         auto& fresh = other.open();
+        testing::UnsavedSettings(panel).putTo(fresh);
         fresh.takeConfiguration(saved);
         EXPECT_EQ(fresh.savedConfiguration(), saved) << "seed " << seed;
         EXPECT_EQ(wordsOf(fresh), wordsOf(panel)) << "seed " << seed;
@@ -77,11 +88,14 @@ TYPED_TEST(ConfigurationFiles, BringBackWhatWasSavedOverOtherSettings) {
     testing::RandomUser user(7);
     for (int round = 0; round < 40; ++round) {
         user.set(panel);
+        leaveBandWithoutBase(panel);
         std::string saved = panel.savedConfiguration();
         auto words = wordsOf(panel);
         std::string revision = panel.Revision.text();
+        testing::UnsavedSettings unsaved(panel);
         user.set(panel);
         panel.Revision.selectText(revision);
+        unsaved.putTo(panel);
         panel.takeConfiguration(saved);
         EXPECT_EQ(panel.savedConfiguration(), saved) << "round " << round;
         EXPECT_EQ(wordsOf(panel), words) << "round " << round;
@@ -125,7 +139,9 @@ TYPED_TEST(ConfigurationFiles, RefuseANumberThatTheElementCannotHave) {
     auto& panel = this->bench.open();
     std::vector<std::string> lines = linesOf(panel.savedConfiguration());
     int numbers = 0;
-    for (std::size_t wrong = 1; wrong < lines.size(); ++wrong) {
+    // The receivers' files begin with a number of the main window's that has no limits.
+    std::size_t first = panel.traits().file.extension[0] == 'r' ? 2 : 1;
+    for (std::size_t wrong = first; wrong < lines.size(); ++wrong) {
         if (std::isdigit(static_cast<unsigned char>(lines[wrong].front())) != 0) {
             ++numbers;
             for (const char* value : {"100000", "-2"}) {
