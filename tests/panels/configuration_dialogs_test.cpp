@@ -250,7 +250,8 @@ TEST(ConfigurationDialogs, TellEveryFailureOfALoadInABox) {
         {"", "Error occured:62,Input past end of file\r\nPlease try again!"},
         {jadeDefaults, "Error occured:1226,Incorrect configuration file version\r\nPlease try again!"},
         {withLine(opalDefaults, 2, "\"10\""), "Error occured:13,Type mismatch\r\nPlease try again!"},
-        {opalDefaults.substr(0, opalDefaults.find("\"315\"")), "Error occured:62,Input past end of file\r\nPlease try again!"},
+        {opalDefaults.substr(0, opalDefaults.find("\"315\"")),
+         "Error occured:62,Input past end of file\r\nPlease try again!"},
         {withLine(opalDefaults, 17, "2"), "Error occured:380,Invalid property value\r\nPlease try again!"},
         {withLine(opalDefaults, 17, "99999999999"), "Error occured:6,Overflow\r\nPlease try again!"},
     };
