@@ -5,6 +5,7 @@
 #include "elements/button.h"
 #include "elements/menu.h"
 #include "elements/tick_box.h"
+#include "panels/common/chip_panel.h"
 #include "shell/main_window.h"
 
 #include <QApplication>
@@ -124,14 +125,43 @@ void DemoTour::visitTerminal() {
 
 void DemoTour::visitForm(Form& form) {
     settle(150ms);
-    // The chip's answer belongs on its panel's picture.
-    if (auto* fold = form.find("ShowStatus"); fold != nullptr && fold->caption() == "Show Status") {
-        fold->click();
-        settle(50ms);
+    QString name = toQt(form.name());
+    if (auto* panel = dynamic_cast<ChipPanel*>(&form)) {
+        workOn(*panel);
+        if (main.bench().IsBijakuModeSet()) {
+            name += QLatin1Char('B');
+        }
     }
-    takePicture(toQt(form.name()));
+    takePicture(name);
     form.userClose();
     settle(50ms);
+}
+
+void DemoTour::workOn(ChipPanel& panel) {
+    panel.ShowStatus.click();
+    if (Option* band = panel.band(Band::Band868); band != nullptr && band->visible()) {
+        band->click();
+        panel.FreqCenter.type("868.3");
+    } else {
+        panel.FreqCenter.type("315");
+    }
+    if (Element* power = panel.find("OutputPower")) {
+        power->chooseText("-3 dB");
+    }
+    panel.Update.click();
+    panel.CalibratePLL.click();
+    panel.ReadStatus.click();
+    settle(800ms);
+    panel.IRQpoll.click();
+    settle(500ms);
+    panel.PB_PowerSupply.click();
+    if (Form* supply = main.desk().find("frm_PowerSupply")) {
+        supply->find("PB_Current")->click();
+        supply->userClose();
+    }
+    // One setting that has not been sent yet: its word is marked.
+    panel.Cxtal.chooseText("10.0 pF");
+    settle(100ms);
 }
 
 void DemoTour::closeBoxes() {

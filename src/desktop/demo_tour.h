@@ -8,6 +8,7 @@
 
 namespace zor {
 
+class ChipPanel;
 class MenuEntry;
 
 /// Walks through the program on its own and takes a picture of every window: for the user guide, and for
@@ -28,6 +29,8 @@ class DemoTour {
     void visit(MenuEntry& entry);
     void visitTerminal();
     void visitForm(Form& form);
+    /// What an engineer does on a chip's panel: set, update, read the status, calibrate, look at the current.
+    void workOn(ChipPanel& panel);
     [[nodiscard]] std::vector<Form*> openForms() const;
     void closeBoxes();
 

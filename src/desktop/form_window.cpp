@@ -133,13 +133,25 @@ QSize FormWindow::decoration() const {
     return frame.expandedTo({0, 0});
 }
 
-/// The form says how large it likes to be; its content says how large it must be, and the main window how
-/// large it can be.
-void FormWindow::fitContent() {
+QSize FormWindow::neededSize() const {
+    if (inner->layout() != nullptr) {
+        // What was just shown or hidden counts at once.
+        inner->layout()->activate();
+    }
     QSize needed = inner->sizeHint().expandedTo(inner->minimumSizeHint()) + decoration();
     if (qobject_cast<QMdiSubWindow*>(outer) != nullptr) {
         needed = needed.boundedTo(mdi.viewport()->size().expandedTo({320, 240}));
     }
+    return needed;
+}
+
+/// The form says how large it likes to be; its content says how large it must be, and the main window how
+/// large it can be.
+void FormWindow::fitContent() {
+    if (form->sizing() == Form::Sizing::ByContent) {
+        return;
+    }
+    QSize needed = neededSize();
     QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
     QSize size = wanted.expandedTo(needed);
     if (size != wanted) {
@@ -148,7 +160,9 @@ void FormWindow::fitContent() {
 }
 
 void FormWindow::putGeometry() {
-    QSize size(pixels(form->extent().width), pixels(form->extent().height));
+    QSize size = form->sizing() == Form::Sizing::ByContent
+                     ? neededSize()
+                     : QSize(pixels(form->extent().width), pixels(form->extent().height));
     if (!size.isEmpty() && outer->size() != size) {
         outer->resize(size);
     }
@@ -180,7 +194,7 @@ void FormWindow::tellPlace() {
 }
 
 void FormWindow::tellExtent() {
-    if (form == nullptr || following || !outer->isVisible()) {
+    if (form == nullptr || following || !outer->isVisible() || form->sizing() == Form::Sizing::ByContent) {
         return;
     }
     QSize size = outer->size();

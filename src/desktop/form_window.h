@@ -43,6 +43,8 @@ class FormWindow : public QObject {
     void makeDialog(QWidget& parent);
     void putGeometry();
     void fitContent();
+    /// What the content needs, as far as the main window has room.
+    [[nodiscard]] QSize neededSize() const;
     void showFocus();
     void tellPlace();
     void tellExtent();

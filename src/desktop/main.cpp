@@ -75,7 +75,13 @@ int main(int argc, char** argv) {
     SerialDevices devices;
     DemoBoard board;
     if (switches.demo) {
-        QString terminal = board.start();
+        // The tour shows what goes over the wire, and a chip that has something to say.
+        QString terminal =
+            switches.pictures.isEmpty()
+                ? board.start()
+                : board.start({QStringLiteral("--kind"), QStringLiteral("lb2"), QStringLiteral("--status"),
+                               QStringLiteral("46,C1"), QStringLiteral("--irq"), QStringLiteral("low"),
+                               QStringLiteral("--trace")});
         if (terminal.isEmpty()) {
             std::fputs("zor: the simulated board cannot be started\n", stderr);
             return 1;

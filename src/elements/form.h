@@ -39,6 +39,9 @@ struct Extent {
 class Form {
   public:
     enum class Kind { Window, Modal };
+    /// Whether the form's size is the window's, or a measure of the form's own that the product keeps (a panel's two
+    /// heights) while the window on the screen is as large as what stands in it.
+    enum class Sizing { OfWindow, ByContent };
 
     Form(Desk& ownDesk, std::string name, std::string title, Kind kind = Kind::Window);
     Form(const Form&) = delete;
@@ -53,6 +56,7 @@ class Form {
     [[nodiscard]] Extent extent() const { return ownExtent; }
     void setExtent(Extent extent);
     [[nodiscard]] Kind kind() const { return formKind; }
+    [[nodiscard]] Sizing sizing() const { return formSizing; }
     [[nodiscard]] Desk& desk() const { return ownDesk; }
 
     [[nodiscard]] bool isOpen() const { return open; }
@@ -99,6 +103,7 @@ class Form {
     Signal<> closed;
 
   protected:
+    void setSizing(Sizing sizing) { formSizing = sizing; }
     /// What closing does before the form goes.
     virtual void unload() {}
 
@@ -111,6 +116,7 @@ class Form {
     std::string formName;
     std::string titleText;
     Kind formKind;
+    Sizing formSizing = Sizing::OfWindow;
     Place ownPlace;
     Extent ownExtent;
     std::vector<Element*> members;

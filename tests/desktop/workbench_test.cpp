@@ -81,7 +81,7 @@ QStringList wronglyHidden(const QWidget& root) {
 
 /// How each window of the registry comes onto the desk in a test.
 void openForm(Program& program, const std::string& formName, std::unique_ptr<Form>& own) {
-    const std::map<std::string, std::function<void()>> ways{
+    std::map<std::string, std::function<void()>> ways{
         {"Help_R1", [&] { own = std::make_unique<DataFilterHelp>(program.main.bench()); }},
         {"frm_Splash", [&] { own = std::make_unique<Splash>(program.main.bench()); }},
         {"frmAbout", [&] { program.main.menu.mnuHelpAbout.click(); }},
@@ -90,6 +90,13 @@ void openForm(Program& program, const std::string& formName, std::unique_ptr<For
         {"Terminal", [&] { program.main.menu.mnutoolsTerminal.click(); }},
         {"frm_PowerSupply", [&] { program.main.bench().open("frm_PowerSupply"); }},
     };
+    for (const PanelRow& row : panelRows()) {
+        ways[row.name] = [&program, &row] {
+            (program.main.menu.*row.view).click();
+            // The indicators are folded away at first.
+            program.desk.find(row.name)->find("ShowStatus")->click();
+        };
+    }
     auto way = ways.find(formName);
     ASSERT_NE(way, ways.end()) << "the test does not know how to open " << formName;
     way->second();

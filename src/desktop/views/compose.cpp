@@ -166,8 +166,9 @@ QWidget* group(Frame& frame, Lines lines) {
     layOut(*box, lines, spaceInside, -1);
     auto* binding = new Binding(frame, *box);
     binding->onDraw([binding, box] {
-        box->setTitle(literalCaption(binding->element()->caption()));
-        box->setFlat(!elementOf<Frame>(*binding)->bordered());
+        bool bordered = elementOf<Frame>(*binding)->bordered();
+        box->setTitle(bordered ? literalCaption(binding->element()->caption()) : QString());
+        box->setFlat(!bordered);
     });
     return box;
 }

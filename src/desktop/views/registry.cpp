@@ -7,6 +7,10 @@ namespace zor {
 
 const std::map<std::string, View>& allViews() {
     static const std::map<std::string, View> views{
+        {"OpalV2", {opalView}},
+        {"JadeV1", {jadeView}},
+        {"KT1102", {onyxView}},
+        {"BerylV3", {berylView}},
         {"Help_R1", {dataFilterHelpView}},
         {"Preferences", {preferencesView, FormWindow::Frame::Titled}},
         {"Products", {productsView}},

@@ -14,7 +14,11 @@ class MainWindow;
 void addMainBars(QMainWindow& window, MainWindow& main);
 
 [[nodiscard]] QWidget* aboutView(Form& form);
+[[nodiscard]] QWidget* berylView(Form& form);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
+[[nodiscard]] QWidget* jadeView(Form& form);
+[[nodiscard]] QWidget* onyxView(Form& form);
+[[nodiscard]] QWidget* opalView(Form& form);
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
 [[nodiscard]] QWidget* preferencesView(Form& form);
 [[nodiscard]] QWidget* productsView(Form& form);

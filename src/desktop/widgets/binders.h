@@ -19,6 +19,7 @@
 #include <QWidget>
 
 #include <initializer_list>
+#include <vector>
 
 class QMenuBar;
 
@@ -42,6 +43,8 @@ class ControlWord;
 [[nodiscard]] QWidget* statusLine(TextField& element);
 
 [[nodiscard]] QWidget* tick(TickBox& element);
+/// A tick with another text beside it than its caption, which stands elsewhere.
+[[nodiscard]] QWidget* tick(TickBox& element, const QString& face);
 [[nodiscard]] QWidget* option(Option& element);
 /// Options side by side.
 template <class... Options>
@@ -77,7 +80,7 @@ inline constexpr int monitorCharacters = 200'000;
 inline constexpr int monitorLines = 5'000;
 
 /// A strip of tabs over its pages, all of the same size whatever page is up.
-[[nodiscard]] QWidget* tabs(TabStrip& element, std::initializer_list<QWidget*> pages);
+[[nodiscard]] QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages);
 
 /// Fills a menu bar with the form's menus, or a menu with an entry's children.
 void buildMenus(QMenuBar& bar, const Form& form);

@@ -123,8 +123,7 @@ void Binding::showBackground() {
     shownBackground = bound->background();
     QWidget& own = *widget();
     if (!shownBackground) {
-        own.setPalette(QPalette());
-        own.setAutoFillBackground(false);
+        clearBackground();
         return;
     }
     QPalette palette = own.palette();
@@ -137,6 +136,18 @@ void Binding::showBackground() {
     }
     own.setPalette(palette);
     own.setAutoFillBackground(true);
+}
+
+void Binding::clearBackground() {
+    widget()->setPalette(QPalette());
+    widget()->setAutoFillBackground(false);
+}
+
+void Binding::setBackgroundShown(bool shown) {
+    backgroundIsShown = shown;
+    if (!shown && std::exchange(shownBackground, std::nullopt)) {
+        clearBackground();
+    }
 }
 
 void Binding::followFocus() {

@@ -46,7 +46,7 @@ class Binding : public QObject {
     void addCompanion(QWidget& companion);
 
     /// Whether the element's background is the widget's; it is unless told otherwise.
-    void setBackgroundShown(bool shown) { backgroundIsShown = shown; }
+    void setBackgroundShown(bool shown);
 
     /// Whether the widget is shown and hidden with the element; a page of a tab strip is by the strip.
     void setVisibilityShown(bool shown) { visibilityIsShown = shown; }
@@ -58,6 +58,7 @@ class Binding : public QObject {
     void letGo();
     void showState();
     void showBackground();
+    void clearBackground();
 
     Element* bound;
     QObject& target;

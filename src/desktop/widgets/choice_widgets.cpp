@@ -94,16 +94,30 @@ void drawList(ListView& view, const ListBox& held) {
 
 } // namespace
 
-QWidget* tick(TickBox& element) {
+namespace {
+
+/// @param text  what stands beside the box
+QWidget* tickSaying(TickBox& element, std::function<QString(const Binding&)> text) {
     auto* box = new QCheckBox;
     auto* binding = new Binding(element, *box);
     binding->followFocus();
     bindClick(*box, *binding);
-    binding->onDraw([binding, box] {
-        box->setText(literalCaption(binding->element()->caption()));
+    binding->onDraw([binding, box, text = std::move(text)] {
+        box->setText(text(*binding));
         box->setChecked(elementOf<TickBox>(*binding)->ticked());
     });
     return box;
+}
+
+} // namespace
+
+QWidget* tick(TickBox& element) {
+    return tickSaying(element,
+                      [](const Binding& binding) { return literalCaption(binding.element()->caption()); });
+}
+
+QWidget* tick(TickBox& element, const QString& face) {
+    return tickSaying(element, [face](const Binding&) { return face; });
 }
 
 QWidget* option(Option& element) {
@@ -194,7 +208,7 @@ QWidget* spin(TextField& text, UpDown& arrows, int columns) {
     return row;
 }
 
-QWidget* tabs(TabStrip& element, std::initializer_list<QWidget*> pages) {
+QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages) {
     auto* whole = new QWidget;
     auto* layout = new QVBoxLayout(whole);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -106,6 +106,13 @@ QWidget* field(TextField& element, int columns) {
     auto* line = new LineField(columns);
     line->setAlignment(Qt::AlignRight);
     line->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    if (element.readOnly()) {
+        // A result, not a setting: it looks like the ground it stands on, and the tab key passes it by.
+        QPalette palette = line->palette();
+        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+        line->setPalette(palette);
+        line->setFocusPolicy(Qt::ClickFocus);
+    }
     bindLine(*line, element);
     return line;
 }

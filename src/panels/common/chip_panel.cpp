@@ -62,6 +62,7 @@ ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
     , Timer3(ownBench.platform.loop, [this] { Timer3_Timer(); })
     , RepStatusReadTimer(ownBench.platform.loop, [this] { RepStatusReadTimer_Timer(); })
     , SRVisualTimer(ownBench.platform.loop, [this] { SRVisualTimer_Timer(); }) {
+    setSizing(Sizing::ByContent);
     makeBands();
     makeStatus();
     wireCommon();

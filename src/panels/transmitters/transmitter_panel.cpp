@@ -7,7 +7,6 @@ namespace {
 
 constexpr int deviationCount = 8;
 constexpr std::uint32_t synthesizerBit = 0x10;
-constexpr const char* clockCaption = "Disable   C clock output";
 
 } // namespace
 
@@ -32,8 +31,10 @@ TransmitterPanel::TransmitterPanel(Bench& ownBench, const PanelTraits& panelTrai
     , ModPol(*this, "ModPol")
     , ModFreq(*this, "ModFreq", deviations(deviationCount, deviationStep))
     , OutputPower(*this, "OutputPower")
-    , Label47(*this, "Label47", clockCaption)
-    , Label48(*this, "Label48", "\xC2\xB5")
+    , Label47(*this, "Label47", "Disable")
+    , Label48(*this, "Label48",
+              "\xC2\xB5"
+              "C clock output")
     , PowerMw(*this, "PowerMw", "Power Management Command:") {
     makePowerTicks(ticks);
     Label38.setCaption("Enable LBD by the Power Management Command");

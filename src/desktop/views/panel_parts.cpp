@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/views/panel_parts.h"
+
+#include "desktop/adapters/qt_text.h"
+
+#include <QLabel>
+#include <QObject>
+
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+/// Indicators in a row of the status area.
+constexpr int lampColumns = 8;
+
+/// Shows a widget while the panel's status area is folded out.
+class FoldWatcher : public QObject {
+  public:
+    FoldWatcher(ChipPanel& panel, QWidget& folded)
+        : QObject(&folded)
+        , subscription(
+              panel.changed.subscribe([&panel, &folded] { folded.setVisible(panel.statusShown()); })) {
+        folded.setVisible(panel.statusShown());
+    }
+
+  private:
+    Subscription subscription;
+};
+
+/// "Frequency Setting" of "Frequency Setting Command:": under a title that says what they all are.
+QString shortCaption(const ControlWord& word) {
+    QString name = toQt(word.caption());
+    for (const char* tail : {":", " Command", " command"}) {
+        if (name.endsWith(QLatin1String(tail))) {
+            name.chop(static_cast<int>(std::char_traits<char>::length(tail)));
+        }
+    }
+    return name;
+}
+
+QWidget* wordsColumn(const ChipPanel& panel) {
+    std::vector<std::pair<QString, QWidget*>> rows;
+    for (ControlWord* control : panel.words()) {
+        rows.emplace_back(shortCaption(*control), word(*control, [control] { return control->pending(); }));
+    }
+    return wordsGroup("Control words", std::move(rows));
+}
+
+QWidget* actionsGroup(ChipPanel& panel) {
+    return group("Chip",
+                 {
+                     line(label(panel.LabelUpdate, Tone::Reminder), stretch(), strongButton(panel.Update)),
+                     label(panel.LabelCalibration, Tone::Reminder),
+                     button(panel.CalibratePLL),
+                     across({button(panel.ConfLoad), button(panel.ConfSave)}),
+                 });
+}
+
+QWidget* lamps(const ChipPanel& panel) {
+    std::vector<QWidget*> all;
+    for (int index = 1; index <= panel.statusCount(); ++index) {
+        all.push_back(lamp(panel.status(index)));
+    }
+    return grid(lampColumns, std::move(all));
+}
+
+QWidget* statusGroup(ChipPanel& panel, std::vector<Cell> answers) {
+    answers.insert(answers.begin(), Cell(lamps(panel)));
+    answers.push_back(stretch());
+    answers.emplace_back(swatch(panel.OnColor));
+    answers.emplace_back(caption("set"));
+    answers.emplace_back(swatch(panel.OffColor));
+    answers.emplace_back(caption("clear"));
+    QWidget* box = group("Status", {Line(std::move(answers))});
+    new FoldWatcher(panel, *box);
+    return box;
+}
+
+} // namespace
+
+QWidget* reason(Label& element) {
+    QWidget* text = label(element, Tone::Soft);
+    auto* inner = static_cast<QLabel*>(text);
+    inner->setWordWrap(true);
+    inner->setMinimumWidth(inner->fontMetrics().averageCharWidth() * 36);
+    return text;
+}
+
+QWidget* crystalGroup(ChipPanel& p) {
+    return group("Crystal", {
+                                line(option(p.StdCrystal), option(p.NonStdCrystal), stretch()),
+                                line(labelled("Frequency", field(p.Crystalfreq), "MHz"),
+                                     labelled("Load", list(p.Cxtal, 8))),
+                            });
+}
+
+QWidget* frequencyGroup(ChipPanel& p) {
+    std::vector<Cell> bands;
+    for (Band which : p.traits().offeredBands) {
+        bands.emplace_back(option(*p.band(which)));
+    }
+    bands.push_back(stretch());
+    return group("Band and frequency", {
+                                           Line(std::move(bands)),
+                                           line(labelled("Centre", field(p.FreqCenter, 10), "MHz"),
+                                                labelled("Step", field(p.FreqStep, 6), "kHz")),
+                                       });
+}
+
+QWidget* supplyGroup(ChipPanel& p) {
+    return group("Supply", {line(labelled("Voltage", field(p.PowerSupply, 6), "V"), stretch(),
+                                 button(p.PB_PowerSupply))});
+}
+
+QWidget* wakeUpGroup(ChipPanel& p, Lines more) {
+    Lines lines = {
+        line(labelled("M", field(p.WKUPM, 6)), labelled("R", field(p.WKUPR, 4)),
+             labelled("Time", field(p.WKUPTIME, 8)), label(p.Label8, Tone::Soft)),
+    };
+    lines.insert(lines.end(), more.begin(), more.end());
+    lines.emplace_back(reason(p.Label39));
+    return group("Wake-up timer", std::move(lines));
+}
+
+QWidget* lowBatteryGroup(ChipPanel& p, Lines more) {
+    Lines lines = {
+        line(labelled("T", field(p.LBD, 4)), labelled("Threshold", field(p.LBDV, 6), "V")),
+    };
+    lines.insert(lines.end(), more.begin(), more.end());
+    lines.emplace_back(reason(p.Label38));
+    return group("Low battery detector", std::move(lines));
+}
+
+QWidget* panelWindow(ChipPanel& p, QWidget* settings, std::vector<Cell> answers) {
+    return window({
+        across({settings, column({wordsColumn(p), actionsGroup(p)})}, 0),
+        statusGroup(p, std::move(answers)),
+        stretch(),
+        line(statusLine(p.Statusline), lamp(p.IRQ), button(p.IRQpoll), button(p.ReadStatus),
+             button(p.ShowStatus)),
+    });
+}
+
+} // namespace zor
