@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/views/receiving_parts.h"
 
+#include <QLabel>
+
 #include <utility>
 
 namespace zor {
@@ -14,6 +16,20 @@ QWidget* page(Frame& frame, Lines common, const Lines& own, Lines remarks = {}) 
     return plain(frame, std::move(common));
 }
 
+/// A formula whose exponent is a label of its own, raised into the gap that the formula leaves for it.
+QWidget* formula(Label& text, Label& exponent) {
+    auto* base = static_cast<QLabel*>(label(text, Tone::Soft));
+    auto* raised = static_cast<QLabel*>(label(exponent, Tone::Soft));
+    QFont small = raised->font();
+    small.setPointSizeF(small.pointSizeF() * 0.75);
+    raised->setFont(small);
+    raised->setParent(base);
+    QString beforeGap = base->text().left(base->text().indexOf(QLatin1String("  ")));
+    raised->move(base->fontMetrics().horizontalAdvance(beforeGap) + 1, 0);
+    base->setContentsMargins(0, raised->fontMetrics().ascent() / 3, 0, 0);
+    return base;
+}
+
 } // namespace
 
 QWidget* receivingPages(ReceivingPanel& p, PageAdditions additions) {
@@ -21,7 +37,7 @@ QWidget* receivingPages(ReceivingPanel& p, PageAdditions additions) {
         page(p.page(1),
              {line(labelled("M", field(p.WKUPM, 7)), labelled("R", field(p.WKUPR, 5)),
                    labelled("Time", field(p.WKUPTIME, 9)), label(p.Label8, Tone::Soft))},
-             additions.wakeUp, {label(p.WakeUpFormula, Tone::Soft), reason(p.Label39)}),
+             additions.wakeUp, {formula(p.WakeUpFormula, p.WakeUpFormulaPower), reason(p.Label39)}),
         page(p.page(2),
              {tick(p.enlowdc),
               line(labelled("D", field(p.DUTY, 5)), labelled("M", field(p.DUTY_USEM, 7)),
@@ -38,7 +54,7 @@ QWidget* receivingPages(ReceivingPanel& p, PageAdditions additions) {
         page(p.page(5),
              {line(labelled("R", field(p.DATARATEDIV, 6)), tick(p.dataratepresc)),
               line(labelled("Rate", field(p.DATARATE, 10)), label(p.DataRateUnit, Tone::Soft))},
-             {}, {label(p.DataRateFormula, Tone::Soft)}),
+             {}, {formula(p.DataRateFormula, p.DataRateFormulaPower)}),
         page(p.page(6),
              {line(labelled("Filter", list(p.FILTTYPE, 18)),
                    labelled("Clock recovery", list(p.ClkRecMode, 8))),
@@ -52,6 +68,12 @@ QWidget* receivingPages(ReceivingPanel& p, PageAdditions additions) {
     };
     pages.insert(pages.end(), additions.further.begin(), additions.further.end());
     return tabs(p.TabStrip1, pages);
+}
+
+QWidget* synchronPage(Frame& frame, SynchronPattern& pattern, Lines more) {
+    more.insert(more.begin(),
+                line(labelled("Byte 0 of Synchron Pattern", field(pattern.TB_SP, 4)), remark("hexadecimal")));
+    return plain(frame, std::move(more));
 }
 
 QWidget* receiverGroup(ReceivingPanel& p, Lines more) {

@@ -4,6 +4,7 @@
 
 #include "desktop/views/panel_parts.h"
 #include "panels/receivers/receiving_panel.h"
+#include "panels/receivers/synchron_pattern.h"
 
 namespace zor {
 
@@ -18,6 +19,8 @@ struct PageAdditions {
 
 /// The seven pages and a chip's own ones.
 [[nodiscard]] QWidget* receivingPages(ReceivingPanel& panel, PageAdditions additions = {});
+/// The page of a chip whose synchron pattern can be chosen.
+[[nodiscard]] QWidget* synchronPage(Frame& frame, SynchronPattern& pattern, Lines more = {});
 /// @param more  lines of the chip's own, in front of the others
 [[nodiscard]] QWidget* receiverGroup(ReceivingPanel& panel, Lines more = {});
 /// The frequency offset beside the status indicators.

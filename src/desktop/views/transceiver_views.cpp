@@ -2,6 +2,7 @@
 #include "desktop/views/receiving_parts.h"
 #include "desktop/views/views.h"
 #include "panels/receivers/beryl_v3.h"
+#include "panels/receivers/frm_topaz.h"
 
 #include <utility>
 
@@ -48,6 +49,22 @@ QWidget* transceiverWindow(TransceiverPanel& p, PageAdditions additions) {
 }
 
 } // namespace
+
+QWidget* topazView(Form& form) {
+    auto& p = static_cast<FRM_Topaz&>(form);
+    PageAdditions more;
+    more.fifo = {labelled("Synchron Pattern", list(p.SynchPattern, 6))};
+    more.further = {
+        plain(p.page(8),
+              {
+                  labelled("uP Clock rise and fall time control", list(p.CB_RFT, 20)),
+                  labelled("PLL Bandwidth", list(p.CB_PLLBW, 18)),
+                  line(tick(p.CB_LPX), tick(p.CB_DDY), tick(p.CB_DDIT), stretch()),
+              }),
+        synchronPage(p.page(9), p),
+    };
+    return transceiverWindow(p, std::move(more));
+}
 
 QWidget* berylView(Form& form) {
     return transceiverWindow(static_cast<BerylV3&>(form), {});

@@ -14,7 +14,10 @@ class MainWindow;
 void addMainBars(QMainWindow& window, MainWindow& main);
 
 [[nodiscard]] QWidget* aboutView(Form& form);
+[[nodiscard]] QWidget* amberView(Form& form);
 [[nodiscard]] QWidget* berylView(Form& form);
+[[nodiscard]] QWidget* coralView(Form& form);
+[[nodiscard]] QWidget* topazView(Form& form);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
 [[nodiscard]] QWidget* jadeView(Form& form);
 [[nodiscard]] QWidget* onyxView(Form& form);
