@@ -88,6 +88,19 @@ QWidget* reason(Label& element) {
     return text;
 }
 
+QWidget* formula(Label& text, Label& exponent) {
+    auto* base = static_cast<QLabel*>(label(text, Tone::Soft));
+    auto* raised = static_cast<QLabel*>(label(exponent, Tone::Soft));
+    QFont small = raised->font();
+    small.setPointSizeF(small.pointSizeF() * 0.75);
+    raised->setFont(small);
+    raised->setParent(base);
+    QString beforeGap = base->text().left(base->text().indexOf(QLatin1String("  ")));
+    raised->move(base->fontMetrics().horizontalAdvance(beforeGap) + 1, 0);
+    base->setContentsMargins(0, raised->fontMetrics().ascent() / 3, 0, 0);
+    return base;
+}
+
 QWidget* crystalGroup(ChipPanel& p) {
     return group("Crystal", {
                                 line(option(p.StdCrystal), option(p.NonStdCrystal), stretch()),
@@ -135,8 +148,9 @@ QWidget* lowBatteryGroup(ChipPanel& p, Lines more) {
 
 QWidget* panelWindow(ChipPanel& p, QWidget* settings, std::vector<Cell> answers) {
     return window({
-        across({settings, column({wordsColumn(p), actionsGroup(p)})}, 0),
-        statusGroup(p, std::move(answers)),
+        across({column({settings, statusGroup(p, std::move(answers))}),
+                column({wordsColumn(p), actionsGroup(p)})},
+               0),
         stretch(),
         line(statusLine(p.Statusline), lamp(p.IRQ), button(p.IRQpoll), button(p.ReadStatus),
              button(p.ShowStatus)),

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/views/receiving_parts.h"
 
-#include <QLabel>
-
 #include <utility>
 
 namespace zor {
@@ -14,20 +12,6 @@ QWidget* page(Frame& frame, Lines common, const Lines& own, Lines remarks = {}) 
     common.insert(common.end(), own.begin(), own.end());
     common.insert(common.end(), remarks.begin(), remarks.end());
     return plain(frame, std::move(common));
-}
-
-/// A formula whose exponent is a label of its own, raised into the gap that the formula leaves for it.
-QWidget* formula(Label& text, Label& exponent) {
-    auto* base = static_cast<QLabel*>(label(text, Tone::Soft));
-    auto* raised = static_cast<QLabel*>(label(exponent, Tone::Soft));
-    QFont small = raised->font();
-    small.setPointSizeF(small.pointSizeF() * 0.75);
-    raised->setFont(small);
-    raised->setParent(base);
-    QString beforeGap = base->text().left(base->text().indexOf(QLatin1String("  ")));
-    raised->move(base->fontMetrics().horizontalAdvance(beforeGap) + 1, 0);
-    base->setContentsMargins(0, raised->fontMetrics().ascent() / 3, 0, 0);
-    return base;
 }
 
 } // namespace

@@ -22,11 +22,13 @@ QWidget* pinGroup(TransceiverPanel& p) {
 }
 
 QWidget* transmitterGroup(TransceiverPanel& p) {
-    return group("Transmitter", {
-                                    line(labelled("Polarity", list(p.ModPol, 8)),
-                                         labelled("Deviation", list(p.ModFreq, 6), "kHz")),
-                                    line(labelled("Output power", list(p.OutputPower, 8))),
-                                });
+    return group(
+        "Transmitter",
+        {
+            line(labelled("Polarity", list(p.ModPol, 8)), labelled("Deviation", list(p.ModFreq, 6), "kHz")),
+            line(labelled("Output power", list(p.OutputPower, 8)), stretch(),
+                 plain(p.Frame1_11, {line(labelled("Select revision:", list(p.Revision, 12)))})),
+        });
 }
 
 QWidget* dataPathGroup(TransceiverPanel& p) {
@@ -39,11 +41,10 @@ QWidget* dataPathGroup(TransceiverPanel& p) {
 }
 
 QWidget* transceiverWindow(TransceiverPanel& p, PageAdditions additions) {
-    QWidget* revision = group(p.Frame1_11, {line(list(p.Revision, 14), stretch())});
     QWidget* settings = column({
         across({column({crystalGroup(p), powerGroup(p), transmitterGroup(p)}),
                 column({frequencyGroup(p), receiverGroup(p, {pinGroup(p)}), dataPathGroup(p)})}),
-        across({receivingPages(p, std::move(additions)), revision}, 0),
+        receivingPages(p, std::move(additions)),
     });
     return panelWindow(p, settings, offsetAnswer(p));
 }

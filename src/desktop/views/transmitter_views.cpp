@@ -61,7 +61,8 @@ QWidget* opalView(Form& form) {
     auto& p = static_cast<OpalV2&>(form);
     return panelWindow(p, columns({crystalGroup(p), autoPowerGroup(p), supplyGroup(p)},
                                   {frequencyGroup(p), autoModulationGroup(p), revisionGroup(p),
-                                   wakeUpGroup(p), lowBatteryGroup(p)}));
+                                   wakeUpGroup(p, {formula(p.WakeUpFormula, p.WakeUpFormulaPower)}),
+                                   lowBatteryGroup(p, {label(p.ThresholdFormula, Tone::Soft)})}));
 }
 
 QWidget* jadeView(Form& form) {
@@ -75,7 +76,8 @@ QWidget* jadeView(Form& form) {
                     supplyGroup(p)},
                    {frequencyGroup(p), autoModulationGroup(p),
                     group("Select revision:", {line(list(p.Revision, 14), stretch())}),
-                    wakeUpGroup(p, {line(tick(p.CB_dwc))}), lowBatteryGroup(p, {line(tick(p.CB_ebs))})}));
+                    wakeUpGroup(p, {formula(p.WakeUpFormula, p.WakeUpFormulaPower), tick(p.CB_dwc)}),
+                    lowBatteryGroup(p, {label(p.ThresholdFormula, Tone::Soft), tick(p.CB_ebs)})}));
 }
 
 namespace {
@@ -105,6 +107,7 @@ QWidget* onyxWakeUpGroup(KT1102& p) {
                      line(labelled("R", spin(p.WKUPR, p.UD_WakeUpR)), slider(p.SL_WakeUpR)),
                      line(labelled("D", spin(p.WKUPD, p.UD_WakeUpD)), labelled("Time", field(p.WKUPTIME, 8)),
                           label(p.Label8, Tone::Soft)),
+                     formula(p.WakeUpFormula, p.WakeUpFormulaPower),
                      reason(p.Label39),
                  });
 }
@@ -114,6 +117,7 @@ QWidget* onyxBatteryGroup(KT1102& p) {
                  {
                      line(labelled("T", spin(p.LBD, p.UD_LBD)), labelled("Threshold", field(p.LBDV, 5), "V")),
                      tick(p.CB_ebs),
+                     label(p.ThresholdFormula, Tone::Soft),
                      reason(p.Label38),
                  });
 }

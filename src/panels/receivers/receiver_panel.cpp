@@ -74,8 +74,10 @@ ReceiverPanel::ReceiverPanel(Bench& ownBench, const PanelTraits& panelTraits,
     , ent(*this, "ent", "Wake-up timer")
     , enx(*this, "enx", "Xtal osc.")
     , disclk(*this, "disclk", clockCaption)
-    , Label47(*this, "Label47", clockCaption)
-    , Label48(*this, "Label48", "\xC2\xB5")
+    , Label47(*this, "Label47", "Disable")
+    , Label48(*this, "Label48",
+              "\xC2\xB5"
+              "C clock output")
     , enrec(*this, "enrec", "Enable receiver chain")
     , fmodeen(*this, "fmodeen", "Enable FIFO mode") {
     setScaledLists({&CLKout, &BasebandBW});

@@ -93,6 +93,8 @@ KT1102::KT1102(Bench& ownBench)
 void KT1102::wire() {
     setScaledLists({&CLKout, &ModFreq});
     feed(OutputPower, Ctrlw);
+    WakeUpFormulaPower.setCaption("R-D");
+    ThresholdFormula.setCaption("V       = 2.0 + T * 0.1 [V]");
     // The clock selection stands in the low battery word.
     CLKout.onSelect = [this] { LBD_LostFocus(); };
     CB_ebs.onChange = [this] { LBD_LostFocus(); };

@@ -35,7 +35,10 @@ TransmitterPanel::TransmitterPanel(Bench& ownBench, const PanelTraits& panelTrai
     , Label48(*this, "Label48",
               "\xC2\xB5"
               "C clock output")
-    , PowerMw(*this, "PowerMw", "Power Management Command:") {
+    , PowerMw(*this, "PowerMw", "Power Management Command:")
+    , WakeUpFormula(*this, "WakeUpFormula", "Time = M*2     [ms]")
+    , WakeUpFormulaPower(*this, "WakeUpFormulaPower", "R")
+    , ThresholdFormula(*this, "ThresholdFormula", "V       = 2.2 + T * 0.1 [V]") {
     makePowerTicks(ticks);
     Label38.setCaption("Enable LBD by the Power Management Command");
     Label39.setCaption("Enable the Wake-up timer by the Power Management command.");

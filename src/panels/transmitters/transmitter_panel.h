@@ -34,6 +34,10 @@ class TransmitterPanel : public ChipPanel {
     Label Label47;
     Label Label48;
     ControlWord PowerMw;
+    /// The wake-up time's formula with a gap for its exponent, which is a label of its own.
+    Label WakeUpFormula;
+    Label WakeUpFormulaPower;
+    Label ThresholdFormula;
 
     /// The tick of a bit of the power management word; nullptr if the chip has none there.
     [[nodiscard]] TickBox* pm(int bitNumber) const {
