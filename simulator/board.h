@@ -61,8 +61,8 @@ class Board : public LineEnd {
 
     /// Volts; 0 before the first "V".
     [[nodiscard]] double supplyVoltage() const { return hardware.supplyVoltage(); }
-    /// @param line  0 to 7
-    [[nodiscard]] OutputState output(std::size_t line) const { return hardware.output(line); }
+    /// @param number  0 to 7
+    [[nodiscard]] OutputState output(std::size_t number) const { return hardware.output(number); }
     [[nodiscard]] DataSelector dataSelector() const { return hardware.dataSelector; }
     [[nodiscard]] Modulation modulation() const { return hardware.modulation; }
     [[nodiscard]] RadioChip& radio() { return hardware.radio(); }

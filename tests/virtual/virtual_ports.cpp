@@ -52,7 +52,7 @@ void VirtualSeat::fromBoard(char byte) {
 }
 
 std::unique_ptr<SerialPort> VirtualPorts::create() {
-    return std::make_unique<VirtualSerialPort>(loop, *this);
+    return std::make_unique<VirtualSerialPort>(*this);
 }
 
 std::string VirtualPorts::devicePath(int number) const {

@@ -94,9 +94,8 @@ class VirtualPorts : public SerialPorts {
 /// A port object on one of the seats.
 class VirtualSerialPort : public SerialPort {
   public:
-    VirtualSerialPort(EventLoop& eventLoop, VirtualPorts& machinePorts)
-        : loop(eventLoop)
-        , ports(machinePorts) {}
+    explicit VirtualSerialPort(VirtualPorts& machinePorts)
+        : ports(machinePorts) {}
     ~VirtualSerialPort() override;
 
     void open(int number, const LineSettings& settings) override;
@@ -108,7 +107,6 @@ class VirtualSerialPort : public SerialPort {
     friend class VirtualSeat;
     void letGo();
 
-    EventLoop& loop;
     VirtualPorts& ports;
     /// nullptr while closed, and after the device went.
     VirtualSeat* seat = nullptr;
