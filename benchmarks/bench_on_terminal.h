@@ -20,6 +20,7 @@ class BenchOnTerminal {
 
     [[nodiscard]] Connect& connect() { return *window.bench().connect; }
     [[nodiscard]] Bench& bench() { return window.bench(); }
+    [[nodiscard]] MainWindow& main() { return window; }
     /// A KT1100 panel, filled and open.
     [[nodiscard]] OpalV2& panel();
 

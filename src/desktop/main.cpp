@@ -24,6 +24,8 @@ namespace {
 
 struct Switches {
     bool demo = false;
+    /// Ends when the window has been shown, for measuring the start.
+    bool exitWhenShown = false;
     QString pictures;
     std::optional<zor::Scheme> scheme;
 };
@@ -42,10 +44,14 @@ Switches readSwitches(const QApplication& application) {
     QCommandLineOption play(QStringLiteral("play-demo"),
                             QStringLiteral("Walk through the demo and leave a picture of every window."),
                             QStringLiteral("folder"));
-    parser.addOptions({demo, light, dark, play});
+    QCommandLineOption exitWhenShown(
+        QStringLiteral("exit-when-shown"),
+        QStringLiteral("End as soon as the window stands; for measuring the start."));
+    parser.addOptions({demo, light, dark, play, exitWhenShown});
     parser.process(application);
     Switches switches;
     switches.pictures = parser.value(play);
+    switches.exitWhenShown = parser.isSet(exitWhenShown);
     switches.demo = parser.isSet(demo) || !switches.pictures.isEmpty();
     if (parser.isSet(dark)) {
         switches.scheme = zor::Scheme::Dark;
@@ -115,5 +121,8 @@ int main(int argc, char** argv) {
     }
     // Closing during the start-up ends the program too; there is nothing to run then.
     loop.perform([&] { main.start(); });
+    if (switches.exitWhenShown) {
+        QTimer::singleShot(0, [&] { main.userClose(); });
+    }
     return loop.leaving() ? 0 : QApplication::exec();
 }
