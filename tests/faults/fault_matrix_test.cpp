@@ -7,7 +7,8 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <algorithm>
+#include <string_view>
 
 namespace zor::testing {
 
@@ -135,12 +136,34 @@ void openWindow(VirtualBench& bench, const SendingAction& action) {
     ASSERT_NE(bench.desk.find(action.form), nullptr) << action.form;
 }
 
+/// A command word and how many hexadecimal digits follow it.
+struct CommandForm {
+    std::string_view word;
+    std::size_t fewest;
+    std::size_t most;
+};
+
+constexpr CommandForm commandForms[] = {
+    {"", 0, 0},     {"i", 0, 0},  {"V", 1, 2},  {"A0", 0, 0}, {"A1", 0, 0}, {"AD", 0, 0},
+    {"H", 1, 1},    {"L", 1, 1},  {"Z", 1, 1},  {"X0", 0, 0}, {"X1", 0, 0}, {"X2", 0, 0},
+    {"WSCC", 0, 0}, {"RI", 0, 0}, {"RS", 0, 0}, {"S1", 2, 2}, {"S2", 4, 4},
+};
+
+bool isWholeCommand(std::string_view line) {
+    if (line.ends_with('\n')) {
+        // A script's lines end in CR LF.
+        line.remove_suffix(1);
+    }
+    return std::any_of(std::begin(commandForms), std::end(commandForms), [line](const CommandForm& form) {
+        std::string_view digits = line.substr(std::min(form.word.size(), line.size()));
+        return line.starts_with(form.word) && digits.size() >= form.fewest && digits.size() <= form.most &&
+               digits.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
+    });
+}
+
 void expectWholeLines(VirtualBench& bench) {
-    static const std::regex whole(
-        "|i|V[0-9A-F]{1,2}|A[01D]|[HLZ][0-7]|X[012]|RI|RS|WSCC|S1[0-9A-F]{2}|S2[0-9A-F]{4}|"
-        "[HL]2\n");
     for (const std::string& line : bench.takeSent()) {
-        EXPECT_TRUE(std::regex_match(line, whole)) << "half a line: " << line;
+        EXPECT_TRUE(isWholeCommand(line)) << "half a line: " << line;
     }
 }
 
