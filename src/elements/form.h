@@ -39,8 +39,8 @@ struct Extent {
 class Form {
   public:
     enum class Kind { Window, Modal };
-    /// Whether the form's size is the window's, or a measure of the form's own that the product keeps (a panel's two
-    /// heights) while the window on the screen is as large as what stands in it.
+    /// Whether the form's size is the window's, or a measure of the form's own that the product keeps (a
+    /// panel's two heights) while the window on the screen is as large as what stands in it.
     enum class Sizing { OfWindow, ByContent };
 
     Form(Desk& ownDesk, std::string name, std::string title, Kind kind = Kind::Window);
