@@ -70,7 +70,22 @@ void MainWindow::wireMenu() {
         menu.mnuViewToolbar.setChecked(!menu.mnuViewToolbar.checked());
         Toolbar1.setVisible(menu.mnuViewToolbar.checked());
     });
-    wire(menu.mnutoolsTerminal, [this] { ownBench.open("Terminal"); });
+    const std::pair<MenuEntry*, const char*> toolEntries[] = {
+        {&menu.mnutoolsTerminal, "Terminal"},
+        {&menu.mnutoolsECET, "ECET"},
+        {&menu.mnutoolsRFSetup_RX, "frm_Link_RX"},
+        {&menu.mnutoolsRFSetup_TX, "frm_Link"},
+        {&menu.mnuToolsBerylRFlink, "Frm_BerylRfLinkTest"},
+        {&menu.mnuToolsOpalTestmode, "OpalV2test"},
+        {&menu.mnuToolsAmberTestmode, "Frm_AmberTestFunctions"},
+        {&menu.mnuToolsBerylTestmode, "Frm_BerylTestFunctions"},
+        {&menu.mnuload, "FirmLoad"},
+    };
+    for (auto [entry, form] : toolEntries) {
+        wire(*entry, [this, form] { openTool(form); });
+    }
+    wire(menu.mnuToolsRFlink,
+         [this] { openTool(ownBench.LoadBoardRev == 2 ? "AmberV1rflink_LB2" : "AmberV1rflink"); });
     wire(menu.mnuHelpSWguide, [] {});
     wire(menu.mnuHelp1100DS, [] {});
     wire(menu.mnuHelp2100DS, [] {});
@@ -79,6 +94,14 @@ void MainWindow::wireMenu() {
     wire(menu.mnuHelpProducts, [this] { tools.openProducts(); });
     wire(menu.mnuHelpAbout, [this] { tools.openAbout(extent()); });
     onDoubleClick = [this] { factoryGesture(); };
+}
+
+void MainWindow::openTool(std::string_view form) {
+    if (ownBench.openTool.contains(form)) {
+        ownBench.open(form);
+    } else {
+        Notice.setCaption("This version does not have that window.");
+    }
 }
 
 void MainWindow::wireLink() {

@@ -54,6 +54,8 @@ class MainWindow : public Form {
 
   private:
     void wireMenu();
+    /// Opens a tool's window, or says that there is none.
+    void openTool(std::string_view form);
     void wireLink();
     void startSearch();
     void searchFinished();
