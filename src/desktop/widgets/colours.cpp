@@ -100,7 +100,7 @@ QPalette schemePalette(Scheme scheme) {
 }
 
 double contrast(const QColor& a, const QColor& b) {
-    auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
