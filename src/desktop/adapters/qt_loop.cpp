@@ -41,6 +41,9 @@ void QtLoop::stopTimer(TimerId timer) {
 
 void QtLoop::runOnce() {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    // What the event itself has posted, such as the characters a port has read, is handled without another
+    // turn.
+    QCoreApplication::sendPostedEvents();
 }
 
 void QtLoop::arm() {
