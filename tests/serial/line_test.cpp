@@ -2,8 +2,11 @@
 #include "desktop/adapters/qt_loop.h"
 #include "desktop/adapters/qt_serial_port.h"
 #include "desktop/demo_board.h"
+#include "support/as_ordinary_user.h"
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 #include <QTemporaryDir>
 
@@ -165,12 +168,17 @@ TEST_F(Line, ClosingRightAfterWritingLosesNothing) {
 }
 
 TEST_F(Line, ADeviceOfAnotherUserIsToldByItsPath) {
-    if (::geteuid() == 0) {
-        GTEST_SKIP() << "root may open everything";
-    }
-    devices.addDevice("/dev/mem", "Memory");
-    auto line = port();
-    EXPECT_THROW(line->open(1, {}), PortAccessError);
+    startBoard();
+    ASSERT_EQ(::chmod(devices.path(1).c_str(), 0), 0);
+    EXPECT_TRUE(holdsForOrdinaryUser([this] {
+        auto line = port();
+        try {
+            line->open(1, {});
+            ADD_FAILURE() << "it opened a protected device";
+        } catch (const PortAccessError& error) {
+            EXPECT_EQ(error.devicePath(), devices.path(1));
+        }
+    }));
 }
 
 } // namespace zor

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "support/as_ordinary_user.h"
 #include "support/record_file.h"
 
 #include "support/error.h"
@@ -301,16 +302,20 @@ TEST_F(FileTest, AFullDiskLeavesTheOldFileWhole) {
 }
 
 TEST_F(FileTest, AProtectedFolderOrFileIsLeftAlone) {
-    if (::geteuid() == 0) {
-        GTEST_SKIP() << "protection does not bind the administrator";
-    }
     put(folder / "old.tc", "old");
-    fs::permissions(folder / "old.tc", static_cast<fs::perms>(0400));
-    EXPECT_EQ(errorOf([&] { writeFileWhole(folder / "old.tc", "new"); }), 70);
-    fs::permissions(folder / "old.tc", static_cast<fs::perms>(0600));
-    fs::permissions(folder, static_cast<fs::perms>(0500));
-    EXPECT_EQ(errorOf([&] { writeFileWhole(folder / "old.tc", "new"); }), 70);
-    EXPECT_EQ(errorOf([&] { writeFileWhole(folder / "new.tc", "new"); }), 70);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown(folder.c_str(), ordinaryUser, ordinaryUser), 0);
+        ASSERT_EQ(::chown((folder / "old.tc").c_str(), ordinaryUser, ordinaryUser), 0);
+    }
+    EXPECT_TRUE(holdsForOrdinaryUser([&] {
+        fs::permissions(folder / "old.tc", static_cast<fs::perms>(0400));
+        EXPECT_EQ(errorOf([&] { writeFileWhole(folder / "old.tc", "new"); }), 70);
+        fs::permissions(folder / "old.tc", static_cast<fs::perms>(0600));
+        fs::permissions(folder, static_cast<fs::perms>(0500));
+        EXPECT_EQ(errorOf([&] { writeFileWhole(folder / "old.tc", "new"); }), 70);
+        EXPECT_EQ(errorOf([&] { writeFileWhole(folder / "new.tc", "new"); }), 70);
+    }));
+    fs::permissions(folder, static_cast<fs::perms>(0700));
     EXPECT_EQ(readFile(folder / "old.tc"), "old");
     EXPECT_EQ(entries(), 1U);
 }
