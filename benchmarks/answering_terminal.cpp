@@ -45,6 +45,18 @@ int openRaw(const std::string& path) {
 
 } // namespace
 
+OnProcessor::OnProcessor(int processor) {
+    ::sched_getaffinity(0, sizeof before, &before);
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(processor, &one);
+    ::sched_setaffinity(0, sizeof one, &one);
+}
+
+OnProcessor::~OnProcessor() {
+    ::sched_setaffinity(0, sizeof before, &before);
+}
+
 AnsweringTerminal::AnsweringTerminal()
     : master(checked(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), "posix_openpt")) {
     checked(::grantpt(master), "grantpt");
@@ -63,6 +75,7 @@ AnsweringTerminal::~AnsweringTerminal() {
 }
 
 void AnsweringTerminal::answer() const {
+    OnProcessor second(1);
     std::array<char, 256> block{};
     for (;;) {
         ssize_t count = ::read(master, block.data(), block.size());

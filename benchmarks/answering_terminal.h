@@ -1,13 +1,29 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <sched.h>
+
 #include <string>
 #include <thread>
 
 namespace zor::benchmarks {
 
+/// Keeps the calling thread on one of the machine's processors, and gives it back the others at the end.
+/// Where a woken thread lands decides how long its waking takes, and would decide the ratio too if it were
+/// left to chance. Does nothing if there is no such processor.
+class OnProcessor {
+  public:
+    explicit OnProcessor(int processor);
+    ~OnProcessor();
+    OnProcessor(const OnProcessor&) = delete;
+    OnProcessor& operator=(const OnProcessor&) = delete;
+
+  private:
+    cpu_set_t before{};
+};
+
 /// A pseudo-terminal whose far end answers every carriage return with the success prompt, at once: the
-/// fastest board that there can be.
+/// fastest board that there can be. It answers from the second processor, the PC's side belongs on the first.
 class AnsweringTerminal {
   public:
     AnsweringTerminal();

@@ -41,13 +41,14 @@ Server::Server(const Options& chosen)
     , fromPc(characterTime(chosen.paced))
     , toPc(characterTime(chosen.paced))
     , started(now())
+    , boardTime(started)
     , controlOpen(chosen.control || chosen.exitWithStdin) {
     for (const std::string& statement : options.setup) {
         executeControl(statement);
     }
     line.transmit = [this](const Transmission& transmission) {
         trace(">", quotedBytes(transmission.bytes), {});
-        toPc.push(transmission.bytes, now() + transmission.delay);
+        toPc.push(transmission.bytes, boardTime + transmission.delay);
     };
     board.lineReceived = [this](const std::string& text) {
         trace("<", quotedBytes(text), transferMeaning(text, board.radio().chip()));
@@ -108,6 +109,7 @@ void Server::sleep(int signals) {
         }
         return;
     }
+    boardTime = now();
     if (descriptors[0].revents != 0) {
         running = false;
     }
@@ -150,8 +152,13 @@ void Server::readTerminal() {
 }
 
 void Server::moveCharacters() {
-    for (char byte : fromPc.take(now())) {
-        line.receive(byte);
+    // The board hears a character when its stop bit has passed, however late this program wakes up for it.
+    TimePoint woken = now();
+    for (auto heard = fromPc.next(); heard && *heard <= woken; heard = fromPc.next()) {
+        boardTime = *heard;
+        for (char byte : fromPc.take(boardTime)) {
+            line.receive(byte);
+        }
     }
     std::string through = toPc.take(now());
     if (terminal.hasClient() && !through.empty()) {

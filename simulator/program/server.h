@@ -47,6 +47,8 @@ class Server {
     PacedQueue fromPc;
     PacedQueue toPc;
     TimePoint started;
+    /// The moment in which the board acts: that of the character it hears.
+    TimePoint boardTime;
     std::string controlText;
     bool controlOpen;
     bool linked = false;

@@ -11,6 +11,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace zor {
@@ -180,11 +181,21 @@ void QtSerialPort::write(std::string_view bytes) {
     if (!isOpen()) {
         throw ToolError(portNotOpen);
     }
-    if (gone || !deviceExists(path)) {
+    if (gone) {
         return;
     }
-    auto size = static_cast<qint64>(bytes.size());
-    if (port.write(bytes.data(), size) != size) {
+    // A command line fits into the driver's buffer. Handed to the driver here, it leaves at once; the toolkit
+    // would write it in a later turn of the loop and take a further one to see that it is gone.
+    if (port.bytesToWrite() == 0) {
+        ssize_t written = ::write(port.handle(), bytes.data(), bytes.size());
+        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    if (bytes.empty() || !deviceExists(path)) {
+        return;
+    }
+    // The toolkit keeps what the driver has no room for, and finds out what is wrong with the line.
+    auto rest = static_cast<qint64>(bytes.size());
+    if (port.write(bytes.data(), rest) != rest) {
         throw ToolError(deviceInputOutput);
     }
     port.flush();
