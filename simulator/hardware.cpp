@@ -28,6 +28,7 @@ void Hardware::drive(std::size_t lineNumber, OutputState state) {
 
 std::vector<std::uint8_t> Hardware::transfer(const std::vector<std::uint8_t>& bytes) {
     std::vector<std::uint8_t> answer;
+    answer.reserve(bytes.size());
     bus->deselect();
     bus->select();
     for (std::uint8_t byte : bytes) {

@@ -14,4 +14,7 @@ struct Colour {
     friend bool operator==(const Colour&, const Colour&) = default;
 };
 
+/// What the product calls the system's button face; an element without a colour counts as having it.
+inline constexpr Colour buttonFace{240, 240, 240};
+
 } // namespace zor

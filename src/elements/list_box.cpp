@@ -62,6 +62,9 @@ void ListBox::removeEntry(int entryPosition) {
         return;
     }
     items.erase(items.begin() + entryPosition);
+    if (static_cast<std::size_t>(entryPosition) < tips.size()) {
+        tips.erase(tips.begin() + entryPosition);
+    }
     if (selected == entryPosition) {
         selected = -1;
     } else if (selected > entryPosition) {

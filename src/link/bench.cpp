@@ -44,6 +44,8 @@ Bench::Bench(Platform& machine, Desk& ownDesk)
     };
 #define ZOR_PUBLISH(name) publish(#name, name)
     ZOR_PUBLISH(Last7);
+    variables["Last7OK"] = [] { return std::string(Last7OK); };
+    variables["Last7ERROR"] = [] { return std::string(Last7ERROR); };
     ZOR_PUBLISH(Last15);
     ZOR_PUBLISH(Last100);
     ZOR_PUBLISH(CommState);

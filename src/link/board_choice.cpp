@@ -53,26 +53,34 @@ void BoardChoice::connectTo(int port) {
     if (bench.LoadBoardRev == 2) {
         bench.UsbLocation = connect.usb.GetThisUSBLocationByDriver();
     }
-    connect.Send_To_LoadBoard(std::string(command::identify));
+    // Locked before the first wait: a second choice in it would find the port taken.
     bar.LoadboardList.setLocked(true);
+    otherBoardLeft();
+    bar.Toolbar3.setVisible(bar.Toolbar3.visible() && bench.LoadBoardRev == 2);
+    connect.Send_To_LoadBoard(std::string(command::identify));
     if (bench.LoadBoardRev == 1) {
         connect.Send_To_LoadBoard(supplyCommand(numericPrefix(bench.Pref_Voltage), supplyConstant(1)));
     }
     connect.Send_To_LoadBoard(std::string(command::releaseLine3));
     if (bench.LoadBoardRev == 2) {
-        setUpGeneration2();
+        connect.Send_To_LoadBoard(supplyCommand(numericPrefix(bench.Pref_Voltage), supplyConstant(2)));
     }
-    if (bench.LoadBoardRev == 40) {
-        loaderConnected();
+    // A board that went meanwhile has nothing to offer.
+    if (connect.isOpen()) {
+        offerBoard();
     }
     panelsEnabled();
 }
 
-void BoardChoice::setUpGeneration2() {
-    connect.Send_To_LoadBoard(supplyCommand(numericPrefix(bench.Pref_Voltage), supplyConstant(2)));
-    generation2Connected();
-    selector.reset();
-    bar.Toolbar3.setVisible(true);
+void BoardChoice::offerBoard() {
+    if (bench.LoadBoardRev == 2) {
+        generation2Connected();
+        selector.reset();
+        bar.Toolbar3.setVisible(connect.isOpen());
+    }
+    if (bench.LoadBoardRev == 40) {
+        loaderConnected();
+    }
 }
 
 } // namespace zor

@@ -12,6 +12,8 @@ class BoardChoice {
   public:
     BoardChoice(Bench& ownBench, LinkBar& ownBar, Connect& channel, DataSelector& dataSelector);
 
+    /// What only the board before could do is not offered any more.
+    std::function<void()> otherBoardLeft;
     /// The chosen board is a generation 2 one: its tools may be offered.
     std::function<void()> generation2Connected;
     /// The chosen board is a loader.
@@ -22,7 +24,7 @@ class BoardChoice {
   private:
     void LoadboardList_click();
     void connectTo(int port);
-    void setUpGeneration2();
+    void offerBoard();
 
     Bench& bench;
     LinkBar& bar;

@@ -106,9 +106,10 @@ void Connect::writeDirectly(std::string_view bytes) {
 }
 
 void Connect::open(int portNumber, const LineSettings& settings) {
+    MSComm2->open(portNumber, settings);
+    // A port that could not be opened is never one to open again.
     workingNumber = portNumber;
     workingSettings = settings;
-    MSComm2->open(portNumber, settings);
 }
 
 void Connect::closeOnPurpose() {
@@ -175,6 +176,7 @@ void Connect::loseBoard() {
     for (int entry = static_cast<int>(bar.LoadboardList.entries().size()) - 1; entry >= 0; --entry) {
         bar.LoadboardList.removeEntry(entry);
     }
+    boardLost();
     bench.platform.dialogs.show({.text = "Loadboard disconnected!\r\nPlease press connect again!",
                                  .title = "LoadBoard Communication Error!",
                                  .icon = BoxIcon::Critical});

@@ -8,6 +8,7 @@
 #include "platform/serial_port.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -52,6 +53,9 @@ class Connect {
     /// The tails of the search port, not the working port's.
     std::string Last7;
     std::string Last100;
+
+    /// The board is gone; told before the user is.
+    std::function<void()> boardLost = [] {};
 
     UsbBoards usb;
 

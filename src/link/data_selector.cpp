@@ -36,9 +36,10 @@ void DataSelector::DisableDataSelector() {
         return;
     }
     SavedDataSelectorIndex = static_cast<std::int16_t>(bar.CB_Mode.position());
-    bar.CB_Mode.select(internal);
+    // Before its command waits: nobody shall choose another line meanwhile.
     bar.CB_Mode.setEnabled(false);
     setTips(forcedTip);
+    bar.CB_Mode.select(internal);
 }
 
 void DataSelector::EnableDataSelector() {
@@ -56,16 +57,19 @@ void DataSelector::setTips(const std::string& tip) {
 }
 
 void DataSelector::CB_Mode_Click() {
-    int index = bar.CB_Mode.position();
+    if (comingBack) {
+        // Until the line is back the choice may change; the last one counts.
+        return;
+    }
     try {
-        if (index == dataMode) {
+        if (bar.CB_Mode.position() != dataMode && !connect.isOpen()) {
+            comeBack();
+        }
+        if (bar.CB_Mode.position() == dataMode) {
             enterDataMode();
-        } else if (index == internal || index == external) {
-            if (!connect.isOpen()) {
-                comeBack();
-            }
-            connect.Send_To_LoadBoard(
-                std::string(index == internal ? command::selectInternal : command::selectExternal));
+        } else {
+            connect.Send_To_LoadBoard(std::string(
+                bar.CB_Mode.position() == internal ? command::selectInternal : command::selectExternal));
         }
     } catch (const ToolError& error) {
         bench.tellError(error, "Comm. port openerror");
@@ -73,6 +77,14 @@ void DataSelector::CB_Mode_Click() {
 }
 
 void DataSelector::comeBack() {
+    struct Marked {
+        bool& mark;
+        explicit Marked(bool& ownMark)
+            : mark(ownMark) {
+            mark = true;
+        }
+        ~Marked() { mark = false; }
+    } marked(comingBack);
     if (connect.usb.IssueBreakByDriver(bench.UsbLocation) != 0) {
         bar.CB_Mode.putPosition(dataMode);
         throw ToolError(wrongExtension, "Commport is not available");

@@ -43,6 +43,7 @@ class DataSelector {
     LinkBar& bar;
     Connect& connect;
     std::int16_t SavedDataSelectorIndex = 0;
+    bool comingBack = false;
 };
 
 } // namespace zor

@@ -70,6 +70,7 @@ void PortSearch::begin() {
     SearchLimit = 10;
     SearchTicks = 0;
     denied.clear();
+    bench.platform.ports.renumber();
     bench.CommState = tryToOpen;
     Timer1.start(stepInterval);
     bar.Connect.setEnabled(false);

@@ -83,6 +83,9 @@ class SerialPorts {
   public:
     virtual ~SerialPorts() = default;
     [[nodiscard]] virtual std::unique_ptr<SerialPort> create() = 0;
+    /// Numbers the ports that are there now. Until the next call a number means the same device, whatever is
+    /// plugged in or pulled out meanwhile.
+    virtual void renumber() = 0;
     /// What the system calls the numbered port ("/dev/ttyUSB0"); empty if there is none.
     [[nodiscard]] virtual std::string devicePath(int number) const = 0;
 };

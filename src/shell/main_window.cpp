@@ -3,6 +3,8 @@
 
 #include "shell/settings.h"
 
+#include <algorithm>
+
 namespace zor {
 
 namespace {
@@ -109,6 +111,11 @@ void MainWindow::wireLink() {
     linkBar.Disconnect.onClick = [this] { Disconnect_Click(); };
     search.finished = [this] { searchFinished(); };
     selector.dataModeEntered = [this] { menu.mnuload.setEnabled(false); };
+    channel.boardLost = [this] { menu.mnuload.setEnabled(false); };
+    boardChoice.otherBoardLeft = [this] {
+        menu.mnuload.setEnabled(false);
+        disableLinkEntries();
+    };
     boardChoice.loaderConnected = [this] { menu.mnuload.setEnabled(true); };
     boardChoice.panelsEnabled = [this] { EnablePanelButtons(true); };
     boardChoice.generation2Connected = [this] {
@@ -218,6 +225,10 @@ void MainWindow::closeLinkTools() {
             ownBench.close(name);
         }
     }
+    disableLinkEntries();
+}
+
+void MainWindow::disableLinkEntries() {
     menu.mnuToolsBerylRFlink.setEnabled(false);
     menu.mnutoolsRFSetup_TX.setEnabled(false);
     menu.mnutoolsRFSetup_RX.setEnabled(false);
@@ -237,7 +248,6 @@ void MainWindow::Disconnect_Click() {
     for (int entry = static_cast<int>(list.entries().size()) - 1; entry >= 0; --entry) {
         list.removeEntry(entry);
     }
-    list.setEntryTips({});
     list.setLocked(false);
     list.putText("Press connect");
     menu.mnuload.setEnabled(false);
@@ -283,7 +293,27 @@ void MainWindow::unload() {
     } catch (const ToolError&) {
         // The device went before the program; there is nobody left to tell.
     }
+    closeOpenForms();
     loop().leave();
+}
+
+void MainWindow::closeOpenForms() {
+    auto open = [this] {
+        const std::vector<Form*>& forms = desk().forms();
+        auto form = std::find_if(forms.begin(), forms.end(),
+                                 [this](const Form* other) { return other != this && other->isOpen(); });
+        return form == forms.end() ? nullptr : *form;
+    };
+    // Closing one may close or discard another, so each turn looks again.
+    for (Form* form = open(); form != nullptr; form = open()) {
+        try {
+            form->close();
+        } catch (const ActionDropped&) {
+            // There is no line any more to say good-bye on.
+        } catch (const ToolError&) {
+            // There is nobody left to tell.
+        }
+    }
 }
 
 } // namespace zor

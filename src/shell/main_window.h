@@ -64,6 +64,8 @@ class MainWindow : public Form {
     void FactoryModeTimer_Timer();
     void browse(const std::string& folder, const std::string& title);
     void closeLinkTools();
+    void disableLinkEntries();
+    void closeOpenForms();
 
     Bench ownBench;
     zor::Connect channel;

@@ -264,7 +264,10 @@ void PanelRegistry::panelClosed(Slot& slot) {
     std::shared_ptr<ChipPanel> leaving = std::move(slot.panel);
     bench.platform.loop.discardLater([leaving]() mutable { leaving.reset(); });
     try {
-        hide(slot);
+        // What it sent at its end waited; another panel may have taken its place meanwhile, and its entries.
+        if (bench.*slot.row.on) {
+            hide(slot);
+        }
     } catch (...) {
         bench.close(supplyTool);
         throw;

@@ -155,7 +155,7 @@ std::string numberText(float value) {
     return fixedText(static_cast<double>(value), 7);
 }
 
-std::optional<double> readNumericPrefix(std::string_view text, char decimalMark) {
+std::optional<double> readNumericPrefix(std::string_view text) {
     std::size_t at = 0;
     while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) {
         ++at;
@@ -181,7 +181,7 @@ std::optional<double> readNumericPrefix(std::string_view text, char decimalMark)
         if (isDigit(c)) {
             digitSeen = true;
             number += c;
-        } else if (c == decimalMark && !pointSeen) {
+        } else if (c == '.' && !pointSeen) {
             pointSeen = true;
             number += '.';
         } else {

@@ -29,7 +29,7 @@ namespace zor {
 /// The number that a text begins with: leading blanks, one sign, digits and one decimal point, or "&H" and
 /// hexadecimal digits. There is no exponent, so "1e3" reads as 1.
 /// @return nothing if the text does not begin with a number
-[[nodiscard]] std::optional<double> readNumericPrefix(std::string_view text, char decimalMark = '.');
+[[nodiscard]] std::optional<double> readNumericPrefix(std::string_view text);
 
 /// readNumericPrefix with 0 for a text without a number, the rule of every numeric field.
 [[nodiscard]] double numericPrefix(std::string_view text);

@@ -4,6 +4,8 @@
 #include "link/connect.h"
 #include "support/record_file.h"
 
+#include <utility>
+
 namespace zor {
 
 namespace {
@@ -53,6 +55,7 @@ Terminal::Terminal(Bench& ownBench)
     , bench(ownBench)
     , CommandSendTimer(ownBench.platform.loop, [this] { CommandSendTimer_Timer(); }) {
     setExtent({5400, 9000});
+    CommandSendTimer.setInterval(sendDelay);
     Script.setMultiLine(true);
     for (Element* element :
          {static_cast<Element*>(&Label1), static_cast<Element*>(&Script), static_cast<Element*>(&LoadScript),
@@ -101,19 +104,17 @@ void Terminal::Text1_KeyPress(char key) {
         bench.warn("Commport not available, Loadboard not connected!");
     } else {
         // The timer takes the send, and its wait, out of the key event.
-        CommandSendTimer.start(sendDelay);
+        CommandSendTimer.start();
     }
 }
 
 void Terminal::CommandSendTimer_Timer() {
     CommandSendTimer.stop();
-    std::string line = bench.Buf1;
-    if (line.empty()) {
-        return;
+    // What is typed while the send waits begins the next line.
+    std::string line = std::exchange(bench.Buf1, {});
+    if (!line.empty()) {
+        bench.connect->Send_To_LoadBoard(line);
     }
-    bench.connect->Send_To_LoadBoard(line);
-    // What was typed while the send waited stays for the next line.
-    bench.Buf1.erase(0, line.size());
 }
 
 void Terminal::En_ScriptWindow_Click() {

@@ -17,6 +17,7 @@ namespace zor {
 class NoPorts : public SerialPorts {
   public:
     [[nodiscard]] std::unique_ptr<SerialPort> create() override { return std::make_unique<Port>(); }
+    void renumber() override {}
     [[nodiscard]] std::string devicePath(int) const override { return {}; }
 
   private:

@@ -82,6 +82,19 @@ TEST_F(Machine, ADeviceAddedByHandIsTheFirstPort) {
     EXPECT_EQ(all.path(0), "");
 }
 
+TEST_F(Machine, ANumberMeansTheSameDeviceUntilTheNextNumbering) {
+    addUsb("ttyUSB0", "1", "2", "Converter");
+    addUsb("ttyUSB1", "1", "3", "Converter");
+    SerialDevices all = devices();
+    all.renumber();
+    EXPECT_EQ(all.path(2), (root / "dev/ttyUSB1").string());
+    fs::remove_all(root / "class/ttyUSB0");
+    EXPECT_EQ(all.path(2), (root / "dev/ttyUSB1").string());
+    all.renumber();
+    EXPECT_EQ(all.path(1), (root / "dev/ttyUSB1").string());
+    EXPECT_EQ(all.path(2), "");
+}
+
 TEST_F(Machine, AUsbDeviceIsDescribedAndPlaced) {
     addUsb("ttyUSB0", "3", "2.1.4", "LoadBoard 2.0");
     auto found = devices().scan();

@@ -58,7 +58,7 @@ std::vector<std::string> oddTexts() {
     texts.emplace_back(10000, 'x');
     texts.push_back("1" + std::string(10000, '0') + ".5");
     texts.push_back("0." + std::string(10000, '0') + "1");
-    texts.push_back(std::string("1\0002", 3));
+    texts.emplace_back("1\0002", 3);
     return texts;
 }
 

@@ -163,6 +163,18 @@ TEST(ChipPanel, ACrystalKeepsTheFrequencyAndMovesItsWord) {
     EXPECT_EQ(bench.text("Statusline"), " ");
 }
 
+TEST(ChipPanel, ACrystalIsReadWithTheUsersDecimalMarkAndWithThePointThatItShows) {
+    PanelBench<OpalV2> bench;
+    bench.platform.decimalMark = ',';
+    bench.open();
+    bench.click("NonStdCrystal");
+    bench.type("Crystalfreq", "10,5");
+    EXPECT_EQ(bench.text("Crystalfreq"), "10.5");
+    bench.type("Crystalfreq", bench.text("Crystalfreq"));
+    EXPECT_EQ(bench.text("Crystalfreq"), "10.5");
+    EXPECT_EQ(bench.panel->GetXtalFrequency(), 10500000);
+}
+
 TEST(ChipPanel, ACrystalIsKeptBetweenEightAndTwelveMegahertz) {
     PanelBench<OpalV2> bench;
     bench.open();

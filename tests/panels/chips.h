@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "panels/common/arithmetic.h"
+#include "panels/common/frequency.h"
 
 #include <array>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "chips.h"
 #include "exact.h"
-#include "panels/common/arithmetic.h"
+#include "panels/common/frequency.h"
 
 #include <gtest/gtest.h>
 

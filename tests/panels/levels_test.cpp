@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "exact.h"
-#include "panels/common/arithmetic.h"
+#include "panels/common/levels.h"
 #include "support/numbers.h"
 
 #include <gtest/gtest.h>

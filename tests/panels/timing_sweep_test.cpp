@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "chips.h"
 #include "exact.h"
-#include "panels/common/arithmetic.h"
+#include "panels/common/timing.h"
 
 #include <gtest/gtest.h>
 
@@ -95,7 +95,8 @@ TEST(WakeUpSweep, TheExtendedTimerShowsExactlyInItsUnit) {
 TEST(DutySweep, EveryDutyOfEveryShortTimeShowsExactlyUpToAHundred) {
     for (int mantissa = 1; mantissa <= 16383; mantissa += mantissa < 256 ? 1 : 64) {
         for (int duty = 0; duty <= 127; ++duty) {
-            long long thousandths = exact::nearest({(2LL * duty + 1) * 100000, mantissa});
+            long long hundredThousandths = (2LL * duty + 1) * 100000;
+            long long thousandths = exact::nearest({hundredThousandths, mantissa});
             bool above = (2LL * duty + 1) > mantissa;
             ASSERT_EQ(dutyCycle(duty, mantissa).text, above ? "100" : exact::textOf(thousandths, 3))
                 << "D " << duty << ", M " << mantissa;

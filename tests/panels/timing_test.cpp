@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "panels/common/arithmetic.h"
+#include "panels/common/timing.h"
 
 #include <gtest/gtest.h>
 

@@ -237,12 +237,6 @@ TEST(NumericPrefix, ReadsWhatATextBeginsWith) {
     }
 }
 
-TEST(NumericPrefix, TakesAnotherDecimalMarkWhenGivenOne) {
-    EXPECT_EQ(readNumericPrefix("9,75", ','), 9.75);
-    EXPECT_EQ(readNumericPrefix("9.75", ','), 9.0);
-    EXPECT_EQ(readNumericPrefix(",5", ','), .5);
-}
-
 TEST(NumericPrefix, TenThousandCharactersAreANumberOrBeyondEveryNumber) {
     EXPECT_EQ(numericPrefix(std::string(10000, '9')), infinity);
     EXPECT_EQ(numericPrefix("-" + std::string(10000, '9')), -infinity);

@@ -87,18 +87,20 @@ bool ticked(World& world, const Arguments& arguments) {
     return as<TickBox>(world, arguments, "a tick box").ticked();
 }
 
-std::string colourText(const std::optional<Colour>& colour) {
-    return colour ? std::to_string(colour->red) + " " + std::to_string(colour->green) + " " +
-                        std::to_string(colour->blue)
-                  : std::string("the palette's");
+std::string colourText(const Colour& colour) {
+    return std::to_string(colour.red) + " " + std::to_string(colour.green) + " " +
+           std::to_string(colour.blue);
 }
 
 void back(World& world, const Arguments& arguments) {
-    std::optional<Colour> found = world.element(arguments.text(0)).background();
-    std::optional<Colour> expected;
+    auto backgroundOf = [&](std::size_t at) {
+        return world.element(arguments.text(at)).background().value_or(buttonFace);
+    };
+    Colour found = backgroundOf(0);
+    Colour expected;
     if (arguments.isWord(1, "as")) {
         arguments.expectCount(3, 3);
-        expected = world.element(arguments.text(2)).background();
+        expected = backgroundOf(2);
     } else {
         auto part = [&arguments](std::size_t at) {
             return static_cast<std::uint8_t>(arguments.integer(at, 0, 255));

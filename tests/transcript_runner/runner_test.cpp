@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Transcript, EveryCheck, ::testing::Values(
     Row{"disabled main.Disconnect",                  "t:5: expected main.Disconnect disabled, found it enabled"},
     Row{"shown main.mnuAdv",                         "t:5: expected main.mnuAdv shown, found it hidden"},
     Row{"hidden main.CB_Mode",                       "t:5: expected main.CB_Mode hidden, found it shown"},
-    Row{"back main.TX 1 2 3",                        "t:5: expected background 1 2 3 of main.TX, found the palette's"},
+    Row{"back main.TX 1 2 3",                        "t:5: expected background 1 2 3 of main.TX, found 240 240 240"},
     Row{"open Terminal",                             "t:5: expected Terminal open, found it closed"},
     Row{"closed frm_Splash",                         "t:5: expected frm_Splash closed, found it open"},
     Row{"move main 20 30\nat main 20 31",            "t:6: expected place of main 31, found 30"},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "virtual/virtual_ports.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -68,11 +69,11 @@ VirtualSeat& VirtualPorts::seat(int number) {
                 sent.push_back({number, line});
             },
             [this, number] {
-                for (auto line = sent.rbegin(); line != sent.rend(); ++line) {
-                    if (line->port == number) {
-                        line->text += '\n';
-                        return;
-                    }
+                auto line = std::find_if(sent.rbegin(), sent.rend(), [number](const auto& candidate) {
+                    return candidate.port == number;
+                });
+                if (line != sent.rend()) {
+                    line->text += '\n';
                 }
             });
     }

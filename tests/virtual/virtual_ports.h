@@ -67,6 +67,7 @@ class VirtualPorts : public SerialPorts {
         : loop(eventLoop) {}
 
     [[nodiscard]] std::unique_ptr<SerialPort> create() override;
+    void renumber() override {}
     [[nodiscard]] std::string devicePath(int number) const override;
 
     /// The port of that number; made, with a silent board, if it was not there.

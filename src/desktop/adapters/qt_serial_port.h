@@ -57,6 +57,7 @@ class QtSerialPorts : public SerialPorts {
         , devices(serialDevices) {}
 
     [[nodiscard]] std::unique_ptr<SerialPort> create() override;
+    void renumber() override { devices.renumber(); }
     [[nodiscard]] std::string devicePath(int number) const override { return devices.path(number); }
 
   private:

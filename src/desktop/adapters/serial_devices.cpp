@@ -82,6 +82,7 @@ void SerialDevices::addDevice(std::string path, std::string description) {
     // Buses are numbered from 1, so no real device has a location that begins with 255.
     auto location = 0xFF000001U + static_cast<std::uint32_t>(added.size());
     added.push_back({std::move(path), std::move(description), location});
+    renumber();
 }
 
 std::vector<SerialDevice> SerialDevices::scan() const {
@@ -108,9 +109,8 @@ std::vector<SerialDevice> SerialDevices::scan() const {
 }
 
 std::string SerialDevices::path(int number) const {
-    auto all = scan();
-    bool known = number >= 1 && static_cast<std::size_t>(number) <= all.size();
-    return known ? all[static_cast<std::size_t>(number) - 1].path : std::string();
+    bool known = number >= 1 && static_cast<std::size_t>(number) <= numbered.size();
+    return known ? numbered[static_cast<std::size_t>(number) - 1].path : std::string();
 }
 
 void SerialDevices::release(const std::string& path) {

@@ -19,7 +19,7 @@ struct SerialDevice {
 };
 
 /// The serial devices in the order in which ports are numbered: those that were added by hand, then the USB
-/// adapters, then the built-in ones that have hardware behind them. Looked at afresh by each call.
+/// adapters, then the built-in ones that have hardware behind them.
 class SerialDevices {
   public:
     /// @param deviceFolder  where the device files are
@@ -30,8 +30,11 @@ class SerialDevices {
     /// Offers a device that the kernel does not list, in front of all others.
     void addDevice(std::string path, std::string description);
 
+    /// Those that are there now.
     [[nodiscard]] std::vector<SerialDevice> scan() const;
-    /// The numbered device, from 1; an empty path if there is none.
+    /// Gives the devices that are there now their numbers, from 1.
+    void renumber() { numbered = scan(); }
+    /// The device that was given the number, also when it has gone since; an empty path if there is none.
     [[nodiscard]] std::string path(int number) const;
 
     /// Which devices this program's ports have open.
@@ -43,6 +46,7 @@ class SerialDevices {
     std::filesystem::path devices;
     std::filesystem::path classes;
     std::vector<SerialDevice> added;
+    std::vector<SerialDevice> numbered;
     std::vector<std::string> held;
 };
 

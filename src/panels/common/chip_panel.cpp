@@ -8,7 +8,6 @@ namespace zor {
 namespace {
 
 constexpr Colour litColour{255, 255, 0};
-constexpr Colour darkColour{240, 240, 240};
 
 constexpr std::array<std::pair<const char*, const char*>, 4> bandNames = {{
     {"Band315", "315 MHz"},
@@ -31,7 +30,7 @@ ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
     , ReadStatus(*this, "ReadStatus", "Read Status")
     , ShowStatus(*this, "ShowStatus", "Show Status")
     , OnColor(*this, "OnColor", litColour)
-    , OffColor(*this, "OffColor", darkColour)
+    , OffColor(*this, "OffColor", buttonFace)
     , IRQ(*this, "IRQ", "IRQ")
     , IRQpoll(*this, "IRQpoll", "?IRQ")
     , StdCrystal(*this, crystalGroup, "StdCrystal", "Standard 10MHz")
@@ -218,7 +217,13 @@ void ChipPanel::sendWord(ControlWord& word) {
 
 void ChipPanel::sendStep(ControlWord& word, std::uint32_t value) {
     word.show(value);
-    sendWord(word);
+    try {
+        sendWord(word);
+    } catch (...) {
+        // Cut short: the next Update must not send a step of the calibration.
+        word.rebuild();
+        throw;
+    }
 }
 
 void ChipPanel::Update_Click() {

@@ -5,6 +5,8 @@
 #include "panels/common/chip_panel.h"
 #include "support/numbers.h"
 
+#include <algorithm>
+
 namespace zor {
 
 FrequencyScale ChipPanel::frequencyScale() const {
@@ -30,15 +32,20 @@ void ChipPanel::NonStdCrystal_Click() {
 void ChipPanel::Crystalfreq_LostFocus() {
     if (StdCrystal.chosen()) {
         // A file's line for a crystal that is not in use: kept as text, without an effect.
-        crystalShown = Crystalfreq.text();
+        if (readNumericPrefix(Crystalfreq.text())) {
+            crystalShown = Crystalfreq.text();
+        }
         return;
     }
-    std::optional<double> megahertz = readNumericPrefix(Crystalfreq.text(), bench.platform.decimalMark);
+    clearNotice();
+    // The user's own mark or the point that the field shows itself.
+    std::string typed = Crystalfreq.text();
+    std::replace(typed.begin(), typed.end(), bench.platform.decimalMark, '.');
+    std::optional<double> megahertz = readNumericPrefix(typed);
     if (!megahertz) {
         Crystalfreq.setText(crystalShown);
         return;
     }
-    clearNotice();
     CrystalCommit commit = commitCrystal(*megahertz);
     crystalShown = commit.megahertz.text;
     Crystalfreq.setText(crystalShown);

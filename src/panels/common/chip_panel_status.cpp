@@ -146,13 +146,15 @@ void ChipPanel::Timer1_Timer() {
 void ChipPanel::RepStatusReadTimer_Timer() {
     ReadStatus.setBackground(flashColour);
     SRVisualTimer.start();
+    if (Timer3.running()) {
+        // The read before is still under way.
+        return;
+    }
     if (!bench.connect->isOpen()) {
         // Told once, and the repeats end.
         RepStatusReadTimer.stop();
-        StartStatusRead();
-    } else if (bench.CommState == 0) {
-        StartStatusRead();
     }
+    StartStatusRead();
 }
 
 void ChipPanel::SRVisualTimer_Timer() {

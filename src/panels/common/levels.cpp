@@ -56,4 +56,9 @@ std::int32_t powerStep(std::string_view text) {
     return roundToInt(numericPrefix(text) / -3);
 }
 
+std::optional<int> powerCode(std::string_view text) {
+    std::int32_t step = powerStep(text);
+    return step >= 0 && step <= 7 ? std::optional<int>(step) : std::nullopt;
+}
+
 } // namespace zor

@@ -4,6 +4,7 @@
 #include "panels/common/values.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -58,5 +59,9 @@ struct SupplyCommit {
 
 /// Power step of an output power text in steps of -3 dB: "Pmax" 0, "-3 dB" 1, "-21 dB" 7.
 [[nodiscard]] std::int32_t powerStep(std::string_view text);
+
+/// The same as a word's three bits; nothing for a text, such as a file's, that is no step of the chip and
+/// would carry into the next field.
+[[nodiscard]] std::optional<int> powerCode(std::string_view text);
 
 } // namespace zor

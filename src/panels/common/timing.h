@@ -71,6 +71,9 @@ struct WakeUpTime {
 /// @param mantissa  0 to 16383
 [[nodiscard]] std::int32_t wakeUpHighBitsBy255(std::int32_t mantissa);
 
+/// Values of the low-duty field of every chip that has one.
+inline constexpr IntegerRange dutyRange = {0, 127};
+
 /// The share of time, in percent, that the receiver is on in low-duty operation, as DUTY_CALC shows it:
 /// (2 x duty + 1) / M x 100 to 3 decimals, at most 100. M = 0 gives 100.
 /// @param duty  0 to 127

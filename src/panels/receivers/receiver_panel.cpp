@@ -157,7 +157,7 @@ ConfigurationLines ReceiverPanel::frequencyControlLines() {
             tickLine(afcst),
             tickLine(afcfi),
             tickLine(afcoen),
-            tickLine(afcen),
+            frequencyControlLine(),
             shownAndHeldTextLine(DATARATEDIV),
             tickLine(dataratepresc)};
 }

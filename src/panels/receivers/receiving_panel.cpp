@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "panels/receivers/receiving_panel.h"
 
-#include "panels/common/arithmetic.h"
+#include "panels/common/frequency.h"
+#include "panels/common/timing.h"
+#include "support/numbers.h"
 
 namespace zor {
 
@@ -197,7 +199,7 @@ void ReceivingPanel::DUTY_LostFocus() {
     duty = committedInteger(DUTY.text(), dutyRange);
     DUTY.setText(std::to_string(duty));
     DUTY_USEM.setText(WKUPM.text());
-    DUTY_CALC.setText(dutyCycle(duty, wakeUp.mantissa).text);
+    DUTY_CALC.setText(dutyCycle(duty, numericPrefix(WKUPM.text())).text);
     Dutyw.rebuild();
 }
 

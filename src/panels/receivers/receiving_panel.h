@@ -132,6 +132,9 @@ class ReceivingPanel : public ChipPanel {
     void StatefiltNr_LostFocus();
     void configurationRead() override;
 
+    /// The line of afcen: what the user set, also while a status read has it off.
+    [[nodiscard]] ConfigurationLine frequencyControlLine();
+
     const ReceivingTraits& receiving;
     std::int32_t duty = 0;
     std::int32_t dataRateDivider = 0;

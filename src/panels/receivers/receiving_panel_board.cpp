@@ -5,6 +5,7 @@
 #include "link/data_selector.h"
 #include "panels/receivers/receiving_panel.h"
 #include "support/numbers.h"
+#include "support/record_file.h"
 
 #include <utility>
 
@@ -39,12 +40,22 @@ void ReceivingPanel::FFreset_Click() {
     }
     reading();
     // The falling edge of the fill enable resets the latch. Both words go out at once, so nothing is pending.
-    for (bool on : {false, true}) {
+    auto setTicks = [this](bool on) {
         for (TickBox* tick : resetTicks()) {
             tick->putTicked(on);
         }
         FIFOw.rebuildQuietly();
-        sendWord(FIFOw);
+    };
+    try {
+        for (bool on : {false, true}) {
+            setTicks(on);
+            sendWord(FIFOw);
+        }
+    } catch (...) {
+        // Cut short between the two: the ticks end as they would have, and the word is yet to be sent.
+        setTicks(true);
+        FIFOw.rebuild();
+        throw;
     }
 }
 
@@ -75,6 +86,19 @@ void ReceivingPanel::statusReadCutShort() {
         afcen.putTicked(true);
         AFCw.rebuild();
     }
+}
+
+ConfigurationLine ReceivingPanel::frequencyControlLine() {
+    ConfigurationLine line = tickLine(afcen);
+    line.write = [this](RecordWriter& writer) {
+        writer.integer(afcen.ticked() || frequencyControlStopped ? 1 : 0);
+    };
+    line.read = [this, readTick = line.read](RecordReader& reader) {
+        readTick(reader);
+        // The file's setting holds; the status read has none to give back.
+        frequencyControlStopped = false;
+    };
+    return line;
 }
 
 void ReceivingPanel::showStatusByte(int index, std::uint32_t byte) {

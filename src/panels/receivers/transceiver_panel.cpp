@@ -2,6 +2,7 @@
 #include "panels/receivers/transceiver_panel.h"
 
 #include "link/connect.h"
+#include "panels/common/levels.h"
 
 namespace zor {
 
@@ -126,6 +127,7 @@ void TransceiverPanel::wireTicks() {
         option->onChoose = [this] { Recw.rebuild(); };
     }
     feed(BasebandBW, Recw);
+    OutputPower.codeOfText = powerCode;
     feed(ModPol, TXCtrlw);
     feed(ModFreq, TXCtrlw);
     feed(OutputPower, TXCtrlw);
@@ -185,7 +187,7 @@ ConfigurationLines TransceiverPanel::configuration() {
         furtherTransmitterLines(),
         {textLine(WKUPM), textLine(WKUPR), tickLine(enlowdc), textLine(DUTY), positionLine(CLKout)},
         {textLine(LBD)},
-        {tickLine(afcen), tickLine(afcfi), textLine(AFCauto), textLine(AFCres), tickLine(afcst),
+        {frequencyControlLine(), tickLine(afcfi), textLine(AFCauto), textLine(AFCres), tickLine(afcst),
          tickLine(afcoen)},
         {shownAndHeldTextLine(DATARATEDIV), tickLine(dataratepresc)},
         {textLine(ClkRecMode), textLine(FILTTYPE), tickLine(DFILTbit5), valueLine(STATEFILT)},

@@ -44,11 +44,7 @@ TransmitterPanel::TransmitterPanel(Bench& ownBench, const PanelTraits& panelTrai
     Label39.setCaption("Enable the Wake-up timer by the Power Management command.");
     // Any text but the first entry's means the lower sideband.
     ModPol.codeOfText = [](const std::string& text) { return text == "fo + df" ? 0 : 1; };
-    OutputPower.codeOfText = [](const std::string& text) -> std::optional<int> {
-        int step = powerStep(text);
-        // A file's text that is no step of the chip would carry into the next field.
-        return step >= 0 && step <= 7 ? std::optional<int>(step) : std::nullopt;
-    };
+    OutputPower.codeOfText = powerCode;
     feed(ModPol, Ctrlw);
     feed(ModFreq, Ctrlw);
     for (Label* label : {&Label47, &Label48}) {
