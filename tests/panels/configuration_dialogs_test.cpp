@@ -261,7 +261,7 @@ TEST(ConfigurationDialogs, TellEveryFailureOfALoadInABox) {
         EXPECT_EQ(bench.dialogs.boxes.front().title, "File open error");
         EXPECT_EQ(bench.takeBox(), row.box);
     }
-    bench.dialogs.files.push_back(pathOf(bench, "none.tc"));
+    bench.dialogs.files.emplace_back(pathOf(bench, "none.tc"));
     bench.click("ConfLoad");
     EXPECT_EQ(bench.takeBox(), "Error occured:53,File not found\r\nPlease try again!");
     PanelBench<KT1102> onyx;
@@ -466,7 +466,7 @@ TEST(ConfigurationDialogs, AnAutoLoadedFileOverridesTheDefaults) {
     bench.shared().Pref_CCautoLoad = 1;
     std::string name = pathOf(bench, "given.tc");
     writeFileWhole(name, withLine(withLine(opalDefaults, 7, "\"316\""), 28, "\"9\""));
-    bench.dialogs.files.push_back(name);
+    bench.dialogs.files.emplace_back(name);
     bench.open();
     EXPECT_EQ(bench.text("Freqw"), "A960");
     EXPECT_EQ(bench.text("LBDw"), "C209");

@@ -36,6 +36,11 @@ Group groupOf(const std::string& name) {
     return name.starts_with("ttyACM") ? Group::UsbModem : Group::BuiltIn;
 }
 
+/// "tty7": there are dozens of them, and no serial line is among them.
+bool isConsole(const std::string& name) {
+    return name.starts_with("tty") && name.size() > 3 && name[3] >= '0' && name[3] <= '9';
+}
+
 /// The kernel makes ttyS0 to ttyS3 whether there is a chip or not; type 0 is "no chip found".
 bool hasHardware(const fs::path& classEntry) {
     std::error_code none;
@@ -91,7 +96,7 @@ std::vector<SerialDevice> SerialDevices::scan() const {
     for (const auto& entry : fs::directory_iterator(classes, unreadable)) {
         std::string name = entry.path().filename().string();
         std::error_code missing;
-        if (hasHardware(entry.path()) && fs::exists(devices / name, missing)) {
+        if (!isConsole(name) && hasHardware(entry.path()) && fs::exists(devices / name, missing)) {
             names.push_back(name);
         }
     }

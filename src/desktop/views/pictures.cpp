@@ -9,8 +9,10 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <string_view>
 
 namespace zor {
 
@@ -18,33 +20,36 @@ namespace {
 
 /// Eight bits of data over a carrier whose frequency follows them, as dense as the room allows.
 void drawSign(QPainter& painter, const QRectF& box, const QColor& data, const QColor& carrier) {
-    double middle = box.top() + box.height() * 0.62;
-    double swing = box.height() * 0.30;
-    QPainterPath wave(QPointF(box.left(), middle));
-    QPainterPath bits;
-    double phase = 0;
-    double periods = box.width() / 27;
-    constexpr int steps = 600;
-    constexpr const char* pattern = "01101001";
+    constexpr std::string_view pattern = "01101001";
+    double bitWidth = box.width() / static_cast<double>(pattern.size());
     double bitTop = box.top() + box.height() * 0.06;
     double bitLow = box.top() + box.height() * 0.22;
-    for (int i = 0; i <= steps; ++i) {
-        double x = box.left() + box.width() * i / steps;
-        bool one = pattern[std::min(7, i * 8 / steps)] == '1';
-        phase += 2 * std::numbers::pi * periods * (one ? 2.0 : 1.0) / steps;
-        wave.lineTo(x, middle - swing * std::sin(phase));
-        QPointF at(x, one ? bitTop : bitLow);
-        if (i == 0) {
-            bits.moveTo(at);
-        } else {
-            bits.lineTo(x, bits.currentPosition().y());
-            bits.lineTo(at);
+    double middle = box.top() + box.height() * 0.62;
+    // A curve of one piece with its handles at 4/3 of the swing and 4/(3 pi) of its width is a half wave.
+    double handle = box.height() * 0.30 * 4 / 3;
+    int slowHalves = std::max(1, static_cast<int>(std::lround(bitWidth / 16)));
+
+    QPainterPath wave(QPointF(box.left(), middle));
+    QPainterPath bits(QPointF(box.left(), pattern.front() == '1' ? bitTop : bitLow));
+    for (std::size_t bit = 0; bit < pattern.size(); ++bit) {
+        bool one = pattern[bit] == '1';
+        double left = box.left() + bitWidth * static_cast<double>(bit);
+        bits.lineTo(left, one ? bitTop : bitLow);
+        bits.lineTo(left + bitWidth, one ? bitTop : bitLow);
+        int halves = one ? 2 * slowHalves : slowHalves;
+        double width = bitWidth / halves;
+        double reach = width * 4 / (3 * std::numbers::pi);
+        for (int half = 0; half < halves; ++half) {
+            double start = left + width * half;
+            wave.cubicTo(start + reach, middle - handle, start + width - reach, middle - handle,
+                         start + width, middle);
+            handle = -handle;
         }
     }
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(data, 2));
     painter.drawPath(bits);
-    painter.setPen(QPen(carrier, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(carrier, 1));
     painter.drawPath(wave);
 }
 
@@ -75,14 +80,9 @@ class SplashView : public QWidget {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         QRectF room = QRectF(rect()).adjusted(12, 12, -12, -8);
-        QFont font = painter.font();
-        font.setPointSizeF(font.pointSizeF() * 1.7);
-        font.setBold(true);
-        painter.setFont(font);
         painter.setPen(palette().color(QPalette::WindowText));
         double line = painter.fontMetrics().height();
         painter.drawText(room, Qt::AlignTop | Qt::AlignLeft, QString::fromLatin1(productTitle));
-        painter.setFont(this->font());
         painter.setPen(roles(palette()).softText);
         painter.drawText(room.adjusted(0, line + 4, 0, 0), Qt::AlignTop | Qt::AlignLeft,
                          QStringLiteral("Sub-gigahertz transmitters, receivers and transceivers"));
