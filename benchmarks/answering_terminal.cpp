@@ -57,28 +57,37 @@ OnProcessor::~OnProcessor() {
     ::sched_setaffinity(0, sizeof before, &before);
 }
 
-AnsweringTerminal::AnsweringTerminal()
+TerminalPair::TerminalPair()
     : master(checked(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), "posix_openpt")) {
     checked(::grantpt(master), "grantpt");
     checked(::unlockpt(master), "unlockpt");
     slavePath = ::ptsname(master);
     slave = openRaw(slavePath);
-    board = std::thread([this] { answer(); });
 }
+
+TerminalPair::~TerminalPair() {
+    ::close(slave);
+    ::close(master);
+}
+
+void TerminalPair::write(std::string_view bytes) const {
+    writeAll(master, bytes);
+}
+
+AnsweringTerminal::AnsweringTerminal()
+    : board([this] { answer(); }) {}
 
 AnsweringTerminal::~AnsweringTerminal() {
     // An end mark of our own wakes the board from its read.
-    writeAll(slave, std::string_view("\x04", 1));
+    writeAll(pair.nearEnd(), std::string_view("\x04", 1));
     board.join();
-    ::close(slave);
-    ::close(master);
 }
 
 void AnsweringTerminal::answer() const {
     OnProcessor second(1);
     std::array<char, 256> block{};
     for (;;) {
-        ssize_t count = ::read(master, block.data(), block.size());
+        ssize_t count = ::read(pair.farEnd(), block.data(), block.size());
         if (count <= 0) {
             return;
         }
@@ -87,7 +96,7 @@ void AnsweringTerminal::answer() const {
                 return;
             }
             if (c == '\r') {
-                writeAll(master, prompt);
+                pair.write(prompt);
             }
         }
     }

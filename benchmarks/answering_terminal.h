@@ -4,6 +4,7 @@
 #include <sched.h>
 
 #include <string>
+#include <string_view>
 #include <thread>
 
 namespace zor::benchmarks {
@@ -22,6 +23,28 @@ class OnProcessor {
     cpu_set_t before{};
 };
 
+/// A raw pseudo-terminal, its far end in our hands.
+class TerminalPair {
+  public:
+    TerminalPair();
+    ~TerminalPair();
+    TerminalPair(const TerminalPair&) = delete;
+    TerminalPair& operator=(const TerminalPair&) = delete;
+
+    /// What a program opens.
+    [[nodiscard]] const std::string& path() const { return slavePath; }
+    /// Waits while the program's side is full.
+    void write(std::string_view bytes) const;
+    [[nodiscard]] int farEnd() const { return master; }
+    [[nodiscard]] int nearEnd() const { return slave; }
+
+  private:
+    int master;
+    /// Keeps the terminal alive between two openings.
+    int slave;
+    std::string slavePath;
+};
+
 /// A pseudo-terminal whose far end answers every carriage return with the success prompt, at once: the
 /// fastest board that there can be. It answers from the second processor, the PC's side belongs on the first.
 class AnsweringTerminal {
@@ -32,15 +55,12 @@ class AnsweringTerminal {
     AnsweringTerminal& operator=(const AnsweringTerminal&) = delete;
 
     /// What a program opens.
-    [[nodiscard]] const std::string& path() const { return slavePath; }
+    [[nodiscard]] const std::string& path() const { return pair.path(); }
 
   private:
     void answer() const;
 
-    int master;
-    /// Keeps the terminal alive between two openings.
-    int slave;
-    std::string slavePath;
+    TerminalPair pair;
     std::thread board;
 };
 
