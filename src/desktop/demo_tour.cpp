@@ -70,6 +70,11 @@ void DemoTour::waitForBoard() {
 }
 
 void DemoTour::takePicture(const QString& name) {
+    if (QApplication::activeModalWidget() == nullptr) {
+        // A box that was answered leaves no window active where there is no window manager.
+        window.activateWindow();
+        QCoreApplication::processEvents();
+    }
     QPixmap picture = window.grab();
     // A dialog is a window of its own; on the picture it lies where the user sees it.
     for (QWidget* dialog : QApplication::topLevelWidgets()) {

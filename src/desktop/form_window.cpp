@@ -239,6 +239,10 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) {
         form->userClick();
     }
+    if (event->type() == QEvent::LayoutRequest && form->sizing() == Form::Sizing::ByContent) {
+        // A text grew, or something came up: the window follows before it would have to scroll.
+        follow();
+    }
     return false;
 }
 

@@ -6,7 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +17,8 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStackedLayout>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QToolBar>
 #include <QToolButton>
@@ -77,6 +81,42 @@ QStringList wronglyHidden(const QWidget& root) {
         }
     }
     return hidden;
+}
+
+/// Texts of visible captions and buttons that have less room than they need.
+QStringList clippedTexts(const QWidget& root) {
+    QStringList clipped;
+    auto check = [&clipped](const QWidget& widget, const QString& text, const QSize& needed) {
+        bool fits = widget.width() >= needed.width() && widget.height() >= needed.height();
+        if (widget.isVisible() && !text.isEmpty() && !fits) {
+            clipped += text;
+        }
+    };
+    for (const auto* label : root.findChildren<QLabel*>()) {
+        QSize needed =
+            label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+        check(*label, label->text(), needed);
+    }
+    for (const auto* button : root.findChildren<QAbstractButton*>()) {
+        check(*button, button->text(), button->minimumSizeHint());
+    }
+    for (const auto* list : root.findChildren<QComboBox*>()) {
+        QStyleOptionComboBox look;
+        look.initFrom(list);
+        QRect room =
+            list->style()->subControlRect(QStyle::CC_ComboBox, &look, QStyle::SC_ComboBoxEditField, list);
+        QSize needed(list->fontMetrics().horizontalAdvance(list->currentText()) + list->width() -
+                         room.width(),
+                     list->minimumSizeHint().height());
+        check(*list, list->currentText(), needed);
+    }
+    for (const auto* field : root.findChildren<QLineEdit*>()) {
+        int margins = field->width() - field->contentsRect().width();
+        QSize needed(field->fontMetrics().horizontalAdvance(field->text()) + margins,
+                     field->fontMetrics().height());
+        check(*field, field->text(), needed);
+    }
+    return clipped;
 }
 
 /// How each window of the registry comes onto the desk in a test.
@@ -319,23 +359,87 @@ TEST(Workbench, TurningAPageKeepsTheWindowsSize) {
     EXPECT_TRUE(form->find("Frame_pref_tabs(2)")->visible());
 }
 
-TEST(Workbench, WindowsScrollRatherThanClipAtTwiceTheFontSize) {
+TEST(Workbench, MarksAndReasonsThatComeAndGoMoveNothing) {
+    for (const PanelRow& row : panelRows()) {
+        SCOPED_TRACE(row.name);
+        Program program;
+        program.start();
+        std::unique_ptr<Form> none;
+        openForm(program, row.name, none);
+        Form* form = program.desk.find(row.name);
+        FormWindow& window = *program.window.windowOf(*form);
+        QCoreApplication::processEvents();
+        QSize size = window.shell().size();
+        for (const char* label : {"LabelUpdate", "LabelCalibration", "Label38", "Label39"}) {
+            Element& element = *form->find(label);
+            bool before = element.visible();
+            for (bool shown : {!before, before}) {
+                element.setVisible(shown);
+                QCoreApplication::processEvents();
+                EXPECT_EQ(window.shell().size(), size) << label;
+            }
+        }
+    }
+}
+
+TEST(Workbench, AListsTextOfAnyLengthMovesNothing) {
+    Program program;
+    program.start();
+    std::unique_ptr<Form> none;
+    openForm(program, "OpalV2", none);
+    Form* form = program.desk.find("OpalV2");
+    FormWindow& window = *program.window.windowOf(*form);
+    QCoreApplication::processEvents();
+    QSize size = window.shell().size();
+    static_cast<ListBox*>(form->find("Modulation"))->putText(std::string(10'000, 'x'));
+    window.content().layout()->invalidate();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.shell().size(), size);
+}
+
+struct Scaled {
+    std::string form;
+    double scale;
+};
+
+class EveryScale : public testing::TestWithParam<Scaled> {};
+
+TEST_P(EveryScale, ClipsNoText) {
     QFont before = QApplication::font();
-    QFont large = before;
-    large.setPointSizeF(before.pointSizeF() * 2);
-    QApplication::setFont(large);
+    QFont scaled = before;
+    scaled.setPointSizeF(before.pointSizeF() * GetParam().scale);
+    QApplication::setFont(scaled);
     {
         Program program;
         program.start();
-        program.main.menu.mnutoolsTerminal.click();
-        Form* form = program.desk.find("Terminal");
-        FormWindow& window = *program.window.windowOf(*form);
+        std::unique_ptr<Form> own;
+        openForm(program, GetParam().form, own);
+        FormWindow& window = *program.window.windowOf(*program.desk.find(GetParam().form));
         QCoreApplication::processEvents();
+        EXPECT_EQ(clippedTexts(window.content()), QStringList());
+        // What does not fit into the main window is scrolled to.
         EXPECT_GE(window.content().height(), window.content().minimumSizeHint().height());
         EXPECT_GE(window.content().width(), window.content().minimumSizeHint().width());
-        EXPECT_LE(window.shell().height(), program.window.area().viewport()->height());
+        if (qobject_cast<QMdiSubWindow*>(&window.shell()) != nullptr) {
+            EXPECT_LE(window.shell().height(), program.window.area().viewport()->height());
+            EXPECT_LE(window.shell().width(), program.window.area().viewport()->width());
+        }
     }
     QApplication::setFont(before);
 }
+
+INSTANTIATE_TEST_SUITE_P(Registry, EveryScale, testing::ValuesIn([] {
+                             std::vector<Scaled> all;
+                             for (const auto& [formName, view] : allViews()) {
+                                 for (double scale : {1.0, 1.5, 2.0}) {
+                                     all.push_back({formName, scale});
+                                 }
+                             }
+                             return all;
+                         }()),
+                         [](const auto& row) {
+                             int percent = static_cast<int>(row.param.scale * 100);
+                             return row.param.form + "_" + std::to_string(percent);
+                         });
 
 } // namespace zor

@@ -48,11 +48,23 @@ QWidget* wordsColumn(const ChipPanel& panel) {
     return wordsGroup("Control words", std::move(rows));
 }
 
+/// For what comes and goes: its room stays, so that neither the panel nor its window moves with it.
+QWidget* keepRoom(QWidget* widget) {
+    QSizePolicy room = widget->sizePolicy();
+    room.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(room);
+    return widget;
+}
+
+QWidget* mark(Label& element) {
+    return keepRoom(label(element, Tone::Reminder));
+}
+
 QWidget* actionsGroup(ChipPanel& panel) {
     return group("Chip",
                  {
-                     line(label(panel.LabelUpdate, Tone::Reminder), stretch(), strongButton(panel.Update)),
-                     label(panel.LabelCalibration, Tone::Reminder),
+                     line(mark(panel.LabelUpdate), stretch(), strongButton(panel.Update)),
+                     mark(panel.LabelCalibration),
                      button(panel.CalibratePLL),
                      across({button(panel.ConfLoad), button(panel.ConfSave)}),
                  });
@@ -85,7 +97,7 @@ QWidget* reason(Label& element) {
     auto* inner = static_cast<QLabel*>(text);
     inner->setWordWrap(true);
     inner->setMinimumWidth(inner->fontMetrics().averageCharWidth() * 36);
-    return text;
+    return keepRoom(text);
 }
 
 QWidget* formula(Label& text, Label& exponent) {

@@ -37,8 +37,9 @@ class ListView : public QComboBox {
     [[nodiscard]] QSize sizeHint() const override {
         QSize hint = QComboBox::sizeHint();
         int arrow = hint.height() + 8;
-        int text = std::max(fontMetrics().horizontalAdvance(shownText),
-                            fontMetrics().horizontalAdvance(QLatin1Char('0')) * columns);
+        // A text that is no entry's, from a file say, may be of any length; it is cut to the room that is
+        // there.
+        int text = fontMetrics().horizontalAdvance(QLatin1Char('0')) * columns;
         return {std::max(hint.width(), text + arrow), hint.height()};
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -54,7 +55,8 @@ class ListView : public QComboBox {
         QStylePainter painter(this);
         QStyleOptionComboBox look;
         initStyleOption(&look);
-        look.currentText = shownText;
+        QRect room = style()->subControlRect(QStyle::CC_ComboBox, &look, QStyle::SC_ComboBoxEditField, this);
+        look.currentText = fontMetrics().elidedText(shownText, Qt::ElideRight, room.width());
         painter.drawComplexControl(QStyle::CC_ComboBox, look);
         painter.drawControl(QStyle::CE_ComboBoxLabel, look);
     }
