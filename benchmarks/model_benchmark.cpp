@@ -24,7 +24,7 @@ void BareFrequency(benchmark::State& state) {
         double megahertz = numericPrefix(typed[turn++ % typed.size()]);
         double shown = centreFrequency(frequencyParameter(megahertz, scale), scale);
         benchmark::DoNotOptimize(numberText(shown));
-        benchmark::DoNotOptimize(roundedText(shown, 4));
+        benchmark::DoNotOptimize(shownNumber(shown, 4).text);
     }
 }
 BENCHMARK(BareFrequency)->UseRealTime();

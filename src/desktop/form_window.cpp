@@ -43,6 +43,8 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
     // Larger fonts make a window scroll rather than clip.
     scroller->setWidgetResizable(true);
     scroller->setFrameShape(QFrame::NoFrame);
+    // It scrolls to what the tab key reaches, and is no stop of its own.
+    scroller->setFocusPolicy(Qt::NoFocus);
     scroller->setWidget(content);
     if (form->kind() == Form::Kind::Modal) {
         makeDialog(*area.window());

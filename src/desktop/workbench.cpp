@@ -8,11 +8,13 @@
 #include "desktop/widgets/colours.h"
 #include "shell/main_window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -33,6 +35,7 @@ Workbench::Workbench(MainWindow& mainForm)
     addMainBars(*this, main);
     statusBar()->addWidget(label(main.Notice), 1);
     colourArea();
+    new QShortcut(QKeySequence(Qt::Key_F6), this, [this] { changePane(); });
 
     Desk& desk = main.desk();
     subscriptions.push_back(desk.opened.subscribe([this](Form& form) { open(form); }));
@@ -121,6 +124,26 @@ void Workbench::changeEvent(QEvent* event) {
 void Workbench::colourArea() {
     QColor window = palette().color(QPalette::Window);
     mdi->setBackground(schemeOf(palette()) == Scheme::Dark ? window.darker(130) : window.darker(108));
+}
+
+void Workbench::changePane() {
+    QWidget* focus = QApplication::focusWidget();
+    bool inside = focus != nullptr && mdi->isAncestorOf(focus);
+    QMdiSubWindow* inner = mdi->currentSubWindow();
+    if (!inside && inner != nullptr) {
+        QWidget* last = inner->focusWidget();
+        (last != nullptr ? last : inner)->setFocus(Qt::TabFocusReason);
+        return;
+    }
+    for (QToolBar* bar : findChildren<QToolBar*>()) {
+        for (QAction* action : bar->actions()) {
+            QWidget* widget = bar->widgetForAction(action);
+            if (widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+                widget->setFocus(Qt::TabFocusReason);
+                return;
+            }
+        }
+    }
 }
 
 bool Workbench::eventFilter(QObject* watched, QEvent* event) {

@@ -41,6 +41,8 @@ class Workbench : public QMainWindow {
     void follow();
     void tellGeometry();
     void colourArea();
+    /// Takes the keyboard from the inner windows to the bars, and back to where it was.
+    void changePane();
 
     MainWindow& main;
     QMdiArea* mdi;

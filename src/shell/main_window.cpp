@@ -72,7 +72,11 @@ void MainWindow::wireMenu() {
         menu.mnuViewToolbar.setChecked(!menu.mnuViewToolbar.checked());
         Toolbar1.setVisible(menu.mnuViewToolbar.checked());
     });
-    const std::pair<MenuEntry*, const char*> toolEntries[] = {
+    struct ToolEntry {
+        MenuEntry* entry;
+        const char* form;
+    };
+    const ToolEntry toolEntries[] = {
         {&menu.mnutoolsTerminal, "Terminal"},
         {&menu.mnutoolsECET, "ECET"},
         {&menu.mnutoolsRFSetup_RX, "frm_Link_RX"},
@@ -83,8 +87,8 @@ void MainWindow::wireMenu() {
         {&menu.mnuToolsBerylTestmode, "Frm_BerylTestFunctions"},
         {&menu.mnuload, "FirmLoad"},
     };
-    for (auto [entry, form] : toolEntries) {
-        wire(*entry, [this, form] { openTool(form); });
+    for (const ToolEntry& row : toolEntries) {
+        wire(*row.entry, [this, form = row.form] { openTool(form); });
     }
     wire(menu.mnuToolsRFlink,
          [this] { openTool(ownBench.LoadBoardRev == 2 ? "AmberV1rflink_LB2" : "AmberV1rflink"); });

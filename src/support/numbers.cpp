@@ -243,8 +243,4 @@ std::optional<std::uint32_t> readHex(std::string_view text) {
     return value;
 }
 
-std::string roundedText(double value, int decimals) {
-    return numberText(roundToDecimals(numericPrefix(numberText(value)), decimals));
-}
-
 } // namespace zor

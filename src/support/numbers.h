@@ -44,8 +44,4 @@ namespace zor {
 /// @return nothing if it is empty, longer than 8 digits or holds another character
 [[nodiscard]] std::optional<std::uint32_t> readHex(std::string_view text);
 
-/// The text rounded to a number of decimals, as computed fields are shown: the number is written with its
-/// full digits first, and what that text says is rounded.
-[[nodiscard]] std::string roundedText(double value, int decimals);
-
 } // namespace zor

@@ -232,6 +232,17 @@ TEST_F(Binders, ADoubleClickSendsOneClickAndThenItself) {
     EXPECT_EQ(log, "click double ");
 }
 
+TEST_F(Binders, TwoPressesOfTheSpaceBarAreADoubleClick) {
+    auto& element = add<Button>("ReadStatus", "Read Status");
+    std::string log;
+    element.onClick = [&] { log += "click "; };
+    element.onDoubleClick = [&] { log += "double "; };
+    auto& push = show<QPushButton>(button(element));
+    QTest::keyClick(&push, Qt::Key_Space);
+    QTest::keyClick(&push, Qt::Key_Space);
+    EXPECT_EQ(log, "click double ");
+}
+
 TEST_F(Binders, AButtonShowsAnEscapedAmpersandOnce) {
     auto& element = add<Button>("SaveExit", "Save && Exit");
     auto& push = show<QPushButton>(button(element));

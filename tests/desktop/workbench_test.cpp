@@ -16,6 +16,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QSlider>
 #include <QStackedLayout>
 #include <QStyle>
 #include <QStyleOptionComboBox>
@@ -187,6 +188,89 @@ INSTANTIATE_TEST_SUITE_P(Registry, EveryView, testing::ValuesIn([] {
                              return names;
                          }()),
                          [](const auto& view) { return view.param; });
+
+/// The elements that the tab key visits one after the other, back to the first; a stop that belongs to no
+/// element goes by its class.
+QStringList tabWalk() {
+    QStringList visited;
+    while (QWidget* focus = QApplication::focusWidget()) {
+        const Binding* binding = Binding::of(focus);
+        QString stop = binding != nullptr ? name(*binding->element()) : focus->metaObject()->className();
+        if (visited.contains(stop)) {
+            break;
+        }
+        visited += stop;
+        QTest::keyClick(focus, Qt::Key_Tab);
+    }
+    return visited;
+}
+
+/// The elements of a window that a person could work with just now.
+QStringList workable(const QWidget& content) {
+    QStringList names;
+    for (const Binding* binding : content.findChildren<Binding*>()) {
+        const QWidget* widget = binding->widget();
+        if (widget == nullptr || !widget->isVisible() || !widget->isEnabled()) {
+            continue;
+        }
+        const auto* field = qobject_cast<const QLineEdit*>(widget);
+        bool works = (field != nullptr && !field->isReadOnly()) ||
+                     qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+                     qobject_cast<const QComboBox*>(widget) != nullptr ||
+                     qobject_cast<const QSlider*>(widget) != nullptr ||
+                     qobject_cast<const QTabBar*>(widget) != nullptr;
+        if (works && !names.contains(name(*binding->element()))) {
+            names += name(*binding->element());
+        }
+    }
+    return names;
+}
+
+TEST_P(EveryView, IsWalkedWithTheTabKeyAlone) {
+    Program program;
+    program.start();
+    std::unique_ptr<Form> own;
+    openForm(program, GetParam(), own);
+    FormWindow& window = *program.window.windowOf(*program.desk.find(GetParam()));
+    window.shell().window()->activateWindow();
+    QCoreApplication::processEvents();
+    QStringList all = workable(window.content());
+    QStringList visited = tabWalk();
+    for (const QString& element : all) {
+        EXPECT_TRUE(visited.contains(element))
+            << qPrintable(element) << " of " << qPrintable(visited.join(" "));
+    }
+    for (const QString& stop : visited) {
+        // A window with nothing to work with has the keyboard itself.
+        EXPECT_TRUE(all.isEmpty() || !stop.startsWith("Q"))
+            << "a stop without an element: " << qPrintable(stop);
+    }
+}
+
+TEST(Workbench, TheKeyboardGoesToTheBarsAndBack) {
+    Program program;
+    program.start();
+    program.main.bench().open("frm_PowerSupply");
+    Form* form = program.desk.find("frm_PowerSupply");
+    program.window.activateWindow();
+    auto* voltage = program.window.windowOf(*form)->content().findChild<QLineEdit*>("Voltage");
+    voltage->setFocus();
+    QTest::keyClick(&program.window, Qt::Key_F6);
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "TX");
+    QTest::keyClick(&program.window, Qt::Key_F6);
+    EXPECT_TRUE(voltage->hasFocus());
+}
+
+TEST(Workbench, TheMenusHaveTheirKeys) {
+    Program program;
+    program.start();
+    QStringList captions;
+    for (const QAction* menu : program.window.menuBar()->actions()) {
+        captions += menu->text();
+    }
+    EXPECT_EQ(captions, (QStringList{"&File", "&View", "&Tools", "&Help"}));
+}
 
 TEST(Workbench, ShowsEveryElementOfTheMainForm) {
     Program program;

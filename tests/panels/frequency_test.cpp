@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "chips.h"
 #include "exact.h"
+#include "panels/common/code_list.h"
 #include "panels/common/frequency.h"
 
 #include <gtest/gtest.h>
@@ -22,6 +23,7 @@ FrequencyScale bandOf(Band band, float ratio = 1.0F) {
 
 std::vector<std::string> textsOf(const std::vector<ScaledEntry>& entries) {
     std::vector<std::string> texts;
+    texts.reserve(entries.size());
     for (const ScaledEntry& entry : entries) {
         texts.push_back(entry.text);
     }
@@ -210,14 +212,14 @@ TEST(Crystal, ItsHertzAreTheSinglePrecisionRatioTimesTenMillion) {
 TEST(ScaledLists, TheStandardCrystalShowsTheRoundFigures) {
     EXPECT_EQ(textsOf(scaledList(clockOutputs, 1.0F)),
               (Texts{"1", "1.25", "1.66", "2", "2.5", "3.33", "5", "10"}));
-    EXPECT_EQ(textsOf(deviationList(8, 30, 1.0F)),
+    EXPECT_EQ(textsOf(scaledList(deviations(8, 30), 1.0F)),
               (Texts{"30", "60", "90", "120", "150", "180", "210", "240"}));
-    EXPECT_EQ(textsOf(deviationList(8, 20, 1.0F)),
+    EXPECT_EQ(textsOf(scaledList(deviations(8, 20), 1.0F)),
               (Texts{"20", "40", "60", "80", "100", "120", "140", "160"}));
-    EXPECT_EQ(textsOf(deviationList(16, 15, 1.0F)),
+    EXPECT_EQ(textsOf(scaledList(deviations(16, 15), 1.0F)),
               (Texts{"15", "30", "45", "60", "75", "90", "105", "120", "135", "150", "165", "180", "195",
                      "210", "225", "240"}));
-    EXPECT_TRUE(deviationList(0, 15, 1.0F).empty());
+    EXPECT_TRUE(scaledList(deviations(0, 15), 1.0F).empty());
 }
 
 TEST(ScaledLists, EntriesAreKeptInSinglePrecisionToFourDecimals) {

@@ -294,12 +294,4 @@ TEST(ReadHex, TakesOnlyHexadecimalFromEndToEnd) {
     EXPECT_EQ(readHex(std::string(10000, 'F')), std::nullopt);
 }
 
-TEST(RoundedText, RoundsWhatTheFullTextSays) {
-    EXPECT_EQ(roundedText(349.68375, 4), "349.6838");
-    EXPECT_EQ(roundedText(252.000003755093, 4), "252");
-    EXPECT_EQ(roundedText(0.00004, 4), "0");
-    EXPECT_EQ(roundedText(-0.00004, 4), "0");
-    EXPECT_EQ(roundedText(0.125, 2), ".12");
-}
-
 } // namespace zor

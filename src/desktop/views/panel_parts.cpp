@@ -61,13 +61,12 @@ QWidget* mark(Label& element) {
 }
 
 QWidget* actionsGroup(ChipPanel& panel) {
-    return group("Chip",
-                 {
-                     line(mark(panel.LabelUpdate), stretch(), strongButton(panel.Update)),
-                     mark(panel.LabelCalibration),
-                     button(panel.CalibratePLL),
-                     across({button(panel.ConfLoad), button(panel.ConfSave)}),
-                 });
+    return group("Chip", {
+                             line(mark(panel.LabelUpdate), stretch(), strongButton(panel.Update)),
+                             mark(panel.LabelCalibration),
+                             button(panel.CalibratePLL),
+                             across({button(panel.ConfLoad), button(panel.ConfSave)}),
+                         });
 }
 
 QWidget* lamps(const ChipPanel& panel) {

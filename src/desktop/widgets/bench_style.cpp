@@ -230,6 +230,10 @@ int BenchStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
     if (hint == SH_WindowFrame_Mask) {
         return 0;
     }
+    // The menus are reached with one key.
+    if (hint == SH_MenuBar_AltKeyNavigation) {
+        return 1;
+    }
     return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 

@@ -4,6 +4,9 @@
 #include "desktop/widgets/colours.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -29,6 +32,32 @@ bool runDoubleClick(Binding& binding) {
     });
     return true;
 }
+
+/// The space bar pressed twice within a double click's time is one, for who has no mouse at hand.
+class KeyDoubleClick : public QObject {
+  public:
+    KeyDoubleClick(QPushButton& watched, Binding& widgetBinding)
+        : QObject(&watched)
+        , binding(widgetBinding) {
+        watched.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            const auto& key = *static_cast<QKeyEvent*>(event);
+            if (key.key() == Qt::Key_Space && !key.isAutoRepeat()) {
+                bool soon = since.isValid() && since.elapsed() < QApplication::doubleClickInterval();
+                since.start();
+                return soon && runDoubleClick(binding);
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    Binding& binding;
+    QElapsedTimer since;
+};
 
 /// Clicks on a widget that is no button of the toolkit's, and double clicks on any.
 class MouseGestures : public QObject {
@@ -70,6 +99,7 @@ Binding& bindButton(QPushButton& push, Button& element) {
     QObject::connect(&push, &QPushButton::clicked, binding,
                      [binding] { binding->gesture([&] { binding->element()->click(); }); });
     new MouseGestures(push, *binding, MouseGestures::Takes::DoubleClicks);
+    new KeyDoubleClick(push, *binding);
     return *binding;
 }
 
@@ -105,7 +135,9 @@ void addEntry(QWidget& owner, MenuEntry& entry) {
                      [binding] { binding->gesture([&] { binding->element()->click(); }); });
     binding->onDraw([binding, action] {
         const auto& held = *elementOf<MenuEntry>(*binding);
-        action->setText(toQt(held.caption()));
+        QString caption = toQt(held.caption());
+        bool onBar = held.container() == nullptr && !caption.contains(QLatin1Char('&'));
+        action->setText(onBar ? QLatin1Char('&') + caption : caption);
         // Once ticked an entry keeps the room for its tick.
         action->setCheckable(action->isCheckable() || held.checked());
         action->setChecked(held.checked());

@@ -99,12 +99,4 @@ std::vector<ScaledEntry> scaledList(std::span<const double> values, float crysta
     return entries;
 }
 
-std::vector<ScaledEntry> deviationList(int entries, double stepKilohertz, float crystalRatio) {
-    std::vector<ScaledEntry> list;
-    for (int position = 0; position < entries; ++position) {
-        list.push_back(scaledEntry((position + 1) * stepKilohertz, crystalRatio));
-    }
-    return list;
-}
-
 } // namespace zor

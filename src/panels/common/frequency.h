@@ -130,8 +130,4 @@ inline constexpr std::array<double, 8> clockOutputs = {1, 1.25, 1.66, 2, 2.5, 3.
 /// Each value times the ratio, rounded to 4 decimals and kept in single precision.
 [[nodiscard]] std::vector<ScaledEntry> scaledList(std::span<const double> values, float crystalRatio);
 
-/// Deviations in kHz: 1, 2, 3 ... times the step, scaled the same way.
-/// @param entries  0 or more
-[[nodiscard]] std::vector<ScaledEntry> deviationList(int entries, double stepKilohertz, float crystalRatio);
-
 } // namespace zor

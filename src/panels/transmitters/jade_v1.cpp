@@ -75,6 +75,7 @@ void JadeV1::setDefaults() {
     AutoPowerTransmitter::setDefaults();
     showSharedRevision();
     std::vector<CodeList::Entry> rates;
+    rates.reserve(loopSettings.size());
     for (const LoopSetting& setting : loopSettings) {
         rates.push_back({setting.maximumRate, setting.code});
     }

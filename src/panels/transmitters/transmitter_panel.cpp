@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "panels/transmitters/transmitter_panel.h"
 
+#include <algorithm>
+
 namespace zor {
 
 namespace {
@@ -107,11 +109,11 @@ void TransmitterPanel::setDefaults() {
 
 ConfigurationLines TransmitterPanel::powerTickLines() {
     ConfigurationLines lines;
-    for (auto tick = powerTicks.rbegin(); tick != powerTicks.rend(); ++tick) {
-        if (*tick != nullptr) {
-            lines.push_back(tickLine(**tick));
+    std::for_each(powerTicks.rbegin(), powerTicks.rend(), [&lines](const auto& tick) {
+        if (tick != nullptr) {
+            lines.push_back(tickLine(*tick));
         }
-    }
+    });
     return lines;
 }
 
