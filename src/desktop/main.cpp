@@ -19,7 +19,9 @@
 #include <QLocale>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdio>
+#include <string_view>
 
 namespace {
 
@@ -31,7 +33,7 @@ struct Switches {
     std::optional<zor::Scheme> scheme;
 };
 
-Switches readSwitches(const QApplication& application) {
+Switches readSwitches(const QCoreApplication& application) {
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromLatin1(zor::productTitle));
     parser.addHelpOption();
@@ -62,15 +64,33 @@ Switches readSwitches(const QApplication& application) {
     return switches;
 }
 
+void nameProgram() {
+    QCoreApplication::setApplicationName(QStringLiteral("zor"));
+    QCoreApplication::setApplicationVersion(zor::toQt(zor::productVersion()));
+}
+
+/// Help and version are text; they need no display.
+bool wantsText(int argc, char** argv) {
+    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+        return argument == "--help" || argument == "-h" || argument == "--help-all" ||
+               argument == "--version" || argument == "-v";
+    });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
     using namespace zor;
 
+    if (wantsText(argc, argv)) {
+        QCoreApplication application(argc, argv);
+        nameProgram();
+        readSwitches(application);
+        return 0;
+    }
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("zor"));
+    nameProgram();
     QApplication::setApplicationDisplayName(QString());
-    QApplication::setApplicationVersion(toQt(productVersion()));
     // The main form says when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
     Switches switches = readSwitches(application);

@@ -180,6 +180,9 @@ void MainWindow::searchFinished() {
     tellDeniedDevices();
     ListBox& list = linkBar.LoadboardList;
     if (list.entries().empty()) {
+        if (search.deniedDevices().empty()) {
+            Notice.setCaption("No board found. The panels work without one; \"zor --demo\" simulates one.");
+        }
         linkBar.LoadBoard.setText("not found");
         list.putText("Not found");
         linkBar.Connect.setEnabled(true);

@@ -262,6 +262,23 @@ TEST(Workbench, TheKeyboardGoesToTheBarsAndBack) {
     EXPECT_TRUE(voltage->hasFocus());
 }
 
+TEST(Workbench, TheKeyboardGoesFromWindowToWindowAndClosesOne) {
+    Program program;
+    program.start();
+    program.main.menu.mnutoolsTerminal.click();
+    program.main.bench().open("frm_PowerSupply");
+    program.window.activateWindow();
+    QCoreApplication::processEvents();
+    QMdiArea& area = program.window.area();
+    ASSERT_NE(area.activeSubWindow(), nullptr);
+    QString first = area.activeSubWindow()->windowTitle();
+    QTest::keyClick(area.activeSubWindow(), Qt::Key_Tab, Qt::ControlModifier);
+    QTest::keyRelease(area.activeSubWindow(), Qt::Key_Control);
+    EXPECT_NE(area.activeSubWindow()->windowTitle(), first);
+    QTest::keyClick(area.activeSubWindow(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(program.desk.find("Terminal"), nullptr);
+}
+
 TEST(Workbench, TheMenusHaveTheirKeys) {
     Program program;
     program.start();
