@@ -21,10 +21,9 @@ Line clockOutput(TransmitterPanel& p) {
 QWidget* autoPowerGroup(AutoPowerTransmitter& p) {
     return group("Power management",
                  {
-                     across({column({caption("Auto power control"), tick(*p.pm(7)), tick(*p.pm(6))}),
-                             column({caption("Manual power control"), tick(*p.pm(5)), tick(*p.pm(4)),
-                                     tick(*p.pm(3))})}),
-                     across({tick(*p.pm(2)), tick(*p.pm(1))}),
+                     grid(2, {caption("Auto power control"), caption("Manual power control"), tick(*p.pm(7)),
+                              tick(*p.pm(5)), tick(*p.pm(6)), tick(*p.pm(4)), new QWidget, tick(*p.pm(3)),
+                              tick(*p.pm(2)), tick(*p.pm(1))}),
                      clockTick(p),
                      clockOutput(p),
                  });
