@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPixmap>
 
 #include <algorithm>
@@ -28,10 +29,10 @@ const std::set<std::string> notVisited{"mnuFileExit",      "mnuSaveWorkspace", "
 
 } // namespace
 
-DemoTour::DemoTour(MainWindow& mainForm, Workbench& mainWindow, QDir pictures, QString filePrefix)
+DemoTour::DemoTour(MainWindow& mainForm, Workbench& mainWindow, const QDir& pictures, QString filePrefix)
     : main(mainForm)
     , window(mainWindow)
-    , folder(std::move(pictures))
+    , folder(pictures)
     , prefix(std::move(filePrefix))
     , boxCloser(mainForm.loop(), [this] { closeBoxes(); }) {}
 

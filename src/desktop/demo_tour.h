@@ -17,7 +17,7 @@ class DemoTour {
   public:
     /// @param pictures  where the pictures go; made if it is missing
     /// @param filePrefix  begins each picture's name ("light-")
-    DemoTour(MainWindow& mainForm, Workbench& mainWindow, QDir pictures, QString filePrefix);
+    DemoTour(MainWindow& mainForm, Workbench& mainWindow, const QDir& pictures, QString filePrefix);
 
     /// Runs it from the program's start to its end, and closes the program.
     void play();

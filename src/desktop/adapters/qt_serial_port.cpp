@@ -4,6 +4,7 @@
 #include "desktop/adapters/qt_text.h"
 
 #include <QMetaObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <linux/serial.h>

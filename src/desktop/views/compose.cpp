@@ -185,7 +185,7 @@ QWidget* plain(Frame& frame, Lines lines) {
     return block;
 }
 
-QWidget* column(std::vector<QWidget*> widgets) {
+QWidget* column(const std::vector<QWidget*>& widgets) {
     auto* block = new QWidget;
     auto* layout = new QVBoxLayout(block);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -221,14 +221,14 @@ QWidget* grid(int columns, std::vector<QWidget*> widgets) {
     return block;
 }
 
-QWidget* wordsGroup(const QString& title, std::vector<std::pair<QString, QWidget*>> words) {
+QWidget* wordsGroup(const QString& title, const std::vector<std::pair<QString, QWidget*>>& words) {
     auto* box = new QGroupBox(title);
     auto* table = new QGridLayout(box);
     table->setContentsMargins(spaceInside, spaceInside, spaceInside, spaceInside);
     table->setHorizontalSpacing(2 * spaceBetween);
     table->setVerticalSpacing(spaceBetween);
     int row = 0;
-    for (auto& [name, widget] : words) {
+    for (const auto& [name, widget] : words) {
         Cell cell = labelled(name, widget);
         table->addWidget(cell.caption, row, 0);
         table->addWidget(cell.widget, row, 1, Qt::AlignRight | Qt::AlignVCenter);

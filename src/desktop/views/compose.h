@@ -92,14 +92,15 @@ template <class... Cells>
 /// An element's lines without a title or frame around them.
 [[nodiscard]] QWidget* plain(Frame& frame, Lines lines);
 /// Widgets under one another, each as wide as the widest. Room that is left over goes to the bottom.
-[[nodiscard]] QWidget* column(std::vector<QWidget*> widgets);
+[[nodiscard]] QWidget* column(const std::vector<QWidget*>& widgets);
 /// Widgets side by side, their tops level. The one at `grows` takes the room that is left over; -1 shares it.
 [[nodiscard]] QWidget* across(std::vector<QWidget*> widgets, int grows = -1);
 /// Widgets in so many columns, row by row, one under the other.
 [[nodiscard]] QWidget* grid(int columns, std::vector<QWidget*> widgets);
 
 /// Captions on the left and words on the right, under one another: the column that the eye runs down.
-[[nodiscard]] QWidget* wordsGroup(const QString& title, std::vector<std::pair<QString, QWidget*>> words);
+[[nodiscard]] QWidget* wordsGroup(const QString& title,
+                                  const std::vector<std::pair<QString, QWidget*>>& words);
 
 /// The same for control words, each by its own caption.
 [[nodiscard]] QWidget* wordsGroup(const QString& title, const std::vector<ControlWord*>& words);
