@@ -241,9 +241,12 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress) {
         form->userClick();
     }
-    if (event->type() == QEvent::LayoutRequest && form->sizing() == Form::Sizing::ByContent) {
+    bool byContent = form->sizing() == Form::Sizing::ByContent;
+    if (event->type() == QEvent::LayoutRequest && byContent && outer->isVisible() && !following) {
         // A text grew, or something came up: the window follows before it would have to scroll.
-        follow();
+        following = true;
+        putGeometry();
+        following = false;
     }
     return false;
 }

@@ -61,13 +61,18 @@ void DataSelector::CB_Mode_Click() {
         // Until the line is back the choice may change; the last one counts.
         return;
     }
+    // A list that the start did not fill has no position at all.
+    auto linePosition = [this] {
+        int position = bar.CB_Mode.position();
+        return position == internal || position == external;
+    };
     try {
-        if (bar.CB_Mode.position() != dataMode && !connect.isOpen()) {
+        if (linePosition() && !connect.isOpen()) {
             comeBack();
         }
         if (bar.CB_Mode.position() == dataMode) {
             enterDataMode();
-        } else {
+        } else if (linePosition()) {
             connect.Send_To_LoadBoard(std::string(
                 bar.CB_Mode.position() == internal ? command::selectInternal : command::selectExternal));
         }

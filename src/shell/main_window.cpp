@@ -45,6 +45,8 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     FactoryModeTimer.setInterval(factoryGestureTime);
     EE.setTip("EEPROM programmer");
     linkBar.Toolbar3.setVisible(false);
+    // Nothing is connected, also where the start ends early.
+    linkBar.Disconnect.setEnabled(false);
     workspace.openPanel = [this](std::string_view panel) { registry.reopen(panel); };
     wireMenu();
     wireLink();

@@ -233,9 +233,19 @@ void ChipPanel::Update_Click() {
     }
     LabelUpdate.setVisible(false);
     reading();
-    for (ControlWord* word : updateWords) {
-        sendWord(*word);
-        wordSent(*word);
+    // Cut short, or without a board at the end of it: the chip has not heard all of it.
+    auto stillNeeded = [this] { LabelUpdate.setVisible(true); };
+    try {
+        for (ControlWord* word : updateWords) {
+            sendWord(*word);
+            wordSent(*word);
+        }
+    } catch (...) {
+        stillNeeded();
+        throw;
+    }
+    if (!bench.connect->isOpen()) {
+        stillNeeded();
     }
 }
 
