@@ -4,12 +4,11 @@
 #include "bench_on_terminal.h"
 #include "ratio.h"
 
+#include "desktop/adapters/qt_text.h"
+#include "desktop/demo_board.h"
 #include "link/connect.h"
 
 #include <benchmark/benchmark.h>
-
-#include <QCoreApplication>
-#include <QProcess>
 
 namespace zor::benchmarks {
 
@@ -29,35 +28,14 @@ void LineTime(benchmark::State& state) {
 }
 BENCHMARK(LineTime)->UseManualTime()->Iterations(100);
 
-/// The simulated board as a process, with its terminal's path.
-class BoardProcess {
-  public:
-    BoardProcess() {
-        process.start(QCoreApplication::applicationDirPath() + "/../simulator/loadboard-sim",
-                      {"--kind", "lb2"});
-        if (process.waitForStarted() && process.waitForReadyRead()) {
-            terminal = QString::fromLocal8Bit(process.readLine()).trimmed().toStdString();
-        }
-    }
-    ~BoardProcess() {
-        process.terminate();
-        process.waitForFinished();
-    }
-
-    [[nodiscard]] const std::string& path() const { return terminal; }
-
-  private:
-    QProcess process;
-    std::string terminal;
-};
-
 void PacedExchange(benchmark::State& state) {
-    BoardProcess board;
-    if (board.path().empty()) {
+    DemoBoard board;
+    std::string terminal = fromQt(board.start());
+    if (terminal.empty()) {
         state.SkipWithError("loadboard-sim did not start");
         return;
     }
-    BenchOnTerminal bench(board.path());
+    BenchOnTerminal bench(terminal);
     for (auto _ : state) {
         bench.connect().Send_To_LoadBoard(command);
     }

@@ -4,3 +4,8 @@ if(ZOR_SANITIZE)
     add_compile_options(-fsanitize=${ZOR_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${ZOR_SANITIZE})
 endif()
+if(ZOR_FUZZ)
+    # Without it the fuzzer would see nothing of what its harness calls.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+    add_link_options(-fsanitize=fuzzer-no-link)
+endif()

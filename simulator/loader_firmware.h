@@ -14,9 +14,6 @@ class LoaderFirmware : public Firmware {
     Answer execute(std::string_view line) override;
     void interrupted() override { downloading = false; }
 
-    /// Records taken since the download began.
-    [[nodiscard]] std::size_t records() const { return recordCount; }
-
   private:
     Answer takeRecord(std::string_view line);
 

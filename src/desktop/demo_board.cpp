@@ -34,8 +34,9 @@ QString DemoBoard::start(const QStringList& arguments) {
     }
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     // It watches its standard input, so that it ends with this program however this program ends.
-    process.start(program, QStringList(arguments) << QStringLiteral("--exit-with-stdin"),
-                  QIODevice::ReadWrite);
+    process.start(
+        program, QStringList(arguments) << QStringLiteral("--control") << QStringLiteral("--exit-with-stdin"),
+        QIODevice::ReadWrite);
     QByteArray line;
     while (!line.endsWith('\n')) {
         if (!process.waitForReadyRead(startLimit)) {
@@ -44,6 +45,10 @@ QString DemoBoard::start(const QStringList& arguments) {
         line += process.readLine();
     }
     return QString::fromLocal8Bit(line.trimmed());
+}
+
+void DemoBoard::mount(const QString& chip) {
+    process.write("chip " + chip.toLatin1() + "\n");
 }
 
 void DemoBoard::stop() {

@@ -239,10 +239,12 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::MouseButtonPress) {
+        // It may end the form, and this window with it.
         form->userClick();
+        return false;
     }
-    bool byContent = form->sizing() == Form::Sizing::ByContent;
-    if (event->type() == QEvent::LayoutRequest && byContent && outer->isVisible() && !following) {
+    if (event->type() == QEvent::LayoutRequest && form->sizing() == Form::Sizing::ByContent &&
+        outer->isVisible() && !following) {
         // A text grew, or something came up: the window follows before it would have to scroll.
         following = true;
         putGeometry();

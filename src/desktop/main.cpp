@@ -11,6 +11,7 @@
 #include "desktop/widgets/bench_style.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/workbench.h"
+#include "panels/common/chip_panel.h"
 #include "shell/about.h"
 #include "shell/main_window.h"
 
@@ -132,6 +133,15 @@ int main(int argc, char** argv) {
         .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',
     };
     Desk desk(loop);
+    Subscription mounting;
+    if (switches.demo) {
+        mounting = desk.opened.subscribe([&board](Form& form) {
+            if (const auto* panel = dynamic_cast<ChipPanel*>(&form)) {
+                // "KT1100 transmitter control panel"
+                board.mount(toQt(panel->traits().title).section(QLatin1Char(' '), 0, 0).toLower());
+            }
+        });
+    }
     MainWindow main(platform, desk);
     Workbench workbench(main);
     DemoTour tour(main, workbench, QDir(switches.pictures),

@@ -19,16 +19,15 @@ bool Button::click() {
 }
 
 bool Button::doubleClick() {
-    if (!click()) {
-        return false;
-    }
-    // What the click did may have taken the button away.
-    act([this] {
-        if (onDoubleClick) {
-            onDoubleClick();
-        }
+    // One action around both: what the click gave up is still there for the rest of it.
+    return act([this] {
+        click();
+        act([this] {
+            if (onDoubleClick) {
+                onDoubleClick();
+            }
+        });
     });
-    return true;
 }
 
 } // namespace zor

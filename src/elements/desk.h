@@ -25,7 +25,7 @@ class Desk {
     /// The form of that name: the open one, else the youngest that is not closed; nullptr if there is none.
     [[nodiscard]] Form* find(std::string_view formName) const;
     [[nodiscard]] const std::vector<Form*>& forms() const { return members; }
-    /// The modal form that was opened last and is still open, or nullptr.
+    /// The youngest modal form that is open, or nullptr.
     [[nodiscard]] Form* modalForm() const;
 
     /// A form is shown; the first time a view makes its window.

@@ -43,6 +43,10 @@ void Form::setExtent(Extent extent) {
 }
 
 void Form::show() {
+    if (hasClosed) {
+        // Its farewell may still wait for the board; what comes after that is another form.
+        return;
+    }
     if (open) {
         raised.emit();
         return;
@@ -101,12 +105,14 @@ bool Form::userClick() {
 }
 
 bool Form::userDoubleClick() {
-    if (!userClick()) {
+    if (!acceptsUser()) {
         return false;
     }
+    // One action around both: what the click gave up is still there for the rest of it.
     perform([this] {
-        if (onDoubleClick) {
-            onDoubleClick();
+        userClick();
+        if (acceptsUser() && onDoubleClick) {
+            perform(onDoubleClick);
         }
     });
     return true;

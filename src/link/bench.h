@@ -52,6 +52,7 @@ struct Bench {
     std::int16_t LoadBoardRev = 0;
     /// Location of the generation 2 board's USB converter; 0 if there is none.
     std::int32_t UsbLocation = 0;
+    /// The program's folder, and its first two characters, which mean a drive on some systems only.
     std::string CurrentPath;
     std::string CurrentDrive;
     /// Set while the program itself changes LoadboardList.
@@ -60,14 +61,17 @@ struct Bench {
     std::int16_t LoadBoardIndex = -1;
 
     // Preferences.
+    /// First and last port of the search, decimal, as typed.
     std::string Commport_min = "1";
     std::string Commport_max = "8";
+    /// 1: the workspace is opened at the start; a panel asks for its configuration as it opens.
     std::int32_t Pref_LoadWS = 0;
     std::int32_t Pref_CCautoLoad = 0;
     std::string Pref_OpalRevision = "'D' or above";
     std::string Pref_JadeRevision = "'A' or above";
     std::string Pref_AmberRevision = "'F' or above";
     std::int32_t Pref_RxLinkTimeout = 50;
+    /// Supply of the radio board in V, as it was entered; its numeric prefix counts.
     std::string Pref_Voltage = "2.5";
 
     // Window switches, true while the window is open.

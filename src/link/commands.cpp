@@ -16,7 +16,7 @@ std::string supplyCommand(double volts, double constant) {
     }
     int code = roundToInt(255 - constant / volts);
     if (code < 0 || code > 255) {
-        throw ToolError(6, "Overflow");
+        throw ToolError(overflow);
     }
     return "V" + hexText(static_cast<std::uint32_t>(code)) + "\r";
 }

@@ -46,9 +46,10 @@ class Connect {
     void closeOnPurpose();
     [[nodiscard]] int portNumber() const { return workingNumber; }
 
-    /// The search port lives for the trial of one port, and so do its tails. Throws ToolError.
+    /// The search port lives for the trial of one port, and so do its tails.
     void beginTrial();
     void endTrial();
+    /// Only between the two.
     [[nodiscard]] SerialPort& MSComm1() { return *trial->port; }
     /// The tails of the search port, not the working port's.
     std::string Last7;
@@ -61,8 +62,10 @@ class Connect {
 
     /// 1 if the exchange just made ended in the error prompt.
     std::int16_t ComFlag = 0;
+    /// Ticks of 0.1 s since the send; once they exceed WaitLimit the port is closed.
     std::int16_t WaitTicks = 0;
     std::int16_t WaitLimit = 0;
+    /// 1 from the first send on, 0 while a search tries a port.
     std::int16_t WaitArmed = 0;
 
   private:

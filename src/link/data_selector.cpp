@@ -92,7 +92,7 @@ void DataSelector::comeBack() {
     } marked(comingBack);
     if (connect.usb.IssueBreakByDriver(bench.UsbLocation) != 0) {
         bar.CB_Mode.putPosition(dataMode);
-        throw ToolError(wrongExtension, "Commport is not available");
+        throw ToolError(portUnavailable, "Commport is not available");
     }
     connect.open(connect.portNumber(), {.clearInput = true, .dtr = true, .rts = true});
     bench.ListChangeBlocked = true;

@@ -12,7 +12,8 @@
 namespace zor {
 
 /// Thrown out of a wait whose purpose has gone (the port was closed on purpose, the program is being left):
-/// what is left of the action that waits is dropped, without a box. Only EventLoop::perform catches it.
+/// what is left of the action that waits is dropped, without a box. Others may clean up and throw it on; only
+/// EventLoop::perform, and the program's end, let it end there.
 struct ActionDropped {};
 
 /// The one thread's source of time and events. The core waits through it and never sleeps or polls.

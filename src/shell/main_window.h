@@ -20,7 +20,7 @@
 namespace zor {
 
 /// The frame of the whole tool: menus, three tool bars, the choice of a board, and the only opener of panels
-/// and tools. Constructing it runs the start-up; closing it ends the program. Owned by main, with the
+/// and tools. start() runs the start-up; closing it ends the program. Owned by main, with the
 /// platform and the desk older than it.
 class MainWindow : public Form {
   public:

@@ -21,6 +21,8 @@ enum ErrorNumber : int {
     emptyFile = 1222,
     fileExists = 1223,
     wrongExtension = 1225,
+    /// A line that could not be broken; its box bears the same number.
+    portUnavailable = 1225,
     wrongBanner = 1226,
     invalidPort = 8002,
     portInUse = 8005,

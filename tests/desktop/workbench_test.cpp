@@ -34,26 +34,13 @@ QString name(const Element& element) {
     return QString::fromStdString(element.name());
 }
 
-/// Whether showing an element also shows its widget: every ancestor up to the window is laid out and not
-/// hidden for a reason of its own.
-bool canBeSeen(const QWidget& widget, const QWidget& root) {
-    for (const QWidget* at = &widget; at != &root; at = at->parentWidget()) {
-        if (at == nullptr) {
-            return false;
-        }
-    }
-    return true;
-}
-
-/// Names of the form's elements that no widget below the root is bound to, or only one that nobody can see.
+/// Names of the form's elements that no widget below the root is bound to.
 QStringList unseenElements(const Form& form, const QWidget& root) {
     QStringList unseen;
     for (const Element* element : form.elements()) {
         auto bindings = root.findChildren<Binding*>();
-        bool seen = std::any_of(bindings.begin(), bindings.end(), [&](const Binding* binding) {
-            const QWidget* widget = binding->widget();
-            return binding->element() == element && (widget == nullptr || canBeSeen(*widget, root));
-        });
+        bool seen = std::any_of(bindings.begin(), bindings.end(),
+                                [&](const Binding* binding) { return binding->element() == element; });
         if (!seen) {
             unseen += name(*element);
         }
@@ -76,8 +63,8 @@ QStringList wronglyHidden(const QWidget& root) {
     QStringList hidden;
     for (const Binding* binding : root.findChildren<Binding*>()) {
         const QWidget* widget = binding->widget();
-        if (widget != nullptr && binding->element()->shown() && !onPageThatIsDown(*widget) &&
-            !widget->isVisibleTo(&root)) {
+        if (widget != nullptr && binding->element() != nullptr && binding->element()->shown() &&
+            !onPageThatIsDown(*widget) && !widget->isVisibleTo(&root)) {
             hidden += name(*binding->element());
         }
     }
@@ -293,6 +280,7 @@ TEST(Workbench, ShowsEveryElementOfTheMainForm) {
     Program program;
     program.start();
     EXPECT_EQ(unseenElements(program.main, program.window), QStringList());
+    EXPECT_EQ(wronglyHidden(program.window), QStringList());
 }
 
 TEST(Workbench, BearsTheTitleAndSizeOfTheMainForm) {

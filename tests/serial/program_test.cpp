@@ -90,7 +90,6 @@ TEST_F(Connection, ATimeOutReopensThePortAndTheCallerGoesOn) {
     send("Z3\r");
     auto took = loop.now() - begun;
     EXPECT_GE(took, 1190ms);
-    EXPECT_LE(took, 1500ms);
     EXPECT_TRUE(main->bench().connect->isOpen());
     EXPECT_TRUE(dialogs.boxes.empty());
 }
@@ -125,7 +124,7 @@ TEST_F(Connection, GarbageOnTheLineIsNoPromptAndNoCrash) {
     EXPECT_LE(main->bench().Last100.size(), 100U);
 }
 
-TEST_F(Connection, DataModeIsLeftThroughTheUsbDriver) {
+TEST_F(Connection, DataModeIsEnteredAndLeftOnARealTerminal) {
     start();
     ASSERT_TRUE(connected());
     main->linkBar.CB_Mode.choosePosition(2);

@@ -93,7 +93,9 @@ void SerialDevices::addDevice(std::string path, std::string description) {
 std::vector<SerialDevice> SerialDevices::scan() const {
     std::vector<std::string> names;
     std::error_code unreadable;
-    for (const auto& entry : fs::directory_iterator(classes, unreadable)) {
+    for (fs::directory_iterator at(classes, unreadable), end; !unreadable && at != end;
+         at.increment(unreadable)) {
+        const fs::directory_entry& entry = *at;
         std::string name = entry.path().filename().string();
         std::error_code missing;
         if (!isConsole(name) && hasHardware(entry.path()) && fs::exists(devices / name, missing)) {

@@ -239,15 +239,6 @@ QWidget* wordsGroup(const QString& title, const std::vector<std::pair<QString, Q
     return box;
 }
 
-QWidget* wordsGroup(const QString& title, const std::vector<ControlWord*>& words) {
-    std::vector<std::pair<QString, QWidget*>> rows;
-    rows.reserve(words.size());
-    for (ControlWord* control : words) {
-        rows.emplace_back(toQt(control->caption()), word(*control));
-    }
-    return wordsGroup(title, std::move(rows));
-}
-
 QWidget* window(Lines lines, int grows) {
     auto* content = new QWidget;
     layOut(*content, lines, spaceInside, grows);

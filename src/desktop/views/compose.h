@@ -1,20 +1,16 @@
 // SPDX-License-Identifier: MIT
 // What views are put together with. A view reads as its window looks:
 //
-//     QWidget* frequencyGroup(OpalV2& p) {
-//         return group("Frequency", {
-//             options(p.Band315, p.Band433, p.Band868, p.Band915),
-//             line(labelled("Centre", field(p.FreqCenter), "MHz"), labelled("Step", field(p.FreqStep),
-//             "kHz")), labelled("Load capacitance", list(p.Cxtal)),
+//     QWidget* crystalGroup(ChipPanel& p) {
+//         return group("Crystal", {
+//             line(option(p.StdCrystal), option(p.NonStdCrystal), stretch()),
+//             line(labelled("Frequency", field(p.Crystalfreq), "MHz"), labelled("Load", list(p.Cxtal, 8))),
 //         });
 //     }
 //     QWidget* opalView(Form& form) {
 //         auto& p = static_cast<OpalV2&>(form);
-//         return window({
-//             across({column({crystalGroup(p), frequencyGroup(p)}), wordsGroup("Control words", p.words())}),
-//             group("Status", {grid(8, {lamp(p.status1), ...})}),
-//             line(statusLine(p.Statusline), button(p.ShowStatus)),
-//         });
+//         return panelWindow(p, columns({crystalGroup(p), autoPowerGroup(p), supplyGroup(p)},
+//                                       {frequencyGroup(p), autoModulationGroup(p), revisionGroup(p)}));
 //     }
 //
 // Everything is 8 px apart, groups have 10 px inside. The first captions of a group's lines stand under one
@@ -103,7 +99,6 @@ template <class... Cells>
                                   const std::vector<std::pair<QString, QWidget*>>& words);
 
 /// The same for control words, each by its own caption.
-[[nodiscard]] QWidget* wordsGroup(const QString& title, const std::vector<ControlWord*>& words);
 
 /// The whole content of a window. The line at `grows` takes the height that is left over; -1 leaves it at
 /// the bottom.

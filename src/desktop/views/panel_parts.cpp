@@ -43,7 +43,7 @@ QString shortCaption(const ControlWord& word) {
 QWidget* wordsColumn(const ChipPanel& panel) {
     std::vector<std::pair<QString, QWidget*>> rows;
     for (ControlWord* control : panel.words()) {
-        rows.emplace_back(shortCaption(*control), word(*control, [control] { return control->pending(); }));
+        rows.emplace_back(shortCaption(*control), word(*control));
     }
     return wordsGroup("Control words", std::move(rows));
 }

@@ -147,7 +147,7 @@ class ChipPanel : public Form {
     void setWords(std::vector<ControlWord*> sentByUpdate, std::vector<ControlWord*> notSent = {});
     /// The lists that a new crystal rebuilds, in that order, CLKout included.
     void setScaledLists(std::vector<ScaledList*> lists) { scaledLists = std::move(lists); }
-    /// Makes a commit field rebuild a word, or a tick, list or option action rewrite it.
+    /// Makes a list's or a tick's action rebuild a word.
     static void feed(CodeList& list, ControlWord& word);
     static void feed(TickBox& tick, ControlWord& word);
 

@@ -52,7 +52,7 @@ struct PanelTraits {
 
     FrequencyForm frequencyForm = FrequencyForm::TenThenMultiplier;
     const BandTable* bands = &multiplierBands;
-    /// The bands that the chip has, in the order of their options; the first is the start band.
+    /// The bands that the chip has, in the order of their options.
     std::vector<Band> offeredBands{};
     Band startBand = Band::Band315;
     const char* startFrequency = "";
