@@ -45,7 +45,7 @@ QWidget* wordsColumn(const ChipPanel& panel) {
     for (ControlWord* control : panel.words()) {
         rows.emplace_back(shortCaption(*control), word(*control));
     }
-    return wordsGroup("Control words", std::move(rows));
+    return wordsGroup("Control words", rows);
 }
 
 /// For what comes and goes: its room stays, so that neither the panel nor its window moves with it.
