@@ -4,6 +4,7 @@
 #include "simulator/bench_control.h"
 #include "simulator/trace_text.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -23,6 +24,10 @@ constexpr std::size_t inputWaiting = 4096;
 
 /// A statement of the bench is never longer; what is cut cannot be read and says so.
 constexpr std::size_t longestStatement = 65536;
+
+/// What waking up may take. The last character of an answer is what the PC waits for, so the program is awake
+/// in time for that one and watches the clock.
+constexpr std::chrono::microseconds wakeUpTime{150};
 
 std::chrono::nanoseconds characterTime(bool paced) {
     return paced ? PacedQueue::characterAt19200 : std::chrono::nanoseconds{0};
@@ -99,6 +104,9 @@ void Server::sleep(int signals) {
     }
     timespec timeout{};
     if (wake) {
+        if (toPc.size() == 1) {
+            *wake -= wakeUpTime;
+        }
         auto left = std::max(std::chrono::nanoseconds{0}, std::chrono::nanoseconds(*wake - now()));
         auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
         timeout = {.tv_sec = seconds.count(), .tv_nsec = (left - seconds).count()};
@@ -158,6 +166,13 @@ void Server::moveCharacters() {
         boardTime = *heard;
         for (char byte : fromPc.take(boardTime)) {
             line.receive(byte);
+        }
+    }
+    if (toPc.size() == 1) {
+        TimePoint end = *toPc.next();
+        if (end - now() < wakeUpTime) {
+            while (now() < end) {
+            }
         }
     }
     std::string through = toPc.take(now());
