@@ -99,14 +99,12 @@ void Server::sleep(int signals) {
         {.fd = controlOpen ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0},
     }};
     std::optional<TimePoint> wake = fromPc.next();
-    if (auto next = toPc.next(); next && (!wake || *next < *wake)) {
-        wake = next;
+    if (auto next = toPc.next()) {
+        TimePoint ready = toPc.size() == 1 ? *next - wakeUpTime : *next;
+        wake = wake ? std::min(*wake, ready) : ready;
     }
     timespec timeout{};
     if (wake) {
-        if (toPc.size() == 1) {
-            *wake -= wakeUpTime;
-        }
         auto left = std::max(std::chrono::nanoseconds{0}, std::chrono::nanoseconds(*wake - now()));
         auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
         timeout = {.tv_sec = seconds.count(), .tv_nsec = (left - seconds).count()};
