@@ -181,6 +181,7 @@ constexpr StatementRow rows[] = {
     {"answer", 1, 2, answer},
     {"start",  0, 0, [](World& world, const Arguments&) { world.start(); }},
     {"run",    1, 1, run},
+    {"linger", 1, 1, [](World& world, const Arguments& a) { world.linger = a.milliseconds(0); }},
     {"clock",  0, 0, [](World& world, const Arguments&) { world.clockMark = world.machine.loop.now(); }},
 };
 // clang-format on

@@ -97,6 +97,8 @@ INSTANTIATE_TEST_SUITE_P(Transcript, EveryCheck, ::testing::Values(
     Row{"refused click main.Disconnect",             "t:5: expected click main.Disconnect to be refused, found that a user can do it"},
     Row{"after 10 port closed\nrun 20\nport open",   "t:5: expected the port closed, found it open"},
     Row{"after 10 port closed",                      "t:5: expected this to be carried out, found the transcript at its end before"},
+    Row{"linger 700\nclock\nclick main.mnuHelpBrowseEx\nelapsed 0 699", "t:8: expected from 0 to 699 ms to have passed, found 700"},
+    Row{"linger 700\nafter 699 port closed\nclick main.mnuHelpBrowseEx\nport open", "t:6: expected the port closed, found it open"},
     Row{"run 36000000", "t:5: a run without an end: more events or more time than any bench needs"}));
 
 INSTANTIATE_TEST_SUITE_P(Panel, EveryCheck, ::testing::Values(
@@ -152,6 +154,8 @@ INSTANTIATE_TEST_SUITE_P(Transcript, EveryMistake, ::testing::Values(
     Row{"usb 1 fails FT_Read 4",                     "t:1: the USB driver has no call FT_Read"},
     Row{"answer maybe",                              "t:1: expected file, cancel, yes or no, found maybe"},
     Row{"after 5 strat",                             "t:1: unknown statement strat"},
+    Row{"linger x",                                  "t:1: expected a whole number from 0 to 36000000, found x"},
+    Row{"linger",                                    "t:1: linger needs more behind it"},
     Row{"after x start",                             "t:1: expected a whole number from 0 to 36000000, found x"}));
 
 INSTANTIATE_TEST_SUITE_P(Transcript, EveryPass, ::testing::Values(
@@ -162,6 +166,8 @@ INSTANTIATE_TEST_SUITE_P(Transcript, EveryPass, ::testing::Values(
     Row{"back main.TX as main.RX\nat main * *\nsized main * *", ""},
     Row{"refused click main.Connect", ""},
     Row{"after 10 choose main.CB_Mode #1\nsent\nrun 10\nsent X0", ""},
+    Row{"linger 700\nclock\nclick main.mnuHelpBrowseEx\nelapsed 700 700\nlinger 0\nclick main.mnuHelpBrowseEx\nelapsed 700 700", ""},
+    Row{"linger 700\nafter 300 answer file \"x.pdf\"\nafter 400 nofile \"y\"\nclick main.mnuHelpBrowseEx\nnobox", ""},
     Row{"start\nrun 3000\nport open\nsent i i Z3 V83 X1", ""}));
 // clang-format on
 

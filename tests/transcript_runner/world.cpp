@@ -10,7 +10,9 @@
 
 namespace zor::testing {
 
-World::World() = default;
+World::World() {
+    machine.dialogs.whileOpen = [this] { letLinger(); };
+}
 
 World::~World() {
     end();
@@ -25,6 +27,19 @@ void World::end() {
     // Windows that wait for their discarding must not outlive the desk.
     machine.loop.perform([] {});
     desk.reset();
+}
+
+void World::letLinger() {
+    if (linger.count() == 0) {
+        return;
+    }
+    auto answered = std::make_shared<bool>(false);
+    auto timer = machine.loop.startTimer(linger, EventLoop::Repeat::Once, [answered] { *answered = true; });
+    // A program that is being left takes its boxes with it.
+    while (!*answered && !machine.loop.leaving()) {
+        machine.loop.runOnce();
+    }
+    machine.loop.stopTimer(timer);
 }
 
 void World::start() {

@@ -44,6 +44,9 @@ class World {
     /// Lines of the statements whose time has not come.
     std::vector<int> waitingLines;
 
+    /// How long each box and dialog stays on the screen, time running, before it is answered.
+    std::chrono::milliseconds linger{0};
+
     /// The mark of `clock`.
     std::optional<EventLoop::Duration> clockMark;
 
@@ -52,6 +55,7 @@ class World {
 
   private:
     void end();
+    void letLinger();
 
     std::unique_ptr<Desk> desk;
     std::unique_ptr<MainWindow> mainWindow;

@@ -21,6 +21,9 @@ Answer ScriptedDialogs::show(const Box& box) {
 
 FileChoice ScriptedDialogs::chooseFile(const FileRequest& request) {
     fileDialogs.push_back(request);
+    if (whileOpen) {
+        whileOpen();
+    }
     std::optional<std::string> chosen;
     if (!files.empty()) {
         chosen = files.front();

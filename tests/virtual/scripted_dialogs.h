@@ -24,7 +24,7 @@ class ScriptedDialogs : public Dialogs {
     std::deque<Answer> answers;
     /// A path as chosen, or none to cancel, in the order of the dialogs.
     std::deque<std::optional<std::string>> files;
-    /// What goes on while a box waits for its answer.
+    /// What goes on while a box or dialog stands on the screen, before its answer is looked for.
     std::function<void()> whileOpen;
     /// The box "read only" of the next file dialogs is ticked.
     bool readOnly = false;
