@@ -99,6 +99,11 @@ bool emitText(Board& board, std::string_view text) {
     return !text.empty();
 }
 
+bool hearPacket(Board& board, std::string_view text) {
+    board.hearPacket(unescaped(text));
+    return true;
+}
+
 bool setCurrent(Board& board, std::string_view text) {
     auto words = wordsOf(text);
     if (words.size() != 2) {
@@ -161,6 +166,7 @@ constexpr Statement statements[] = {
     {"delay",   "delay MS",         "answer so many milliseconds later",                    setDelay},
     {"refuse",  "refuse LINE",      "answer the next such line with the error prompt",      refuse},
     {"emit",    "emit TEXT",        "say this; \\r \\n \\xNN are understood",               emitText},
+    {"packet",  "packet TEXT",      "a packet from the air, as for emit",                   hearPacket},
     {"current", "current HIGH LOW", "what the converter reads in each range, 0 to 1023",    setCurrent},
     {"offset",  "offset N",         "frequency offset in the second status byte, in steps", setOffset},
     {"air",     "air XX XX ...",    "bytes that the receiver hears",                        fromAir},

@@ -108,6 +108,21 @@ void Board::emit(std::string text) {
     say(std::move(text), std::chrono::milliseconds{0});
 }
 
+void Board::hearPacket(std::string_view packet) {
+    if (hardware.dataSelector == DataSelector::dataMode) {
+        return;
+    }
+    std::string report = firmware->packetHeard(packet);
+    if (report.empty()) {
+        return;
+    }
+    if (mute) {
+        firmware->reportUnheard(report);
+    } else {
+        say(std::move(report), delay);
+    }
+}
+
 void Board::say(std::string bytes, std::chrono::milliseconds later) {
     if (transmit) {
         transmit({std::move(bytes), later});

@@ -12,6 +12,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace zor::sim {
 
@@ -54,6 +55,9 @@ class Board : public LineEnd {
     void setReply(std::string line, std::string text);
     /// Text of the board's own accord.
     void emit(std::string text);
+    /// A packet of these bytes comes from the air: an armed board reports it whole and is then disarmed, any
+    /// other loses it. The report of a mute board waits for "F15".
+    void hearPacket(std::string_view packet);
     /// Fixes what the converter reads in each range, 0 to 1023, over what the load model says.
     void setCurrentCounts(int high, int low) { hardware.setCurrentCounts(high, low); }
 

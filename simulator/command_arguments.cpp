@@ -91,4 +91,12 @@ std::vector<std::uint8_t> bytesOf(std::string_view list) {
     return bytes;
 }
 
+std::vector<std::size_t> numbersOf(std::string_view list) {
+    std::vector<std::size_t> numbers;
+    for (std::string_view field : fieldsOf(list)) {
+        numbers.push_back(numberOf(field));
+    }
+    return numbers;
+}
+
 } // namespace zor::sim

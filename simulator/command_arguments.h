@@ -31,5 +31,6 @@ enum class ArgumentForm {
 [[nodiscard]] std::uint8_t byteOf(std::string_view hex);
 [[nodiscard]] std::size_t numberOf(std::string_view decimal);
 [[nodiscard]] std::vector<std::uint8_t> bytesOf(std::string_view list);
+[[nodiscard]] std::vector<std::size_t> numbersOf(std::string_view list);
 
 } // namespace zor::sim

@@ -32,6 +32,10 @@ class Firmware {
 
     /// A line without its end. Every firmware knows the empty line, which only asks for the prompt.
     virtual Answer execute(std::string_view line) = 0;
+    /// A packet from the air. @return what the board says of its own accord, prompt included
+    virtual std::string packetHeard(std::string_view) { return {}; }
+    /// That report never reached the line; it waits until it is asked for.
+    virtual void reportUnheard(std::string_view) {}
     /// A break of the serial line.
     virtual void interrupted() {}
 };

@@ -3,6 +3,8 @@
 
 #include "simulator/command_arguments.h"
 
+#include <utility>
+
 namespace zor::sim {
 
 namespace {
@@ -49,16 +51,16 @@ const LoadBoardFirmware::Command LoadBoardFirmware::commands[] = {
     {"SX",   ArgumentForm::byteList,      Boards::both,             &LoadBoardFirmware::transferBytes},
     {"WS",   ArgumentForm::byteList,      Boards::both,             &LoadBoardFirmware::writeBytes},
     {"RS",   ArgumentForm::optionalCount, Boards::both,             &LoadBoardFirmware::readBytes},
-    {"F1,",  ArgumentForm::numberList,    Boards::firstGeneration,  &LoadBoardFirmware::accept},
-    {"F2,",  ArgumentForm::numberList,    Boards::firstGeneration,  &LoadBoardFirmware::accept},
-    {"F3,",  ArgumentForm::numberList,    Boards::firstGeneration,  &LoadBoardFirmware::accept},
-    {"F11,", ArgumentForm::numberList,    Boards::secondGeneration, &LoadBoardFirmware::accept},
-    {"F12,", ArgumentForm::numberList,    Boards::secondGeneration, &LoadBoardFirmware::accept},
-    {"F13,", ArgumentForm::numberList,    Boards::secondGeneration, &LoadBoardFirmware::accept},
-    {"F15",  ArgumentForm::none,          Boards::secondGeneration, &LoadBoardFirmware::accept},
-    {"F0",   ArgumentForm::none,          Boards::both,             &LoadBoardFirmware::accept},
-    {"T14,", ArgumentForm::byteList,      Boards::secondGeneration, &LoadBoardFirmware::accept},
-    {"T0",   ArgumentForm::none,          Boards::secondGeneration, &LoadBoardFirmware::accept},
+    {"F1,",  ArgumentForm::numberList,    Boards::firstGeneration,  &LoadBoardFirmware::receiveEither},
+    {"F2,",  ArgumentForm::numberList,    Boards::firstGeneration,  &LoadBoardFirmware::receiveToCharacter},
+    {"F3,",  ArgumentForm::numberList,    Boards::firstGeneration,  &LoadBoardFirmware::receiveLength},
+    {"F11,", ArgumentForm::numberList,    Boards::secondGeneration, &LoadBoardFirmware::receiveEither},
+    {"F12,", ArgumentForm::numberList,    Boards::secondGeneration, &LoadBoardFirmware::receiveToCharacter},
+    {"F13,", ArgumentForm::numberList,    Boards::secondGeneration, &LoadBoardFirmware::receiveLength},
+    {"F15",  ArgumentForm::none,          Boards::secondGeneration, &LoadBoardFirmware::reportPending},
+    {"F0",   ArgumentForm::none,          Boards::both,             &LoadBoardFirmware::stopReceiving},
+    {"T14,", ArgumentForm::byteList,      Boards::secondGeneration, &LoadBoardFirmware::sendPacket},
+    {"T0",   ArgumentForm::none,          Boards::secondGeneration, &LoadBoardFirmware::stopSending},
 };
 // clang-format on
 
@@ -206,8 +208,49 @@ Answer LoadBoardFirmware::readBytes(std::string_view argument) {
     return Answer::success(bytesText(bytes));
 }
 
-// The packet handler has nothing in the air to report: it takes its settings and says so.
-Answer LoadBoardFirmware::accept(std::string_view) {
+Answer LoadBoardFirmware::arm(PacketEnd condition, std::string_view argument) {
+    auto numbers = numbersOf(argument);
+    unheard.clear();
+    receiver.arm(condition, static_cast<std::uint8_t>(numbers.front()), numbers.size() > 1 ? numbers[1] : 0);
+    return Answer::success();
+}
+
+Answer LoadBoardFirmware::receiveEither(std::string_view argument) {
+    return arm(PacketEnd::characterOrLength, argument);
+}
+
+Answer LoadBoardFirmware::receiveToCharacter(std::string_view argument) {
+    return arm(PacketEnd::character, argument);
+}
+
+Answer LoadBoardFirmware::receiveLength(std::string_view argument) {
+    return arm(PacketEnd::length, argument);
+}
+
+Answer LoadBoardFirmware::stopReceiving(std::string_view) {
+    receiver.disarm();
+    unheard.clear();
+    return Answer::success();
+}
+
+Answer LoadBoardFirmware::reportPending(std::string_view) {
+    return Answer::success(std::exchange(unheard, {}));
+}
+
+std::string LoadBoardFirmware::packetHeard(std::string_view packet) {
+    return receiver.take(packet);
+}
+
+void LoadBoardFirmware::reportUnheard(std::string_view report) {
+    unheard = report.substr(0, report.size() - successPrompt.size());
+}
+
+// There is nobody to hear a packet while the board stands alone: it is sent, and gone.
+Answer LoadBoardFirmware::sendPacket(std::string_view) {
+    return Answer::success();
+}
+
+Answer LoadBoardFirmware::stopSending(std::string_view) {
     return Answer::success();
 }
 

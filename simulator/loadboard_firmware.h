@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/firmware.h"
+#include "simulator/packet_receiver.h"
 
 namespace zor::sim {
 
@@ -13,6 +14,8 @@ class LoadBoardFirmware : public Firmware {
         , board(hardware) {}
 
     Answer execute(std::string_view line) override;
+    std::string packetHeard(std::string_view packet) override;
+    void reportUnheard(std::string_view report) override;
     /// The one way out of Data mode.
     void interrupted() override;
 
@@ -42,13 +45,24 @@ class LoadBoardFirmware : public Firmware {
     Answer transferBytes(std::string_view argument);
     Answer writeBytes(std::string_view argument);
     Answer readBytes(std::string_view argument);
-    Answer accept(std::string_view argument);
+    Answer receiveEither(std::string_view argument);
+    Answer receiveToCharacter(std::string_view argument);
+    Answer receiveLength(std::string_view argument);
+    Answer stopReceiving(std::string_view argument);
+    Answer reportPending(std::string_view argument);
+    Answer sendPacket(std::string_view argument);
+    Answer stopSending(std::string_view argument);
+
+    Answer arm(PacketEnd condition, std::string_view argument);
 
     struct Command;
     static const Command commands[];
 
     BoardKind boardKind;
     Hardware& board;
+    PacketReceiver receiver;
+    /// A report that nobody could hear, kept for "F15".
+    std::string unheard;
 };
 
 } // namespace zor::sim

@@ -67,4 +67,12 @@ std::string converterText(int counts) {
            "h, done ";
 }
 
+std::string packetReport(std::string_view packet) {
+    std::string length = std::to_string(packet.size());
+    if (length.size() < 2) {
+        length.insert(0, "0");
+    }
+    return "\n\rReceived packet: " + length + " bytes: " + std::string(packet);
+}
+
 } // namespace zor::sim

@@ -37,4 +37,9 @@ inline constexpr std::string_view errorPrompt = "ERROR\n\r>";
 /// @param counts  0 to 1023
 [[nodiscard]] std::string converterText(int counts);
 
+/// A received packet as the board reports it of its own accord: the length in two decimal digits, then the
+/// bytes as they are. The success prompt follows it.
+/// @param packet  at most 99 bytes
+[[nodiscard]] std::string packetReport(std::string_view packet);
+
 } // namespace zor::sim

@@ -41,6 +41,9 @@ TEST(BenchControl, SetsWhatABenchCanSet) {
     EXPECT_EQ(say(bench, "emit \\x41B\\r\\n\\q"), ControlOutcome::done);
     EXPECT_EQ(bench.said, "AB\r\n\\q");
     EXPECT_EQ(say(bench, "unmute"), ControlOutcome::done);
+    bench.ask("F11,13,100,1");
+    EXPECT_EQ(say(bench, "packet A\\x42 C"), ControlOutcome::done);
+    EXPECT_EQ(bench.said, "\n\rOK\n\r>\n\rReceived packet: 04 bytes: AB C\n\rOK\n\r>");
     EXPECT_EQ(bench.ask("Z3"), "\n\rOK\n\r>");
     EXPECT_EQ(say(bench, ""), ControlOutcome::done);
     EXPECT_EQ(say(bench, "quit"), ControlOutcome::quit);

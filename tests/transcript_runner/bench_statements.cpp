@@ -57,6 +57,7 @@ constexpr BoardRow boardRows[] = {
     {"refuse",  1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.board().refuseNext(a.text(2)); }},
     {"reply",   2, 2, [](VirtualSeat& seat, const Arguments& a) { seat.board().setReply(a.text(2), a.text(3)); }},
     {"emit",    1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.board().emit(a.text(2)); }},
+    {"packet",  1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.board().hearPacket(a.text(2)); }},
     {"fault",   1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.fault(a.integer(2, 1, 9999)); }},
     {"unplug",  0, 0, [](VirtualSeat& seat, const Arguments&) { seat.unplug(); }},
     {"plug",    0, 0, [](VirtualSeat& seat, const Arguments&) { seat.plug(); }},

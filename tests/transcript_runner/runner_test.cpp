@@ -168,6 +168,9 @@ INSTANTIATE_TEST_SUITE_P(Transcript, EveryPass, ::testing::Values(
     Row{"after 10 choose main.CB_Mode #1\nsent\nrun 10\nsent X0", ""},
     Row{"linger 700\nclock\nclick main.mnuHelpBrowseEx\nelapsed 700 700\nlinger 0\nclick main.mnuHelpBrowseEx\nelapsed 700 700", ""},
     Row{"linger 700\nafter 300 answer file \"x.pdf\"\nafter 400 nofile \"y\"\nclick main.mnuHelpBrowseEx\nnobox", ""},
+    Row{"click main.mnutoolsTerminal\nboard 1 packet \"lost\"\nkey Terminal.Text1 \"F11,13,9\\r\"\nrun 300\n"
+        "board 1 packet \"A\\x42\"\nrun 300\ntext Terminal.Text1 ~ \"Received packet: 02 bytes: AB\"\n"
+        "lacks Terminal.Text1 \"lost\"", ""},
     Row{"start\nrun 3000\nport open\nsent i i Z3 V83 X1", ""}));
 // clang-format on
 
