@@ -2,6 +2,7 @@
 #include "transcript_runner/statements.h"
 
 #include "shell/main_window.h"
+#include "transcript_runner/register_statements.h"
 
 #include <algorithm>
 #include <fstream>
@@ -63,6 +64,9 @@ constexpr BoardRow boardRows[] = {
     {"plug",    0, 0, [](VirtualSeat& seat, const Arguments&) { seat.plug(); }},
     {"current", 2, 2, [](VirtualSeat& seat, const Arguments& a) {
         seat.board().setCurrentCounts(a.integer(2, 0, highestCount), a.integer(3, 0, highestCount)); }},
+    {"registers", 0, 0, fitRegisters},
+    {"register",  2, 2, setRegister},
+    {"fifo",      2, 3, setFifo},
 };
 
 constexpr std::pair<std::string_view, sim::BoardKind> boardKinds[] = {
@@ -176,7 +180,7 @@ void run(World& world, const Arguments& arguments) {
 
 // clang-format off
 constexpr StatementRow rows[] = {
-    {"board",  2, 4, board},
+    {"board",  2, 5, board},
     {"usb",    3, 4, usb},
     {"file",   1, 3, file},
     {"answer", 1, 2, answer},

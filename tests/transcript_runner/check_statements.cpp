@@ -2,6 +2,7 @@
 #include "transcript_runner/statements.h"
 
 #include "elements/desk.h"
+#include "elements/grid.h"
 #include "elements/label.h"
 #include "elements/list_box.h"
 #include "elements/menu.h"
@@ -11,6 +12,7 @@
 #include "link/connect.h"
 #include "shell/main_window.h"
 #include "transcript_runner/checks.h"
+#include "transcript_runner/register_statements.h"
 
 #include <algorithm>
 
@@ -146,6 +148,30 @@ void sized(World& world, const Arguments& arguments) {
     expectPair(arguments, "size", extent.height, extent.width);
 }
 
+void rowCount(World& world, const Arguments& arguments) {
+    expectNumber("rows of " + arguments.text(0), arguments.integer(1, 0, 1'000'000),
+                 static_cast<double>(gridNamed(world, arguments.text(0)).rowCount()));
+}
+
+void seen(World& world, const Arguments& arguments) {
+    Grid& grid = gridNamed(world, arguments.text(0));
+    std::size_t column = columnNamed(grid, arguments.text(2));
+    auto row = static_cast<std::size_t>(arguments.integer(1, 1, 1'000'000));
+    if (row > grid.rowCount()) {
+        throw Failure("expected a row " + arguments.text(1) + " in " + arguments.text(0) + ", found " +
+                      std::to_string(grid.rowCount()) + " rows");
+    }
+    expectText(arguments.text(2) + " in row " + arguments.text(1) + " of " + arguments.text(0),
+               arguments.text(3), grid.cell(row - 1, column).text);
+}
+
+void pickedRow(World& world, const Arguments& arguments) {
+    auto picked = gridNamed(world, arguments.text(0)).picked();
+    std::string expected =
+        arguments.isWord(1, "none") ? "none" : std::to_string(arguments.integer(1, 1, 1'000'000));
+    expectText("row of " + arguments.text(0), expected, picked ? std::to_string(*picked + 1) : "none");
+}
+
 void state(World& world, const Arguments& arguments) {
     auto found = world.program().bench().variable(arguments.text(0));
     if (!found) {
@@ -178,6 +204,9 @@ constexpr StatementRow rows[] = {
     {"value",    2, 2, value},
     {"open",     1, 1, [](World& w, const Arguments& a) { expectThat(isOpen(w, a), a, "open", "closed"); }},
     {"closed",   1, 1, [](World& w, const Arguments& a) { expectThat(!isOpen(w, a), a, "closed", "open"); }},
+    {"rows",     2, 2, rowCount},
+    {"seen",     4, 4, seen},
+    {"row",      2, 2, pickedRow},
     {"at",       3, 3, at},
     {"sized",    3, 3, sized},
     {"state",    2, 2, state},
@@ -189,6 +218,8 @@ constexpr StatementRow rows[] = {
     {"nofile",   1, 1, expectNoFile},
     {"port",     1, 1, expectPort},
     {"elapsed",  2, 2, expectElapsed},
+    {"register", 3, 3, expectRegister},
+    {"fifo",     3, 3, expectFifo},
 };
 // clang-format on
 

@@ -2,6 +2,7 @@
 #include "transcript_runner/statements.h"
 
 #include "elements/form.h"
+#include "elements/grid.h"
 #include "elements/list_box.h"
 #include "elements/menu.h"
 #include "elements/monitor.h"
@@ -114,20 +115,23 @@ void page(World& world, const Arguments& arguments) {
     demand(strip.choosePosition(arguments.integer(1, 1, static_cast<int>(strip.titles().size()))), arguments);
 }
 
-void noGrid(World& world, const Arguments& arguments, std::size_t position) {
-    (void)world.element(arguments.text(position));
-    throw Failure("expected a grid, but " + arguments.text(position) + " is none");
+/// A row as a user counts it, from 1; one that is not there is out of a user's reach.
+std::size_t rowOf(const Arguments& arguments, std::size_t position) {
+    return static_cast<std::size_t>(arguments.integer(position, 1, 1'000'000) - 1);
 }
 
 void pick(World& world, const Arguments& arguments) {
     if (!arguments.isWord(0, "row")) {
         throw Failure("expected pick row, found pick " + arguments.text(0));
     }
-    noGrid(world, arguments, 1);
+    Grid& grid = gridNamed(world, arguments.text(1));
+    demand(grid.pickRow(rowOf(arguments, 2)), Arguments(arguments.whole(), 2));
 }
 
 void cell(World& world, const Arguments& arguments) {
-    noGrid(world, arguments, 0);
+    Grid& grid = gridNamed(world, arguments.text(0));
+    std::size_t column = columnNamed(grid, arguments.text(2));
+    demand(grid.editCell(rowOf(arguments, 1), column, arguments.text(3)), arguments);
 }
 
 void move(World& world, const Arguments& arguments) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/statements.h"
 
+#include "elements/grid.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -82,6 +83,29 @@ std::uint8_t Arguments::hexByte(std::size_t position) const {
     return static_cast<std::uint8_t>(*value);
 }
 
+std::uint32_t Arguments::hexNumber(std::size_t position, std::size_t digits) const {
+    auto value = text(position).size() <= digits ? readHex(text(position)) : std::nullopt;
+    if (!value) {
+        throw Failure("expected hexadecimal of at most " + std::to_string(digits) + " digits, found " +
+                      text(position));
+    }
+    return *value;
+}
+
+std::vector<std::uint8_t> Arguments::hexBytes(std::size_t position) const {
+    std::string digits = text(position);
+    std::erase(digits, ' ');
+    std::vector<std::uint8_t> bytes;
+    for (std::size_t at = 0; at < digits.size(); at += 2) {
+        auto value = digits.size() - at < 2 ? std::nullopt : readHex(digits.substr(at, 2));
+        if (!value) {
+            throw Failure("expected bytes of two hexadecimal digits, found " + text(position));
+        }
+        bytes.push_back(static_cast<std::uint8_t>(*value));
+    }
+    return bytes;
+}
+
 double Arguments::number(std::size_t position) const {
     const std::string& digits = text(position);
     double value = 0;
@@ -112,6 +136,22 @@ void Arguments::expectCount(std::size_t least, std::size_t most) const {
         throw Failure(statement.tokens.front().text + " has too much behind it, from " +
                       statement.tokens[begin + most].text + " on");
     }
+}
+
+Grid& gridNamed(World& world, const std::string& name) {
+    auto* grid = dynamic_cast<Grid*>(&world.element(name));
+    if (grid == nullptr) {
+        throw Failure("expected a grid, but " + name + " is none");
+    }
+    return *grid;
+}
+
+std::size_t columnNamed(const Grid& grid, const std::string& caption) {
+    auto column = grid.column(caption);
+    if (!column) {
+        throw Failure("there is no column " + asQuoted(caption) + " in " + grid.name());
+    }
+    return *column;
 }
 
 void checkForm(const Statement& statement) {

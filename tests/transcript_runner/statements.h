@@ -10,6 +10,10 @@
 #include <string>
 #include <string_view>
 
+namespace zor {
+class Grid;
+} // namespace zor
+
 namespace zor::testing {
 
 /// What stands behind a statement's name.
@@ -28,6 +32,10 @@ class Arguments {
     [[nodiscard]] int integer(std::size_t position, int lowest, int highest) const;
     /// Throws Failure if the argument is not two hexadecimal digits.
     [[nodiscard]] std::uint8_t hexByte(std::size_t position) const;
+    /// Throws Failure if the argument is not hexadecimal of at most so many digits.
+    [[nodiscard]] std::uint32_t hexNumber(std::size_t position, std::size_t digits) const;
+    /// Bytes of two hexadecimal digits each, blanks between them or not. Throws Failure for anything else.
+    [[nodiscard]] std::vector<std::uint8_t> hexBytes(std::size_t position) const;
     /// Throws Failure if the argument is not a decimal number.
     [[nodiscard]] double number(std::size_t position) const;
     /// Milliseconds, up to ten hours.
@@ -63,6 +71,11 @@ struct StatementRow {
 struct Refused : Failure {
     using Failure::Failure;
 };
+
+/// Throws Failure if the element is no grid.
+[[nodiscard]] Grid& gridNamed(World& world, const std::string& name);
+/// The column's position. Throws Failure if the grid has none of that caption.
+[[nodiscard]] std::size_t columnNamed(const Grid& grid, const std::string& caption);
 
 /// Carries one statement out. Throws Failure.
 void carryOut(World& world, const Statement& statement);
