@@ -2,6 +2,7 @@
 #include "simulator/hardware.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zor::sim {
 
@@ -43,22 +44,33 @@ std::vector<std::uint8_t> Hardware::transfer(const std::vector<std::uint8_t>& by
 
 void Hardware::write(const std::vector<std::uint8_t>& bytes) {
     for (std::uint8_t byte : bytes) {
-        clock(byte);
+        if (selected(fifoSelectLine)) {
+            bus->writeFifo(byte);
+        } else {
+            clock(byte);
+        }
     }
 }
 
 std::uint8_t Hardware::read() {
+    if (selected(fifoSelectLine)) {
+        return bus->readFifo();
+    }
     return clock(outputs[dataInLine] == OutputState::high ? 0xFF : 0x00);
 }
 
 std::uint8_t Hardware::clock(std::uint8_t byte) {
-    if (selected(fifoSelectLine)) {
-        return radioChip.takeFromFifo();
-    }
     if (outputs[chipSelectLine] == OutputState::high) {
         return 0xFF;
     }
     return bus->exchange(byte);
+}
+
+RegisterChip& Hardware::fitRegisters() {
+    auto fresh = std::make_unique<RegisterChip>();
+    mount(*fresh);
+    registerChip = std::move(fresh);
+    return *registerChip;
 }
 
 void Hardware::setSupplyCode(int code) {

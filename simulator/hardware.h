@@ -3,10 +3,12 @@
 
 #include "simulator/load_model.h"
 #include "simulator/radio_chip.h"
+#include "simulator/register_chip.h"
 #include "simulator/replies.h"
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -43,6 +45,10 @@ class Hardware {
 
     /// Puts another chip on the bus in place of the radio; it must outlive the board.
     void mount(SpiDevice& device) { bus = &device; }
+    /// Puts the register chip on the bus, a new one with all registers 00.
+    RegisterChip& fitRegisters();
+    /// nullptr if there never was one.
+    [[nodiscard]] RegisterChip* registers() const { return registerChip.get(); }
     [[nodiscard]] RadioChip& radio() { return radioChip; }
     [[nodiscard]] const RadioChip& radio() const { return radioChip; }
 
@@ -75,6 +81,7 @@ class Hardware {
 
     BoardKind boardKind;
     RadioChip radioChip;
+    std::unique_ptr<RegisterChip> registerChip;
     SpiDevice* bus = &radioChip;
     std::array<OutputState, 8> outputs{};
     double supply = 0;

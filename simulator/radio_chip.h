@@ -26,6 +26,9 @@ class RadioChip : public SpiDevice {
     void select() override;
     std::uint8_t exchange(std::uint8_t fromBoard) override;
     void deselect() override;
+    /// What goes in while the FIFO is selected moves its content out all the same.
+    void writeFifo(std::uint8_t) override { takeFromFifo(); }
+    std::uint8_t readFifo() override { return takeFromFifo(); }
 
     /// The status bytes from now on, as a bench sets them; a chip with one byte has no second.
     void setStatus(std::uint8_t first, std::optional<std::uint8_t> second);

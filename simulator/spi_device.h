@@ -19,6 +19,10 @@ class SpiDevice {
     virtual std::uint8_t exchange(std::uint8_t fromBoard) = 0;
     /// The chip select rose: the transfer is complete.
     virtual void deselect() = 0;
+
+    /// A byte written, a byte read while the FIFO select is low; a chip without FIFOs gives 0.
+    virtual void writeFifo(std::uint8_t) {}
+    virtual std::uint8_t readFifo() { return 0; }
 };
 
 } // namespace zor::sim
