@@ -21,8 +21,8 @@ void Ranged::putValue(int value) {
 
 void Ranged::setRange(int minimum, int maximum) {
     lowest = minimum;
-    highest = maximum;
-    current = std::clamp(current, minimum, maximum);
+    highest = std::max(minimum, maximum);
+    current = std::clamp(current, lowest, highest);
     changed.emit();
 }
 

@@ -15,6 +15,7 @@ class Ranged : public Element {
     [[nodiscard]] int maximum() const { return highest; }
     /// Sets the number; no action runs.
     void putValue(int value);
+    /// A maximum under the minimum leaves room for the minimum alone.
     void setRange(int minimum, int maximum);
 
   private:

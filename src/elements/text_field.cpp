@@ -3,6 +3,7 @@
 
 #include "elements/form.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zor {
@@ -20,11 +21,13 @@ TextField::TextField(Form& owner, std::string name, std::string text, Access acc
 }
 
 void TextField::setText(std::string text) {
-    cursorPosition = text.size();
-    if (content != text) {
-        content = std::move(text);
-        changed.emit();
+    if (content == text) {
+        setCursor(content.size());
+        return;
     }
+    cursorPosition = text.size();
+    content = std::move(text);
+    changed.emit();
 }
 
 void TextField::setReadOnly(bool readOnly) {
@@ -33,11 +36,48 @@ void TextField::setReadOnly(bool readOnly) {
     }
 }
 
-void TextField::putEdited(std::string text) {
-    setText(std::move(text));
+void TextField::setLimit(std::optional<std::size_t> length) {
+    if (std::exchange(greatestLength, length) != length) {
+        changed.emit();
+    }
+}
+
+void TextField::setCursor(std::size_t position) {
+    std::size_t held = std::min(position, content.size());
+    if (std::exchange(cursorPosition, held) != held) {
+        cursorMoved.emit();
+    }
+}
+
+void TextField::putEdited(std::string text, std::size_t caret) {
+    cursorPosition = std::min(caret, text.size());
+    if (content != text) {
+        content = std::move(text);
+        changed.emit();
+    }
     if (onEdit) {
         onEdit();
     }
+}
+
+void TextField::insertAtCaret(std::string_view text) {
+    if (greatestLength && content.size() + text.size() > *greatestLength) {
+        return;
+    }
+    std::string grown = content;
+    grown.insert(cursorPosition, text);
+    putEdited(std::move(grown), cursorPosition + text.size());
+}
+
+void TextField::eraseAtCaret() {
+    if (cursorPosition == 0) {
+        return;
+    }
+    bool lineEnd = cursorPosition >= 2 && content.compare(cursorPosition - 2, 2, "\r\n") == 0;
+    std::size_t start = cursorPosition - (lineEnd ? 2 : 1);
+    std::string shrunk = content;
+    shrunk.erase(start, cursorPosition - start);
+    putEdited(std::move(shrunk), start);
 }
 
 bool TextField::edit(std::string_view text) {
@@ -45,24 +85,40 @@ bool TextField::edit(std::string_view text) {
         return false;
     }
     form().perform([&] {
+        if (greatestLength == 0U) {
+            return;
+        }
         if (text.empty() || !onEdit) {
-            putEdited(std::string(text));
+            std::string_view held = text.substr(0, greatestLength.value_or(text.size()));
+            putEdited(std::string(held), held.size());
             return;
         }
         // The first character replaces the selected old text, each further one is typed behind it.
-        putEdited(std::string(1, text.front()));
+        putEdited(std::string(1, text.front()), 1);
         for (char c : text.substr(1)) {
-            putEdited(content + c);
+            insertAtCaret(std::string_view(&c, 1));
         }
     });
     return true;
 }
 
-bool TextField::replace(std::string_view text) {
+bool TextField::replace(std::string_view text, std::size_t caret) {
     if (!writable()) {
         return false;
     }
-    form().perform([&] { putEdited(std::string(text)); });
+    form().perform([&] {
+        std::string held(text);
+        std::size_t surplus =
+            greatestLength && text.size() > *greatestLength ? text.size() - *greatestLength : 0;
+        if (surplus <= caret && caret <= held.size()) {
+            // What stands in front of the caret was just put in; as much of it stays as fits.
+            held.erase(caret - surplus, surplus);
+            putEdited(std::move(held), caret - surplus);
+        } else {
+            held.resize(held.size() - surplus);
+            putEdited(std::move(held), caret);
+        }
+    });
     return true;
 }
 
@@ -72,7 +128,7 @@ bool TextField::enter() {
     }
     return act([this] {
         if (isMultiLine) {
-            putEdited(content + "\r\n");
+            insertAtCaret("\r\n");
         } else if (onCommit) {
             onCommit();
         }
@@ -84,22 +140,37 @@ bool TextField::type(std::string_view text) {
 }
 
 bool TextField::press(char key) {
-    if (key == '\r') {
-        return enter();
-    }
-    if (!writable()) {
+    if (!writable() && !(usable() && onKey)) {
         return false;
     }
+    bool refused = false;
     form().perform([&] {
-        if (key == '\b') {
-            if (!content.empty()) {
-                putEdited(content.substr(0, content.size() - 1));
-            }
+        // The key that unlocks a field is not typed into it.
+        bool locked = isReadOnly;
+        if ((onKey && onKey(key)) || locked) {
+            return;
+        }
+        if (key == '\r') {
+            refused = !enter();
+        } else if (key == '\b') {
+            eraseAtCaret();
         } else {
-            putEdited(content + key);
+            insertAtCaret(std::string_view(&key, 1));
         }
     });
-    return true;
+    return !refused;
+}
+
+bool TextField::doubleClick() {
+    return act([this] {
+        if (onDoubleClick) {
+            onDoubleClick();
+        }
+    });
+}
+
+bool TextField::placeCaret(std::size_t position) {
+    return act([this, position] { setCursor(position); });
 }
 
 } // namespace zor

@@ -129,6 +129,70 @@ TEST_F(Binders, ALongTextIsKeptWhole) {
     EXPECT_EQ(element.text(), std::string(50'000, 'y'));
 }
 
+TEST_F(Binders, AKeyIsTypedAtTheCaretAndAFilterLeavesItThere) {
+    auto& element = add<TextField>("TB_Pattern", "2DD4");
+    element.onEdit = [&] {
+        std::string text = element.text();
+        std::size_t caret = element.cursor();
+        if (caret > 0 && text[caret - 1] == 'g') {
+            element.setText(text.erase(caret - 1, 1));
+            element.setCursor(caret - 1);
+        }
+    };
+    auto& line = show<QLineEdit>(textField(element));
+    line.setCursorPosition(2);
+    EXPECT_EQ(element.cursor(), 2U);
+    QTest::keyClicks(&line, "gA");
+    EXPECT_EQ(line.text(), "2DAD4");
+    EXPECT_EQ(element.text(), "2DAD4");
+    EXPECT_EQ(line.cursorPosition(), 3);
+    EXPECT_EQ(element.cursor(), 3U);
+    element.setCursor(0);
+    EXPECT_EQ(line.cursorPosition(), 0);
+}
+
+TEST_F(Binders, AFullFieldTakesNoFurtherKey) {
+    auto& element = add<TextField>("TB_Pattern", "2DD4");
+    element.setLimit(4);
+    auto& line = show<QLineEdit>(textField(element));
+    line.setCursorPosition(1);
+    QTest::keyClicks(&line, "A");
+    EXPECT_EQ(line.text(), "2DD4");
+    EXPECT_EQ(line.cursorPosition(), 1);
+}
+
+TEST_F(Binders, AnAreaSharesItsCaretAcrossLineEnds) {
+    auto& element = add<TextField>("WorkSheet", "c6 05\r\n2d d4");
+    element.setMultiLine(true);
+    auto& area = show<QPlainTextEdit>(textArea(element));
+    element.setCursor(7);
+    EXPECT_EQ(area.textCursor().position(), 6);
+    QTest::keyClicks(&area, "f");
+    EXPECT_EQ(element.text(), "c6 05\r\nf2d d4");
+    EXPECT_EQ(element.cursor(), 8U);
+    QTest::keyClick(&area, Qt::Key_Up);
+    EXPECT_EQ(element.cursor(), 1U);
+}
+
+TEST_F(Binders, KeysAndDoubleClicksInALockedFieldReachItsActions) {
+    auto& element = add<TextField>("TB_EventContent", "C400", TextField::Access::ReadOnly);
+    std::string keys;
+    int doubleClicks = 0;
+    element.onKey = [&](char key) {
+        keys += key;
+        return true;
+    };
+    element.onDoubleClick = [&] { ++doubleClicks; };
+    auto& area = show<QPlainTextEdit>(textArea(element));
+    QTest::keyClicks(&area, "aB");
+    QTest::keyClick(&area, Qt::Key_Left);
+    QTest::keyClick(&area, Qt::Key_Backspace);
+    QTest::mouseDClick(area.viewport(), Qt::LeftButton);
+    EXPECT_EQ(keys, "aB\b");
+    EXPECT_EQ(doubleClicks, 1);
+    EXPECT_EQ(element.text(), "C400");
+}
+
 TEST_F(Binders, AReadOnlyFieldTakesNoKeys) {
     auto& element = add<TextField>("Freqw", "A7D0", TextField::Access::ReadOnly);
     auto& line = show<QLineEdit>(word(element));

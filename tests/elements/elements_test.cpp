@@ -127,6 +127,125 @@ TEST(TextField, TheProgramsTextRunsNoAction) {
     EXPECT_EQ(field.cursor(), 3u);
 }
 
+TEST(TextField, TakesKeysAtItsCaret) {
+    Window window;
+    TextField field(window.form, "Field", "2DD4");
+    EXPECT_EQ(field.cursor(), 4U);
+    EXPECT_TRUE(field.placeCaret(1));
+    EXPECT_TRUE(field.press('A'));
+    EXPECT_TRUE(field.press('B'));
+    EXPECT_EQ(field.text(), "2ABDD4");
+    EXPECT_EQ(field.cursor(), 3U);
+    EXPECT_TRUE(field.press('\b'));
+    EXPECT_EQ(field.text(), "2ADD4");
+    EXPECT_EQ(field.cursor(), 2U);
+    field.setCursor(0);
+    EXPECT_TRUE(field.press('\b'));
+    EXPECT_EQ(field.text(), "2ADD4");
+    field.setCursor(99);
+    EXPECT_EQ(field.cursor(), 5U);
+}
+
+TEST(TextField, LetsAnActionTakeBackWhatWasTyped) {
+    Window window;
+    TextField field(window.form, "Field", "2DD4");
+    field.onEdit = [&] {
+        std::string text = field.text();
+        std::size_t caret = field.cursor();
+        if (caret > 0 && text[caret - 1] == 'G') {
+            text.erase(caret - 1, 1);
+            field.setText(text);
+            field.setCursor(caret - 1);
+        }
+    };
+    field.setCursor(2);
+    EXPECT_TRUE(field.press('G'));
+    EXPECT_TRUE(field.press('A'));
+    EXPECT_EQ(field.text(), "2DAD4");
+    EXPECT_EQ(field.cursor(), 3U);
+    EXPECT_TRUE(field.edit("1G2"));
+    EXPECT_EQ(field.text(), "12");
+}
+
+TEST(TextField, TakesNoMoreThanItsLimit) {
+    Window window;
+    TextField field(window.form, "Field", "2DD4");
+    EXPECT_FALSE(field.limit());
+    field.setLimit(4);
+    field.setCursor(1);
+    EXPECT_TRUE(field.press('A'));
+    EXPECT_EQ(field.text(), "2DD4");
+    EXPECT_TRUE(field.edit("123456"));
+    EXPECT_EQ(field.text(), "1234");
+    // A paste of three characters behind the first: only what fits stays, the old text behind it too.
+    field.setText("12");
+    EXPECT_TRUE(field.replace("1ABC2", 4));
+    EXPECT_EQ(field.text(), "1AB2");
+    EXPECT_EQ(field.cursor(), 3U);
+    field.setText("a longer one of the program");
+    EXPECT_EQ(field.text(), "a longer one of the program");
+    field.setLimit(0);
+    EXPECT_TRUE(field.edit("1"));
+    EXPECT_EQ(field.text(), "a longer one of the program");
+}
+
+TEST(TextField, ThatIsLockedHasAnActionForKeysAndDoubleClicks) {
+    Window window;
+    TextField field(window.form, "Field", "C400", TextField::Access::ReadOnly);
+    EXPECT_FALSE(field.press('1'));
+    field.onKey = [&](char key) {
+        window.log += key;
+        field.setReadOnly(false);
+        return false;
+    };
+    field.onDoubleClick = [&] { window.log += "double;"; };
+    EXPECT_TRUE(field.placeCaret(0));
+    EXPECT_TRUE(field.press('1'));
+    EXPECT_EQ(field.text(), "C400") << "the key that unlocks is not typed";
+    EXPECT_TRUE(field.press('2'));
+    EXPECT_EQ(field.text(), "2C400");
+    EXPECT_TRUE(field.doubleClick());
+    EXPECT_EQ(window.log, "12double;");
+    field.setEnabled(false);
+    EXPECT_FALSE(field.press('3'));
+    EXPECT_FALSE(field.doubleClick());
+    EXPECT_FALSE(field.placeCaret(0));
+}
+
+TEST(TextField, OfSeveralLinesIsBrokenAndJoinedAtTheCaret) {
+    Window window;
+    TextField field(window.form, "Field", "aabb");
+    field.setMultiLine(true);
+    field.setCursor(2);
+    EXPECT_TRUE(field.press('\r'));
+    EXPECT_EQ(field.text(), "aa\r\nbb");
+    EXPECT_EQ(field.cursor(), 4U);
+    EXPECT_TRUE(field.press('\b'));
+    EXPECT_EQ(field.text(), "aabb");
+}
+
+TEST(TextField, TellsOfItsCaretApartFromItsText) {
+    Window window;
+    TextField field(window.form, "Field", "aabb");
+    auto moves = field.cursorMoved.subscribe([&] { window.log += std::to_string(field.cursor()) + ";"; });
+    field.setCursor(2);
+    field.setCursor(2);
+    field.setText("aabb");
+    field.setText("cc");
+    EXPECT_EQ(window.log, "2;4;");
+}
+
+TEST(Progress, WithAMaximumUnderItsMinimumStandsAtTheMinimum) {
+    Window window;
+    Progress bar(window.form, "Bar", 0, 100, 0);
+    bar.setRange(1, 0);
+    bar.putValue(7);
+    EXPECT_EQ(bar.value(), 1);
+    bar.setRange(0, 4);
+    bar.putValue(3);
+    EXPECT_EQ(bar.value(), 3);
+}
+
 TEST(ListBox, KeepsItsTextApartFromItsPosition) {
     Window window;
     ListBox list(window.form, "List", {"a", "b"}, "Please select...");

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class QWidget;
@@ -38,6 +39,10 @@ class Binding : public QObject {
     void onDraw(std::function<void()> drawing);
     /// Shows everything anew; also what puts a widget back after a refused gesture.
     void redraw();
+    /// What the widget tells now comes of its being redrawn, not of the user.
+    [[nodiscard]] bool isDrawing() const { return drawing; }
+    /// Keeps a subscription for as long as the element is bound.
+    void keep(Subscription subscription) { subscriptions.push_back(std::move(subscription)); }
     /// Runs a gesture, unless the element has gone, and redraws: the element may have refused or changed it.
     void gesture(const std::function<void()>& action);
     /// Forwards the keyboard focus: the element takes it, and is left when it goes elsewhere in the window.

@@ -40,6 +40,58 @@ bool isEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
+/// The key that a locked field is asked about; 0 for one that only moves or copies.
+char typedKey(const QKeyEvent& key) {
+    if (isEnter(key)) {
+        return '\r';
+    }
+    if (key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Delete) {
+        return '\b';
+    }
+    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier) ||
+        key.text().isEmpty()) {
+        return 0;
+    }
+    QChar typed = key.text().front();
+    return typed.isPrint() && typed.unicode() < 0x80 ? typed.toLatin1() : '\0';
+}
+
+/// Leads keys in a locked field, and double clicks, to the element's actions for them. The action may take
+/// the widget away.
+class LockedFieldActions : public QObject {
+  public:
+    LockedFieldActions(QWidget& owner, QWidget& eventSource, Binding& fieldBinding)
+        : QObject(&owner)
+        , binding(fieldBinding) {
+        eventSource.installEventFilter(this);
+        if (&owner != &eventSource) {
+            owner.installEventFilter(this);
+        }
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* field = elementOf<TextField>(binding);
+        if (field == nullptr) {
+            return false;
+        }
+        if (event->type() == QEvent::KeyPress && field->readOnly() && field->onKey) {
+            char key = typedKey(*static_cast<QKeyEvent*>(event));
+            if (key != 0) {
+                binding.gesture([&] { field->press(key); });
+                return true;
+            }
+        }
+        if (event->type() == QEvent::MouseButtonDblClick && field->onDoubleClick) {
+            binding.gesture([&] { field->doubleClick(); });
+            return true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    Binding& binding;
+};
+
 /// Enter, Escape and the text to come back to.
 class FieldKeys : public QObject {
   public:
@@ -86,18 +138,80 @@ Binding& bindLine(LineField& line, TextField& element) {
     auto* binding = new Binding(element, line);
     new FieldKeys(line, *binding);
     binding->followFocus();
-    QObject::connect(&line, &QLineEdit::textEdited, binding, [binding](const QString& text) {
-        binding->gesture([&] { elementOf<TextField>(*binding)->replace(fromQt(text)); });
+    new LockedFieldActions(line, line, *binding);
+    QObject::connect(&line, &QLineEdit::textEdited, binding, [binding, &line](const QString& text) {
+        binding->gesture([&] {
+            std::size_t caret = fromQt(text.left(line.cursorPosition())).size();
+            elementOf<TextField>(*binding)->replace(fromQt(text), caret);
+        });
     });
-    binding->onDraw([binding, &line] {
+    QObject::connect(&line, &QLineEdit::cursorPositionChanged, binding, [binding, &line](int, int position) {
+        auto* held = elementOf<TextField>(*binding);
+        // While a key is being typed the widget's text runs ahead of the element's.
+        if (held != nullptr && !binding->isDrawing() && toQt(held->text()) == line.text()) {
+            held->placeCaret(fromQt(line.text().left(position)).size());
+        }
+    });
+    auto showCaret = [binding, &line] {
+        const auto& held = *elementOf<TextField>(*binding);
+        std::string text = held.text();
+        auto position = static_cast<int>(toQt(std::string_view(text).substr(0, held.cursor())).size());
+        if (line.cursorPosition() != position) {
+            line.setCursorPosition(position);
+        }
+    };
+    binding->keep(element.cursorMoved.subscribe(showCaret));
+    binding->onDraw([binding, &line, showCaret] {
         const auto& held = *elementOf<TextField>(*binding);
         line.setReadOnly(held.readOnly());
         QString text = toQt(held.text());
         if (line.text() != text) {
             line.setText(text);
+            showCaret();
         }
     });
     return *binding;
+}
+
+std::size_t caretOf(const QPlainTextEdit& area) {
+    return linesFromQt(area.toPlainText().left(area.textCursor().position())).size();
+}
+
+void showCaret(QPlainTextEdit& area, const TextField& held) {
+    std::string text = held.text();
+    auto position = static_cast<int>(linesToQt(std::string_view(text).substr(0, held.cursor())).size());
+    QTextCursor cursor = area.textCursor();
+    if (cursor.position() != position) {
+        cursor.setPosition(position);
+        area.setTextCursor(cursor);
+    }
+}
+
+void bindArea(QPlainTextEdit& area, TextField& element) {
+    auto* binding = new Binding(element, area);
+    binding->followFocus();
+    new LockedFieldActions(area, *area.viewport(), *binding);
+    QObject::connect(&area, &QPlainTextEdit::textChanged, binding, [binding, &area] {
+        binding->gesture(
+            [&] { elementOf<TextField>(*binding)->replace(linesFromQt(area.toPlainText()), caretOf(area)); });
+    });
+    QObject::connect(&area, &QPlainTextEdit::cursorPositionChanged, binding, [binding, &area] {
+        auto* held = elementOf<TextField>(*binding);
+        if (held != nullptr && !binding->isDrawing() && linesToQt(held->text()) == area.toPlainText()) {
+            held->placeCaret(caretOf(area));
+        }
+    });
+    binding->keep(element.cursorMoved.subscribe(
+        [binding, &area] { showCaret(area, *elementOf<TextField>(*binding)); }));
+    binding->onDraw([binding, &area] {
+        const auto& held = *elementOf<TextField>(*binding);
+        area.setReadOnly(held.readOnly());
+        QString text = linesToQt(held.text());
+        if (area.toPlainText() != text) {
+            area.setPlainText(text);
+            showCaret(area, held);
+        }
+    });
 }
 
 } // namespace
@@ -178,19 +292,7 @@ QWidget* textArea(TextField& element, int columns, int lines) {
     QFontMetrics metrics(area->font());
     area->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('0')) * columns,
                          metrics.lineSpacing() * lines);
-    auto* binding = new Binding(element, *area);
-    binding->followFocus();
-    QObject::connect(area, &QPlainTextEdit::textChanged, binding, [binding, area] {
-        binding->gesture([&] { elementOf<TextField>(*binding)->replace(linesFromQt(area->toPlainText())); });
-    });
-    binding->onDraw([binding, area] {
-        const auto& held = *elementOf<TextField>(*binding);
-        area->setReadOnly(held.readOnly());
-        QString text = linesToQt(held.text());
-        if (area->toPlainText() != text) {
-            area->setPlainText(text);
-        }
-    });
+    bindArea(*area, element);
     return area;
 }
 
