@@ -149,6 +149,62 @@ bool mountChip(Board& board, std::string_view text) {
     return chip.has_value();
 }
 
+/// Pairs of hexadecimal digits, blanks wherever they like.
+std::optional<std::vector<std::uint8_t>> readBytes(std::string_view text) {
+    std::string digits;
+    for (char c : text) {
+        if (c != ' ') {
+            digits += c;
+        }
+    }
+    std::vector<std::uint8_t> bytes;
+    for (std::size_t at = 0; at < digits.size(); at += 2) {
+        auto byte = readHex(std::string_view(digits).substr(at, 2));
+        if (!byte || at + 1 == digits.size()) {
+            return std::nullopt;
+        }
+        bytes.push_back(static_cast<std::uint8_t>(*byte));
+    }
+    return bytes;
+}
+
+bool setEepromBusy(SerialEeprom& chip, std::string_view text) {
+    if (text == "always") {
+        chip.setStuckBusy();
+        return true;
+    }
+    auto time = readCount(text, 3'600'000);
+    if (time) {
+        chip.setWriteTime(std::chrono::milliseconds(*time));
+    }
+    return time.has_value();
+}
+
+bool setEeprom(Board& board, std::string_view text) {
+    Hardware& circuits = board.circuits();
+    if (text.empty()) {
+        circuits.mountEeprom();
+        return true;
+    }
+    if (text == "none") {
+        circuits.removeEeprom();
+        return true;
+    }
+    SerialEeprom& chip = circuits.eeprom() != nullptr ? *circuits.eeprom() : circuits.mountEeprom();
+    auto blank = text.find(' ');
+    std::string_view rest = blank == std::string_view::npos ? std::string_view() : text.substr(blank + 1);
+    if (text.substr(0, blank) == "busy") {
+        return setEepromBusy(chip, rest);
+    }
+    auto address = readCount(text.substr(0, blank), static_cast<int>(SerialEeprom::byteCount) - 1);
+    auto bytes = readBytes(rest);
+    bool good = address && bytes && !bytes->empty() && *address + bytes->size() <= SerialEeprom::byteCount;
+    if (good) {
+        chip.put(static_cast<std::size_t>(*address), *bytes);
+    }
+    return good;
+}
+
 struct Statement {
     std::string_view word;
     std::string_view form;
@@ -171,6 +227,8 @@ constexpr Statement statements[] = {
     {"offset",  "offset N",         "frequency offset in the second status byte, in steps", setOffset},
     {"air",     "air XX XX ...",    "bytes that the receiver hears",                        fromAir},
     {"chip",    "chip NAME",        "mount another radio chip",                             mountChip},
+    {"eeprom",  "eeprom [none | busy MS|always | ADDRESS XX...]",
+                                    "a serial EEPROM in place of the radio chip; its bytes", setEeprom},
 };
 // clang-format on
 
@@ -205,7 +263,9 @@ std::string controlHelp() {
     std::string help;
     for (const Statement& statement : statements) {
         std::string form(statement.form);
-        form.resize(20, ' ');
+        // A long form has its meaning under it.
+        form =
+            form.size() < 20 ? form + std::string(20 - form.size(), ' ') : form + "\n" + std::string(22, ' ');
         help += "  " + form + std::string(statement.meaning) + "\n";
     }
     return help + "  quit                end\n";

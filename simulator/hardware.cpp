@@ -73,6 +73,18 @@ RegisterChip& Hardware::fitRegisters() {
     return *registerChip;
 }
 
+SerialEeprom& Hardware::mountEeprom() {
+    auto chip = std::make_unique<SerialEeprom>([this] { return time(); });
+    mount(*chip);
+    eepromChip = std::move(chip);
+    return *eepromChip;
+}
+
+void Hardware::removeEeprom() {
+    mount(emptySocket);
+    eepromChip.reset();
+}
+
 void Hardware::setSupplyCode(int code) {
     double numerator = boardKind == BoardKind::LoadBoard1 ? 311.0 : 309.0;
     supply = numerator / (255 - std::clamp(code, 0, 254));

@@ -5,6 +5,7 @@
 #include "simulator/radio_chip.h"
 #include "simulator/register_chip.h"
 #include "simulator/replies.h"
+#include "simulator/serial_eeprom.h"
 
 #include <array>
 #include <cstdint>
@@ -49,6 +50,14 @@ class Hardware {
     RegisterChip& fitRegisters();
     /// nullptr if there never was one.
     [[nodiscard]] RegisterChip* registers() const { return registerChip.get(); }
+    /// Puts a fresh serial EEPROM on the bus, all FF.
+    SerialEeprom& mountEeprom();
+    /// Takes it away; its socket stays empty.
+    void removeEeprom();
+    /// nullptr if none is mounted.
+    [[nodiscard]] SerialEeprom* eeprom() { return eepromChip.get(); }
+    /// The time that chips measure their delays by; without it none passes.
+    ChipClock time = [] { return std::chrono::microseconds{0}; };
     [[nodiscard]] RadioChip& radio() { return radioChip; }
     [[nodiscard]] const RadioChip& radio() const { return radioChip; }
 
@@ -82,6 +91,8 @@ class Hardware {
     BoardKind boardKind;
     RadioChip radioChip;
     std::unique_ptr<RegisterChip> registerChip;
+    std::unique_ptr<SerialEeprom> eepromChip;
+    EmptySocket emptySocket;
     SpiDevice* bus = &radioChip;
     std::array<OutputState, 8> outputs{};
     double supply = 0;

@@ -82,6 +82,8 @@ constexpr Option options[] = {
      [](Options& o, const std::string& v) { addSetup(o, "irq", v); }},
     {"--current", "HIGH,LOW", "what the current converter reads in each range, 0 to 1023",
      [](Options& o, const std::string& v) { addSetup(o, "current", v); }},
+    {"--eeprom", "FILE", "a serial EEPROM in place of the radio chip; FILE keeps its 1024 bytes",
+     [](Options& o, const std::string& v) { o.eepromFile = v; }},
     {"--delay", "MS", "fault: every answer comes so much later",
      [](Options& o, const std::string& v) { o.faults.delay = milliseconds(readNumber(v, 0, 3'600'000)); }},
     {"--mute-after", "N", "fault: nothing is said after N answers",

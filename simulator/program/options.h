@@ -22,6 +22,8 @@ struct Options {
     bool exitWithStdin = false;
     bool help = false;
     std::string link;
+    /// What the serial EEPROM holds, from start to start; empty if there is none.
+    std::string eepromFile;
 };
 
 /// A command line that cannot be read; the message names the option.

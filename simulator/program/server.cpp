@@ -9,8 +9,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <poll.h>
+#include <stdexcept>
 #include <sys/prctl.h>
 #include <system_error>
 #include <unistd.h>
@@ -48,6 +51,10 @@ Server::Server(const Options& chosen)
     , started(now())
     , boardTime(started)
     , controlOpen(chosen.control || chosen.exitWithStdin) {
+    board.circuits().time = [this] {
+        return std::chrono::duration_cast<std::chrono::microseconds>(boardTime - started);
+    };
+    takeEepromFile();
     for (const std::string& statement : options.setup) {
         executeControl(statement);
     }
@@ -78,6 +85,37 @@ void Server::makeLink() {
     }
     std::filesystem::create_symlink(terminal.path(), options.link);
     linked = true;
+}
+
+void Server::takeEepromFile() {
+    if (options.eepromFile.empty()) {
+        return;
+    }
+    SerialEeprom& chip = board.circuits().mountEeprom();
+    if (std::ifstream file(options.eepromFile, std::ios::binary); file) {
+        std::string bytes{std::istreambuf_iterator<char>(file), {}};
+        if (bytes.size() != SerialEeprom::byteCount) {
+            throw std::runtime_error(options.eepromFile + " is no image of 1024 bytes");
+        }
+        chip.put(0, {reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+    }
+    keepEepromFile();
+}
+
+void Server::keepEepromFile() {
+    SerialEeprom* chip = board.circuits().eeprom();
+    if (chip == nullptr || options.eepromFile.empty()) {
+        return;
+    }
+    auto keep = [this, chip] {
+        std::ofstream file(options.eepromFile, std::ios::binary);
+        file.write(reinterpret_cast<const char*>(chip->bytes().data()), SerialEeprom::byteCount);
+        if (!file.flush()) {
+            throw std::system_error(errno, std::generic_category(), options.eepromFile);
+        }
+    };
+    keep();
+    chip->written = keep;
 }
 
 void Server::run(int signals) {
@@ -206,6 +244,8 @@ void Server::executeControl(std::string_view statement) {
     if (result.outcome == ControlOutcome::failed) {
         std::fprintf(stderr, "loadboard-sim: %s\n", result.message.c_str());
     }
+    // The statement may have put another EEPROM there, or bytes into it.
+    keepEepromFile();
     running = running && result.outcome != ControlOutcome::quit;
 }
 

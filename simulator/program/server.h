@@ -16,7 +16,7 @@ namespace zor::sim {
 /// under way.
 class Server {
   public:
-    /// Throws std::system_error if there is no terminal, or the link cannot be made.
+    /// Throws std::system_error if there is no terminal, or the link or the EEPROM's file cannot be made.
     explicit Server(const Options& options);
     ~Server();
     Server(const Server&) = delete;
@@ -32,6 +32,9 @@ class Server {
     using TimePoint = PacedQueue::TimePoint;
 
     void makeLink();
+    /// Mounts the EEPROM whose bytes stand in the option's file.
+    void takeEepromFile();
+    void keepEepromFile();
     void sleep(int signals);
     void handleClient();
     void moveCharacters();

@@ -29,6 +29,11 @@ TEST(SimulatorOptions, DefaultsAreAPacedGenerationTwoBoardWithoutFaults) {
     EXPECT_FALSE(options.trace || options.control || options.exitWithStdin || options.help);
 }
 
+TEST(SimulatorOptions, KeepsAnEepromInAFile) {
+    EXPECT_EQ(parseOptions({}).eepromFile, "");
+    EXPECT_EQ(parseOptions({"--eeprom", "beacon.bin"}).eepromFile, "beacon.bin");
+}
+
 TEST(SimulatorOptions, ReadsEveryOption) {
     Options options = parseOptions({"--kind",
                                     "lb1",

@@ -47,6 +47,30 @@ void status(VirtualSeat& seat, const Arguments& a) {
     seat.board().setStatus(a.hexByte(2), second);
 }
 
+void eeprom(VirtualSeat& seat, const Arguments& a) {
+    sim::Hardware& circuits = seat.board().circuits();
+    if (a.count() == 2) {
+        circuits.mountEeprom();
+        return;
+    }
+    if (a.isWord(2, "none")) {
+        a.expectCount(3, 3);
+        circuits.removeEeprom();
+        return;
+    }
+    a.expectCount(4, 4);
+    sim::SerialEeprom& chip = circuits.eeprom() != nullptr ? *circuits.eeprom() : circuits.mountEeprom();
+    if (!a.isWord(2, "busy")) {
+        std::vector<std::uint8_t> bytes = a.hexBytes(3);
+        int last = static_cast<int>(sim::SerialEeprom::byteCount - bytes.size());
+        chip.put(static_cast<std::size_t>(a.integer(2, 0, last)), bytes);
+    } else if (a.isWord(3, "always")) {
+        chip.setStuckBusy();
+    } else {
+        chip.setWriteTime(a.milliseconds(3));
+    }
+}
+
 // clang-format off
 constexpr BoardRow boardRows[] = {
     {"status",  1, 2, status},
@@ -62,6 +86,7 @@ constexpr BoardRow boardRows[] = {
     {"fault",   1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.fault(a.integer(2, 1, 9999)); }},
     {"unplug",  0, 0, [](VirtualSeat& seat, const Arguments&) { seat.unplug(); }},
     {"plug",    0, 0, [](VirtualSeat& seat, const Arguments&) { seat.plug(); }},
+    {"eeprom",  0, 2, eeprom},
     {"current", 2, 2, [](VirtualSeat& seat, const Arguments& a) {
         seat.board().setCurrentCounts(a.integer(2, 0, highestCount), a.integer(3, 0, highestCount)); }},
     {"registers", 0, 0, fitRegisters},

@@ -8,6 +8,7 @@
 #include "elements/menu.h"
 #include "elements/options.h"
 #include "elements/range.h"
+#include "elements/text_field.h"
 #include "elements/tick_box.h"
 #include "link/connect.h"
 #include "shell/main_window.h"
@@ -124,6 +125,22 @@ void value(World& world, const Arguments& arguments) {
                  as<Ranged>(world, arguments, "a slider, progress or up-down").value());
 }
 
+void limit(World& world, const Arguments& arguments) {
+    std::optional<std::size_t> found = as<TextField>(world, arguments, "a text field").limit();
+    if (!found) {
+        throw Failure("expected a limit of " + arguments.text(1) + " characters in " + arguments.text(0) +
+                      ", found none");
+    }
+    expectNumber("limit of " + arguments.text(0), arguments.number(1), static_cast<double>(*found));
+}
+
+bool locked(World& world, const Arguments& arguments) {
+    if (auto* list = dynamic_cast<ListBox*>(&world.element(arguments.text(0)))) {
+        return list->locked();
+    }
+    return as<TextField>(world, arguments, "a field or list").readOnly();
+}
+
 bool isOpen(World& world, const Arguments& arguments) {
     Form* form = world.findWindow(arguments.text(0));
     return form != nullptr && form->isOpen();
@@ -202,6 +219,9 @@ constexpr StatementRow rows[] = {
     {"dark",     1, 1, [](World& w, const Arguments& a) { expectThat(!as<Lamp>(w, a, "a lamp").lit(), a, "dark", "lit"); }},
     {"back",     3, 4, back},
     {"value",    2, 2, value},
+    {"limit",    2, 2, limit},
+    {"locked",   1, 1, [](World& w, const Arguments& a) { expectThat(locked(w, a), a, "locked", "unlocked"); }},
+    {"unlocked", 1, 1, [](World& w, const Arguments& a) { expectThat(!locked(w, a), a, "unlocked", "locked"); }},
     {"open",     1, 1, [](World& w, const Arguments& a) { expectThat(isOpen(w, a), a, "open", "closed"); }},
     {"closed",   1, 1, [](World& w, const Arguments& a) { expectThat(!isOpen(w, a), a, "closed", "open"); }},
     {"rows",     2, 2, rowCount},
@@ -217,6 +237,7 @@ constexpr StatementRow rows[] = {
     {"content",  1, 3, expectContent},
     {"nofile",   1, 1, expectNoFile},
     {"port",     1, 1, expectPort},
+    {"eeprom",   3, 3, expectEeprom},
     {"elapsed",  2, 2, expectElapsed},
     {"register", 3, 3, expectRegister},
     {"fifo",     3, 3, expectFifo},

@@ -3,6 +3,7 @@
 
 #include "link/connect.h"
 #include "shell/main_window.h"
+#include "support/numbers.h"
 
 #include <algorithm>
 #include <charconv>
@@ -160,6 +161,25 @@ void expectPort(World& world, const Arguments& arguments) {
     if (found != arguments.text(0)) {
         throw Failure("expected the port " + arguments.text(0) + ", found it " + found);
     }
+}
+
+void expectEeprom(World& world, const Arguments& arguments) {
+    auto seat = world.machine.ports.seats().find(arguments.integer(0, 0, 32767));
+    sim::SerialEeprom* chip =
+        seat == world.machine.ports.seats().end() ? nullptr : seat->second->board().circuits().eeprom();
+    if (chip == nullptr) {
+        throw Failure("there is no EEPROM on port " + arguments.text(0));
+    }
+    std::vector<std::uint8_t> expected = arguments.hexBytes(2);
+    int last = static_cast<int>(sim::SerialEeprom::byteCount - expected.size());
+    auto address = static_cast<std::size_t>(arguments.integer(1, 0, last));
+    std::string found;
+    std::string wanted;
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        found += (i == 0 ? "" : " ") + hexText(chip->bytes()[address + i], 2);
+        wanted += (i == 0 ? "" : " ") + hexText(expected[i], 2);
+    }
+    expectText("EEPROM from " + arguments.text(1) + " on", wanted, found);
 }
 
 void expectElapsed(World& world, const Arguments& arguments) {

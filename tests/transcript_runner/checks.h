@@ -23,6 +23,7 @@ void expectDialog(World& world, const Arguments& arguments);
 void expectContent(World& world, const Arguments& arguments);
 void expectNoFile(World& world, const Arguments& arguments);
 void expectPort(World& world, const Arguments& arguments);
+void expectEeprom(World& world, const Arguments& arguments);
 void expectElapsed(World& world, const Arguments& arguments);
 
 } // namespace zor::testing

@@ -71,6 +71,12 @@ void key(World& world, const Arguments& arguments) {
     }
 }
 
+void caret(World& world, const Arguments& arguments) {
+    auto& field = as<TextField>(world, arguments, "a text field");
+    int last = static_cast<int>(field.text().size());
+    demand(field.placeCaret(static_cast<std::size_t>(arguments.integer(1, 0, last))), arguments);
+}
+
 void chooseEntry(World& world, const Arguments& arguments) {
     const std::string& entry = arguments.text(1);
     if (auto* button = dynamic_cast<BarButton*>(&world.element(arguments.text(0)))) {
@@ -162,6 +168,7 @@ constexpr StatementRow rows[] = {
     {"up",          1, 1, [](World& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepUp(), a); }},
     {"down",        1, 1, [](World& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepDown(), a); }},
     {"key",         2, 2, key},
+    {"caret",       2, 2, caret},
     {"pick",        3, 3, pick},
     {"cell",        4, 4, cell},
     {"close",       1, 1, [](World& w, const Arguments& a) { demand(w.window(a.text(0)).userClose(), a); }},

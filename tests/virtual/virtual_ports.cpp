@@ -23,6 +23,7 @@ void VirtualSeat::place(sim::BoardKind kind) {
     toBoard.clear();
     toPort.clear();
     sittingBoard = std::make_unique<sim::Board>(kind);
+    sittingBoard->circuits().time = [this] { return loop.now(); };
     sittingBoard->lineReceived = seen;
     sittingBoard->lineFeedFollowed = feedSeen;
     sittingBoard->transmit = [this](const sim::Transmission& transmission) {
