@@ -9,7 +9,7 @@ BenchOnTerminal::BenchOnTerminal(const std::string& terminalPath) {
     devices.addDevice(terminalPath, "LoadBoard");
     window.show();
     connect().open(1, LineSettings{});
-    bench().CommState = 0;
+    bench().link.port.endStart();
 }
 
 OpalV2& BenchOnTerminal::panel() {

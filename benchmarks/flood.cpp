@@ -72,7 +72,7 @@ int flood() {
     BenchOnTerminal bench(pair.path());
     Workbench workbench(bench.main());
     workbench.show();
-    bench.bench().open("Terminal");
+    bench.bench().tools.open(Tool::Terminal);
     auto& window = static_cast<Terminal&>(*bench.main().desk().find("Terminal"));
 
     std::thread board([&pair] {

@@ -47,10 +47,8 @@ void DemoTour::play() {
     waitForBoard();
     takePicture(QStringLiteral("connected"));
     visitTerminal();
-    if (main.bench().openTool.contains("frm_PowerSupply")) {
-        main.perform([this] { main.bench().open("frm_PowerSupply"); });
-        visitForm(*main.desk().find("frm_PowerSupply"));
-    }
+    main.perform([this] { main.bench().tools.open(Tool::frm_PowerSupply); });
+    visitForm(*main.bench().tools.find(Tool::frm_PowerSupply));
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }
@@ -65,7 +63,8 @@ void DemoTour::settle(std::chrono::milliseconds time) {
 }
 
 void DemoTour::waitForBoard() {
-    main.loop().runUntil([this] { return main.bench().CommState == 0 && !main.linkBar.Connect.enabled(); });
+    main.loop().runUntil(
+        [this] { return main.bench().link.CommState() == 0 && !main.linkBar.Connect.enabled(); });
     main.loop().runUntil([this] { return main.linkBar.CommStatus.text() == "Comm. OK"; });
     settle(500ms);
 }

@@ -24,12 +24,42 @@ Form* Desk::modalForm() const {
     return last == members.rend() ? nullptr : *last;
 }
 
+Form* Desk::front() const {
+    return stacked.empty() ? nullptr : stacked.back();
+}
+
+void Desk::bringToFront(Form& form) {
+    // The main window and what is modal stand before the others without taking their place.
+    if (form.kind() != Form::Kind::Window || front() == &form) {
+        return;
+    }
+    Form* before = front();
+    stacked.erase(std::remove(stacked.begin(), stacked.end(), &form), stacked.end());
+    stacked.push_back(&form);
+    if (before != nullptr) {
+        before->deactivated.emit();
+    }
+    // What the other one sent as it lost the front may have waited, and anything may have happened.
+    if (front() == &form) {
+        form.activated.emit();
+    }
+}
+
+void Desk::leaveFront(Form& form) {
+    bool wasFront = front() == &form;
+    stacked.erase(std::remove(stacked.begin(), stacked.end(), &form), stacked.end());
+    if (wasFront && front() != nullptr) {
+        front()->activated.emit();
+    }
+}
+
 void Desk::add(Form& form) {
     members.push_back(&form);
 }
 
 void Desk::remove(Form& form) {
     removed.emit(form);
+    stacked.erase(std::remove(stacked.begin(), stacked.end(), &form), stacked.end());
     members.erase(std::remove(members.begin(), members.end(), &form), members.end());
 }
 

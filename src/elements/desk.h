@@ -28,6 +28,10 @@ class Desk {
     /// The youngest modal form that is open, or nullptr.
     [[nodiscard]] Form* modalForm() const;
 
+    /// The window that the user works in: the one of those inside the main window that came to the front
+    /// last. nullptr if none is open.
+    [[nodiscard]] Form* front() const;
+
     /// A form is shown; the first time a view makes its window.
     Signal<Form&> opened;
     /// A form is being destroyed; a view lets go of it.
@@ -37,9 +41,14 @@ class Desk {
     friend class Form;
     void add(Form& form);
     void remove(Form& form);
+    void bringToFront(Form& form);
+    /// It left the screen; the window behind it comes to the front.
+    void leaveFront(Form& form);
 
     EventLoop& ownLoop;
     std::vector<Form*> members;
+    /// The open windows inside the main window, the front one last.
+    std::vector<Form*> stacked;
 };
 
 } // namespace zor

@@ -49,17 +49,20 @@ void Form::show() {
     }
     if (open) {
         raised.emit();
+        ownDesk.bringToFront(*this);
         return;
     }
     open = true;
     ownDesk.opened.emit(*this);
     changed.emit();
+    ownDesk.bringToFront(*this);
 }
 
 void Form::hide() {
     if (std::exchange(open, false)) {
         focus = nullptr;
         changed.emit();
+        ownDesk.leaveFront(*this);
     }
 }
 
@@ -82,6 +85,18 @@ void Form::close() {
 bool Form::acceptsUser() const {
     const Form* modal = ownDesk.modalForm();
     return open && (modal == nullptr || modal == this);
+}
+
+bool Form::inFront() const {
+    return ownDesk.front() == this;
+}
+
+bool Form::userActivate() {
+    if (!acceptsUser()) {
+        return false;
+    }
+    perform([this] { ownDesk.bringToFront(*this); });
+    return true;
 }
 
 bool Form::userClose() {

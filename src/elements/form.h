@@ -38,7 +38,8 @@ struct Extent {
 /// owner hands it to EventLoop::discardLater rather than destroying it.
 class Form {
   public:
-    enum class Kind { Window, Modal };
+    /// Main is the frame around all windows; Modal windows keep the user from the others.
+    enum class Kind { Window, Modal, Main };
     /// Whether the form's size is the window's, or a measure of the form's own that the product keeps (a
     /// panel's two heights) while the window on the screen is as large as what stands in it.
     enum class Sizing { OfWindow, ByContent };
@@ -72,7 +73,12 @@ class Form {
     /// A user may act on it: open and not behind a modal form.
     [[nodiscard]] bool acceptsUser() const;
 
+    /// It is the window in front of the others.
+    [[nodiscard]] bool inFront() const;
+
     // The user's door to the window itself; false if refused.
+    /// Brings it to the front, as any click into it does.
+    bool userActivate();
     bool userClose();
     bool userClick();
     bool userDoubleClick();
@@ -101,6 +107,12 @@ class Form {
     /// Asked to the front while open.
     Signal<> raised;
     Signal<> closed;
+    /// It came to the front, also by being shown. Modal windows, boxes and the main window's bars leave the
+    /// front where it is.
+    Signal<> activated;
+    /// Another window came to the front; told before that one hears `activated`. A window that closes or
+    /// hides is not told.
+    Signal<> deactivated;
 
   protected:
     void setSizing(Sizing sizing) { formSizing = sizing; }

@@ -62,6 +62,9 @@ class Signal {
         });
     }
 
+    /// Somebody listens.
+    [[nodiscard]] bool heard() const { return !slots->empty(); }
+
     void emit(Args... args) const {
         if (slots->empty()) {
             return;

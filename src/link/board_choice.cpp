@@ -26,16 +26,16 @@ BoardChoice::BoardChoice(Bench& ownBench, LinkBar& ownBar, Connect& channel, Dat
 }
 
 void BoardChoice::LoadboardList_click() {
-    if (bench.ListChangeBlocked || bar.LoadboardList.position() < 0) {
+    if (bench.link.ListChangeBlocked || bar.LoadboardList.position() < 0) {
         return;
     }
     std::string entry = bar.LoadboardList.text();
     const Firmware* firmware = firmwareOfEntry(entry);
     if (firmware != nullptr) {
-        bench.LoadBoardRev = firmware->loadBoardRev;
+        bench.link.LoadBoardRev = firmware->loadBoardRev;
     }
-    if (bench.LoadBoardRev < 1) {
-        panelsEnabled();
+    if (bench.link.LoadBoardRev < 1) {
+        panelsEnabled.emit();
         return;
     }
     try {
@@ -46,40 +46,42 @@ void BoardChoice::LoadboardList_click() {
 }
 
 void BoardChoice::connectTo(int port) {
-    if (bench.LoadBoardRev == 2) {
+    if (bench.link.LoadBoardRev == 2) {
         connect.usb.GetUSBLocationsByDriver();
     }
     connect.open(port, {.inputBuffer = 4096, .dtr = true, .rts = true});
-    if (bench.LoadBoardRev == 2) {
-        bench.UsbLocation = connect.usb.GetThisUSBLocationByDriver();
+    if (bench.link.LoadBoardRev == 2) {
+        bench.link.UsbLocation = connect.usb.GetThisUSBLocationByDriver();
     }
     // Locked before the first wait: a second choice in it would find the port taken.
     bar.LoadboardList.setLocked(true);
-    otherBoardLeft();
-    bar.Toolbar3.setVisible(bar.Toolbar3.visible() && bench.LoadBoardRev == 2);
+    otherBoardLeft.emit();
+    bar.Toolbar3.setVisible(bar.Toolbar3.visible() && bench.link.LoadBoardRev == 2);
     connect.Send_To_LoadBoard(std::string(command::identify));
-    if (bench.LoadBoardRev == 1) {
-        connect.Send_To_LoadBoard(supplyCommand(numericPrefix(bench.Pref_Voltage), supplyConstant(1)));
+    if (bench.link.LoadBoardRev == 1) {
+        connect.Send_To_LoadBoard(
+            supplyCommand(numericPrefix(bench.preferences.Pref_Voltage), supplyConstant(1)));
     }
     connect.Send_To_LoadBoard(std::string(command::releaseLine3));
-    if (bench.LoadBoardRev == 2) {
-        connect.Send_To_LoadBoard(supplyCommand(numericPrefix(bench.Pref_Voltage), supplyConstant(2)));
+    if (bench.link.LoadBoardRev == 2) {
+        connect.Send_To_LoadBoard(
+            supplyCommand(numericPrefix(bench.preferences.Pref_Voltage), supplyConstant(2)));
     }
     // A board that went meanwhile has nothing to offer.
     if (connect.isOpen()) {
         offerBoard();
     }
-    panelsEnabled();
+    panelsEnabled.emit();
 }
 
 void BoardChoice::offerBoard() {
-    if (bench.LoadBoardRev == 2) {
-        generation2Connected();
+    if (bench.link.LoadBoardRev == 2) {
+        generation2Connected.emit();
         selector.reset();
         bar.Toolbar3.setVisible(connect.isOpen());
     }
-    if (bench.LoadBoardRev == 40) {
-        loaderConnected();
+    if (bench.link.LoadBoardRev == 40) {
+        loaderConnected.emit();
     }
 }
 

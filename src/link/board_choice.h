@@ -13,13 +13,13 @@ class BoardChoice {
     BoardChoice(Bench& ownBench, LinkBar& ownBar, Connect& channel, DataSelector& dataSelector);
 
     /// What only the board before could do is not offered any more.
-    std::function<void()> otherBoardLeft;
+    Signal<> otherBoardLeft;
     /// The chosen board is a generation 2 one: its tools may be offered.
-    std::function<void()> generation2Connected;
+    Signal<> generation2Connected;
     /// The chosen board is a loader.
-    std::function<void()> loaderConnected;
+    Signal<> loaderConnected;
     /// A board is chosen, or none need be: the panels may be used.
-    std::function<void()> panelsEnabled;
+    Signal<> panelsEnabled;
 
   private:
     void LoadboardList_click();

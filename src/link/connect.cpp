@@ -9,6 +9,8 @@ namespace {
 
 constexpr std::chrono::milliseconds watchdogInterval(100);
 constexpr std::int16_t watchdogLimit = 10;
+/// More of one answer than any command gives; a board that goes on without a prompt must not cost memory.
+constexpr std::size_t keptAnswer = 4096;
 
 /// A rolling tail: the newest characters, at most so many.
 void push(std::string& tail, char c, std::size_t length) {
@@ -28,6 +30,10 @@ bool meansGone(const ToolError& error) {
     return error.number() == invalidPort || error.number() == portInUse;
 }
 
+bool isPrompt(std::string_view last7) {
+    return last7 == LinkVariables::Last7OK || last7 == LinkVariables::Last7ERROR;
+}
+
 } // namespace
 
 Connect::Connect(Bench& ownBench, LinkBar& ownBar)
@@ -39,14 +45,7 @@ Connect::Connect(Bench& ownBench, LinkBar& ownBar)
     EventLoop& loop = bench.platform.loop;
     MSComm2->received = [this](char c) { receive(c); };
     MSComm2->eventRaised = [this, &loop](int code) { loop.perform([this, code] { lineEvent(code); }); };
-    auto publish = [this](const char* name, const std::int16_t& value) {
-        bench.variables[name] = [&value] { return std::to_string(value); };
-    };
-    publish("ComFlag", ComFlag);
-    publish("WaitTicks", WaitTicks);
-    publish("WaitLimit", WaitLimit);
-    publish("WaitArmed", WaitArmed);
-    bench.variables["UsbLocationCount"] = [this] { return std::to_string(usb.UsbLocationCount()); };
+    MSComm2->deviceGone = [this, &loop] { loop.perform([this] { deviceGone(); }); };
 }
 
 Connect::~Connect() {
@@ -57,19 +56,48 @@ Connect::~Connect() {
     }
 }
 
-void Connect::Send_To_LoadBoard(const std::string& command) {
+Exchange Connect::Send_To_LoadBoard(const std::string& command) {
+    EventLoop& loop = bench.platform.loop;
+    EventLoop::ActionId action = loop.currentAction();
+    if (action != 0 && std::find(withoutPort.begin(), withoutPort.end(), action) != withoutPort.end()) {
+        return {};
+    }
+    Exchange result;
+    EventLoop::Duration sent = loop.now();
     try {
-        exchange(command);
+        result = exchange(command);
     } catch (const ToolError& error) {
+        result.outcome = Exchange::Outcome::NotOpen;
         bench.tellError(error, "USB communication error");
+    }
+    if (result.portGone()) {
+        silence(action);
+        if (!isOpen()) {
+            portClosed.emit();
+        }
+    }
+    if (tap.exchanges.heard()) {
+        tap.exchanges.emit({workingNumber, command, result, sent, loop.now()});
+    }
+    return result;
+}
+
+void Connect::silence(EventLoop::ActionId action) {
+    const EventLoop& loop = bench.platform.loop;
+    withoutPort.erase(std::remove_if(withoutPort.begin(), withoutPort.end(),
+                                     [&loop](auto ended) { return !loop.isRunning(ended); }),
+                      withoutPort.end());
+    if (action != 0) {
+        withoutPort.push_back(action);
     }
 }
 
-void Connect::exchange(const std::string& command) {
+Exchange Connect::exchange(const std::string& command) {
     ComFlag = 0;
-    bench.Last7.clear();
+    bench.link.Last7.clear();
 
     Wait wait;
+    wait.action = bench.platform.loop.currentAction();
     struct Registration {
         std::vector<Wait*>& waits;
         ~Registration() { waits.pop_back(); }
@@ -78,31 +106,44 @@ void Connect::exchange(const std::string& command) {
     Registration registration{waits};
 
     MSComm2->write(command);
+    tellTap(WireBytes::Port::Working, WireBytes::Direction::ToBoard, command);
+    waitForPrompt(wait);
+    if (wait.result.outcome == Exchange::Outcome::Refused) {
+        ComFlag = 1;
+    }
+    return std::move(wait.result);
+}
+
+void Connect::waitForPrompt(Wait& wait) {
     WaitLimit = watchdogLimit;
     WaitTicks = 0;
     WaitArmed = 1;
     Timer1.start(watchdogInterval);
+    bench.platform.loop.runUntil([&] { return wait.ending != Ending::None || !MSComm2->isOpen(); });
 
-    bench.platform.loop.runUntil(
-        [&] { return wait.ending != Ending::None || !MSComm2->isOpen() || promptSeen(); });
-
-    if (wait.ending == Ending::OnPurpose) {
-        throw ActionDropped();
-    }
-    if (wait.ending == Ending::Lost) {
+    switch (wait.ending) {
+    case Ending::Served:
         return;
+    case Ending::OnPurpose:
+        throw ActionDropped();
+    case Ending::Lost:
+        wait.result.outcome = Exchange::Outcome::Lost;
+        break;
+    case Ending::None:
+    case Ending::TimedOut:
+        wait.result.outcome = Exchange::Outcome::TimedOut;
+        if (!MSComm2->isOpen()) {
+            // Throws away whatever the driver still held of a late answer.
+            MSComm2->open(workingNumber, workingSettings);
+        }
+        break;
     }
-    if (!MSComm2->isOpen()) {
-        // Throws away whatever the driver still held of a late answer.
-        MSComm2->open(workingNumber, workingSettings);
-    }
-    if (bench.Last7 == Bench::Last7ERROR) {
-        ComFlag = 1;
-    }
+    wait.result.tail = bench.link.Last100;
 }
 
 void Connect::writeDirectly(std::string_view bytes) {
     MSComm2->write(bytes);
+    tellTap(WireBytes::Port::Working, WireBytes::Direction::ToBoard, bytes);
 }
 
 void Connect::open(int portNumber, const LineSettings& settings) {
@@ -110,33 +151,51 @@ void Connect::open(int portNumber, const LineSettings& settings) {
     // A port that could not be opened is never one to open again.
     workingNumber = portNumber;
     workingSettings = settings;
+    withoutPort.clear();
 }
 
 void Connect::closeOnPurpose() {
     endWaits(Ending::OnPurpose);
+    closing.emit();
+    try {
+        MSComm2->close();
+    } catch (...) {
+        portClosed.emit();
+        throw;
+    }
+    portClosed.emit();
+}
+
+void Connect::reopen(const LineSettings& settings) {
     MSComm2->close();
+    open(workingNumber, settings);
 }
 
 void Connect::endWaits(Ending ending) {
     for (Wait* wait : waits) {
-        if (wait->ending == Ending::None) {
+        // A send that was served, but whose action waits behind a box or another send, has lost its port as
+        // well.
+        if (wait->ending == Ending::None || ending == Ending::OnPurpose) {
             wait->ending = ending;
+        }
+        if (ending == Ending::Lost) {
+            silence(wait->action);
         }
     }
 }
 
-bool Connect::promptSeen() const {
-    return bench.Last7 == Bench::Last7OK || bench.Last7 == Bench::Last7ERROR;
+bool Connect::anyWaiting() const {
+    return std::any_of(waits.begin(), waits.end(),
+                       [](const Wait* wait) { return wait->ending == Ending::None; });
 }
 
 void Connect::Timer1_Timer() {
     if (WaitArmed != 1) {
         return;
     }
-    // A prompt that is in already is seen before the count is: an exchange that was served never costs the
-    // port. Nor does one whose prompt has been overrun by what the board went on to say since: no send waits
-    // any more then.
-    if (promptSeen() || waits.empty()) {
+    // A send whose prompt is in waits no longer, so an exchange that was served never costs the port,
+    // whatever the board went on to say since.
+    if (!anyWaiting()) {
         Timer1.stop();
         WaitTicks = 0;
     } else if (WaitTicks > WaitLimit) {
@@ -164,6 +223,19 @@ void Connect::timeOut() {
     Timer1.stop();
 }
 
+void Connect::deviceGone() {
+    // A send that waits has its watchdog, which finds the same.
+    if (anyWaiting() || !MSComm2->isOpen()) {
+        return;
+    }
+    try {
+        MSComm2->close();
+    } catch (const ToolError&) {
+        // That it has gone is known already.
+    }
+    loseBoard();
+}
+
 void Connect::loseBoard() {
     endWaits(Ending::Lost);
     bar.LoadboardList.setLocked(false);
@@ -176,27 +248,58 @@ void Connect::loseBoard() {
     for (int entry = static_cast<int>(bar.LoadboardList.entries().size()) - 1; entry >= 0; --entry) {
         bar.LoadboardList.removeEntry(entry);
     }
-    boardLost();
+    portClosed.emit();
+    lost.emit();
     bench.platform.dialogs.show({.text = "Loadboard disconnected!\r\nPlease press connect again!",
                                  .title = "LoadBoard Communication Error!",
                                  .icon = BoxIcon::Critical});
 }
 
 void Connect::receive(char c) {
-    push(bench.Last7, c, 7);
-    push(bench.Last15, c, 15);
-    push(bench.Last100, c, 100);
+    push(bench.link.Last7, c, 7);
+    push(bench.link.Last15, c, 15);
+    push(bench.link.Last100, c, 100);
+    for (Wait* wait : waits) {
+        hear(*wait, c);
+    }
+    tellTap(WireBytes::Port::Working, WireBytes::Direction::FromBoard, {&c, 1});
     if (c == '\n') {
         return;
     }
     std::string_view shown = shownAs(c);
     for (const Bench::Mirror& mirror : bench.mirrors) {
-        if (bench.*mirror.on && mirror.receiver != nullptr) {
+        if (bench.windows.*mirror.on && mirror.receiver != nullptr) {
             mirror.receiver->setCursor(mirror.receiver->contents().size());
             mirror.receiver->append(shown);
         }
     }
-    bar.CommStatus.setText(bench.Last7 == Bench::Last7OK ? "Comm. OK" : "reading...");
+    bar.CommStatus.setText(bench.link.Last7 == LinkVariables::Last7OK ? "Comm. OK" : "reading...");
+}
+
+void Connect::hear(Wait& wait, char c) const {
+    if (wait.ending != Ending::None) {
+        return;
+    }
+    push(wait.last7, c, 7);
+    std::string& answer = wait.result.answer;
+    if (answer.size() >= 2 * keptAnswer) {
+        answer.erase(0, keptAnswer);
+    }
+    answer += c;
+    if (!isPrompt(wait.last7)) {
+        return;
+    }
+    wait.ending = Ending::Served;
+    wait.result.outcome =
+        wait.last7 == LinkVariables::Last7OK ? Exchange::Outcome::Answered : Exchange::Outcome::Refused;
+    wait.result.tail = bench.link.Last100;
+}
+
+void Connect::tellTap(WireBytes::Port role, WireBytes::Direction direction, std::string_view bytes) {
+    if (tap.bytes.heard()) {
+        int number = role == WireBytes::Port::Working ? workingNumber : trial ? trial->number : 0;
+        tap.bytes.emit({role, number, direction, bytes, bench.platform.loop.now()});
+    }
 }
 
 void Connect::lineEvent(int code) {
@@ -222,6 +325,7 @@ void Connect::lineEvent(int code) {
             loseBoard();
         } else {
             endWaits(Ending::Lost);
+            portClosed.emit();
             bench.tellError(error, "LoadBoard Communication error");
         }
     }
@@ -230,7 +334,6 @@ void Connect::lineEvent(int code) {
 void Connect::beginTrial() {
     Last7.clear();
     Last100.clear();
-    WaitArmed = 0;
     trial = std::make_unique<Trial>(Trial{bench.platform.ports.create()});
     trial->port->received = [this](char c) { receiveOnTrial(c); };
 }
@@ -246,10 +349,25 @@ void Connect::endTrial() {
     Last100.clear();
 }
 
+void Connect::openTrial(int portNumber) {
+    trial->number = portNumber;
+    trial->port->open(portNumber, LineSettings{});
+}
+
+void Connect::writeToTrial(std::string_view bytes) {
+    trial->port->write(bytes);
+    tellTap(WireBytes::Port::Search, WireBytes::Direction::ToBoard, bytes);
+}
+
+void Connect::closeTrial() {
+    trial->port->close();
+}
+
 void Connect::receiveOnTrial(char c) {
     push(Last7, c, 7);
     push(Last100, c, 100);
-    if (c == '\n' || !bench.Terminalon) {
+    tellTap(WireBytes::Port::Search, WireBytes::Direction::FromBoard, {&c, 1});
+    if (c == '\n' || !bench.windows.Terminalon) {
         return;
     }
     Monitor* terminal = bench.mirrors.back().receiver;

@@ -2,14 +2,16 @@
 #pragma once
 
 #include "link/bench.h"
+#include "link/exchange.h"
 #include "link/link_bar.h"
 #include "link/usb_boards.h"
+#include "link/wire_tap.h"
 #include "platform/event_loop.h"
 #include "platform/serial_port.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,20 +21,20 @@ namespace zor {
 /// the one operation by which everybody talks to the board.
 ///
 /// An exchange is one line out and, in the end, one of two seven-character prompts in; there is nothing else
-/// to a protocol, so whoever wants a value reads it out of the rolling tails afterwards. Owned by the main
-/// window.
+/// to a protocol, so a value is read out of the characters in front of the prompt. Owned by the main window.
 class Connect {
   public:
     Connect(Bench& ownBench, LinkBar& ownBar);
     ~Connect();
 
     /// Writes the command (its terminator included) and waits until a prompt came, the watchdog closed the
-    /// port, or the board was lost. After a time-out the port is opened again and the caller goes on as if
-    /// answered.
+    /// port, or the board was lost. After a time-out the port is opened again. Many callers go on whatever
+    /// the result; they leave it unread.
     ///
-    /// A failure of the port is told in a box. Throws ActionDropped if the port is closed on purpose
-    /// meanwhile.
-    void Send_To_LoadBoard(const std::string& command);
+    /// A failure of the port is told in a box, one for an action: once a send of an action has met a closed
+    /// or lost port, the action's further sends write nothing and show nothing. Throws ActionDropped if the
+    /// port is closed on purpose meanwhile.
+    Exchange Send_To_LoadBoard(const std::string& command);
 
     /// Writes without waiting for a prompt. Throws ToolError.
     void writeDirectly(std::string_view bytes);
@@ -44,20 +46,31 @@ class Connect {
     /// Closes the working port because the user wants it so: sends that wait end, and their actions with
     /// them. Throws ToolError; the port counts as closed all the same.
     void closeOnPurpose();
+    /// Closes the working port and opens it with other settings, which stay in force. Throws ToolError.
+    void reopen(const LineSettings& settings);
     [[nodiscard]] int portNumber() const { return workingNumber; }
+    [[nodiscard]] const LineSettings& settings() const { return workingSettings; }
 
     /// The search port lives for the trial of one port, and so do its tails.
     void beginTrial();
     void endTrial();
-    /// Only between the two.
-    [[nodiscard]] SerialPort& MSComm1() { return *trial->port; }
+    /// Throws ToolError.
+    void openTrial(int portNumber);
+    void writeToTrial(std::string_view bytes);
+    void closeTrial();
     /// The tails of the search port, not the working port's.
     std::string Last7;
     std::string Last100;
 
+    /// The working port is about to be closed because the user wants it so.
+    Signal<> closing;
     /// The board is gone; told before the user is.
-    std::function<void()> boardLost = [] {};
+    Signal<> lost;
+    /// The working port has been closed and stays so, whoever did it: what the chip holds is not known any
+    /// more.
+    Signal<> portClosed;
 
+    WireTap tap;
     UsbBoards usb;
 
     /// 1 if the exchange just made ended in the error prompt.
@@ -65,28 +78,39 @@ class Connect {
     /// Ticks of 0.1 s since the send; once they exceed WaitLimit the port is closed.
     std::int16_t WaitTicks = 0;
     std::int16_t WaitLimit = 0;
-    /// 1 from the first send on, 0 while a search tries a port.
+    /// 1 from the first send on.
     std::int16_t WaitArmed = 0;
 
   private:
-    enum class Ending { None, TimedOut, Lost, OnPurpose };
+    enum class Ending { None, Served, TimedOut, Lost, OnPurpose };
     /// One send that waits; they nest.
     struct Wait {
+        EventLoop::ActionId action = 0;
         Ending ending = Ending::None;
+        Exchange result;
+        /// The answer's last characters, as many as a prompt has.
+        std::string last7;
     };
     struct Trial {
         std::unique_ptr<SerialPort> port;
+        int number = 0;
     };
 
-    void exchange(const std::string& command);
+    Exchange exchange(const std::string& command);
+    void waitForPrompt(Wait& wait);
     void endWaits(Ending ending);
+    /// The action's further sends write and show nothing.
+    void silence(EventLoop::ActionId action);
+    [[nodiscard]] bool anyWaiting() const;
     void Timer1_Timer();
     void timeOut();
     void loseBoard();
+    void deviceGone();
     void receive(char c);
+    void hear(Wait& wait, char c) const;
     void receiveOnTrial(char c);
     void lineEvent(int code);
-    [[nodiscard]] bool promptSeen() const;
+    void tellTap(WireBytes::Port role, WireBytes::Direction direction, std::string_view bytes);
 
     Bench& bench;
     LinkBar& bar;
@@ -96,6 +120,8 @@ class Connect {
     LineSettings workingSettings;
     int workingNumber = 0;
     std::vector<Wait*> waits;
+    /// The actions whose sends have met a closed or lost port.
+    std::vector<EventLoop::ActionId> withoutPort;
 };
 
 } // namespace zor

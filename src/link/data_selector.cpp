@@ -18,7 +18,6 @@ DataSelector::DataSelector(Bench& ownBench, LinkBar& ownBar, Connect& channel)
     , connect(channel) {
     bar.CB_Mode.setTip(freeTip);
     bar.CB_Mode.onChange = [this] { CB_Mode_Click(); };
-    bench.variables["SavedDataSelectorIndex"] = [this] { return std::to_string(SavedDataSelectorIndex); };
 }
 
 void DataSelector::fill() {
@@ -32,7 +31,7 @@ void DataSelector::reset() {
 }
 
 void DataSelector::DisableDataSelector() {
-    if (!bar.CB_Mode.enabled() || bench.LoadBoardRev <= 1 || !connect.isOpen()) {
+    if (!bar.CB_Mode.enabled() || bench.link.LoadBoardRev <= 1 || !connect.isOpen()) {
         return;
     }
     SavedDataSelectorIndex = static_cast<std::int16_t>(bar.CB_Mode.position());
@@ -43,7 +42,7 @@ void DataSelector::DisableDataSelector() {
 }
 
 void DataSelector::EnableDataSelector() {
-    if (bar.CB_Mode.enabled() || bench.LoadBoardRev <= 1 || !connect.isOpen()) {
+    if (bar.CB_Mode.enabled() || bench.link.LoadBoardRev <= 1 || !connect.isOpen()) {
         return;
     }
     bar.CB_Mode.select(SavedDataSelectorIndex);
@@ -90,14 +89,14 @@ void DataSelector::comeBack() {
         }
         ~Marked() { mark = false; }
     } marked(comingBack);
-    if (connect.usb.IssueBreakByDriver(bench.UsbLocation) != 0) {
+    if (connect.usb.IssueBreakByDriver(bench.link.UsbLocation) != 0) {
         bar.CB_Mode.putPosition(dataMode);
         throw ToolError(portUnavailable, "Commport is not available");
     }
     connect.open(connect.portNumber(), {.clearInput = true, .dtr = true, .rts = true});
-    bench.ListChangeBlocked = true;
-    bar.LoadboardList.select(bench.LoadBoardIndex);
-    bench.ListChangeBlocked = false;
+    bench.link.ListChangeBlocked = true;
+    bar.LoadboardList.select(bench.link.LoadBoardIndex);
+    bench.link.ListChangeBlocked = false;
     bar.Connect.setEnabled(false);
     bar.Disconnect.setEnabled(true);
     // A bare carriage return brings the prompt back into step.
@@ -109,15 +108,15 @@ void DataSelector::enterDataMode() {
         return;
     }
     connect.writeDirectly(command::enterDataMode);
-    bench.LoadBoardIndex = static_cast<std::int16_t>(bar.LoadboardList.position());
-    bench.ListChangeBlocked = true;
+    bench.link.LoadBoardIndex = static_cast<std::int16_t>(bar.LoadboardList.position());
+    bench.link.ListChangeBlocked = true;
     bar.LoadboardList.putPosition(-1);
-    bench.ListChangeBlocked = false;
+    bench.link.ListChangeBlocked = false;
     connect.closeOnPurpose();
     bar.Connect.setEnabled(false);
     bar.Disconnect.setEnabled(false);
     bar.CommStatus.setText("Data mode");
-    dataModeEntered();
+    dataModeEntered.emit();
 }
 
 } // namespace zor

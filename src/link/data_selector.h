@@ -31,7 +31,10 @@ class DataSelector {
     void EnableDataSelector();
 
     /// Data mode began: the board's entry is no longer shown.
-    std::function<void()> dataModeEntered;
+    Signal<> dataModeEntered;
+
+    /// The entry that a panel's hold of the line will give back.
+    [[nodiscard]] std::int16_t savedIndex() const { return SavedDataSelectorIndex; }
 
   private:
     void CB_Mode_Click();

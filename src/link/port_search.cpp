@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::chrono::milliseconds stepInterval(100);
 constexpr std::size_t bannerLength = 94;
+constexpr int highestPort = 16;
 
 constexpr std::array<Firmware, 4> firmwares = {{
     {1, 3, "Ortolan Radio Bench System", 34, "1.", "LoadBoard 1.x: Com", "1.x on Com"},
@@ -25,8 +26,8 @@ bool standsAt(std::string_view text, std::size_t position, std::string_view part
     return text.size() >= position - 1 + part.size() && text.substr(position - 1, part.size()) == part;
 }
 
-std::int16_t portNumber(const std::string& preference) {
-    return static_cast<std::int16_t>(std::clamp(roundToInt(numericPrefix(preference)), 0, 32767));
+std::int16_t numberOf(const std::string& preference) {
+    return static_cast<std::int16_t>(std::clamp(roundToInt(numericPrefix(preference)), 0, highestPort));
 }
 
 } // namespace
@@ -54,24 +55,16 @@ PortSearch::PortSearch(Bench& ownBench, LinkBar& ownBar, Connect& channel)
     : bench(ownBench)
     , bar(ownBar)
     , connect(channel)
-    , Timer1(ownBench.platform.loop, [this] { Timer1_Timer(); }) {
-    auto publish = [this](const char* name, const std::int16_t& value) {
-        bench.variables[name] = [&value] { return std::to_string(value); };
-    };
-    publish("SearchComNr", SearchComNr);
-    publish("SearchComMax", SearchComMax);
-    publish("SearchTicks", SearchTicks);
-    publish("SearchLimit", SearchLimit);
-}
+    , Timer1(ownBench.platform.loop, [this] { Timer1_Timer(); }) {}
 
 void PortSearch::begin() {
-    SearchComNr = portNumber(bench.Commport_min);
-    SearchComMax = portNumber(bench.Commport_max);
+    SearchComNr = numberOf(bench.preferences.Commport_min);
+    SearchComMax = numberOf(bench.preferences.Commport_max);
     SearchLimit = 10;
     SearchTicks = 0;
     denied.clear();
     bench.platform.ports.renumber();
-    bench.CommState = tryToOpen;
+    claim = bench.link.port.seize(tryToOpen);
     Timer1.start(stepInterval);
     bar.Connect.setEnabled(false);
     bar.Disconnect.setEnabled(false);
@@ -80,7 +73,7 @@ void PortSearch::begin() {
 
 void PortSearch::Timer1_Timer() {
     try {
-        runStep(static_cast<Step>(bench.CommState));
+        runStep(static_cast<Step>(claim.step()));
     } catch (const PortAccessError& error) {
         denied.push_back(error.devicePath());
         connect.endTrial();
@@ -90,7 +83,7 @@ void PortSearch::Timer1_Timer() {
         if (error.number() == invalidPort || error.number() == portInUse) {
             nextPort();
         } else {
-            bench.CommState = finish;
+            claim.setStep(finish);
             bench.tellError(error, "Port searching error");
         }
     }
@@ -100,12 +93,12 @@ void PortSearch::runStep(Step step) {
     switch (step) {
     case tryToOpen:
         open();
-        bench.CommState = ask;
+        claim.setStep(ask);
         break;
     case ask:
-        connect.MSComm1().write(command::identify);
+        connect.writeToTrial(command::identify);
         connect.Last100.clear();
-        bench.CommState = listen;
+        claim.setStep(listen);
         break;
     case listen:
         listenOnce();
@@ -120,18 +113,18 @@ void PortSearch::open() {
     connect.beginTrial();
     bar.LoadboardList.putText("searching");
     bar.CommStatus.setText("COM " + std::to_string(SearchComNr));
-    connect.MSComm1().open(SearchComNr, LineSettings{});
+    connect.openTrial(SearchComNr);
 }
 
 void PortSearch::listenOnce() {
     if (SearchTicks > SearchLimit) {
         SearchTicks = 0;
-        connect.MSComm1().close();
+        connect.closeTrial();
         connect.endTrial();
         nextPort();
         return;
     }
-    if (connect.Last100.empty() || connect.Last7 != Bench::Last7OK) {
+    if (connect.Last100.empty() || connect.Last7 != LinkVariables::Last7OK) {
         ++SearchTicks;
         return;
     }
@@ -143,23 +136,23 @@ void PortSearch::listenOnce() {
         auto tips = bar.LoadboardList.entryTips();
         tips.push_back(bench.platform.ports.devicePath(SearchComNr));
         bar.LoadboardList.setEntryTips(std::move(tips));
-        bench.LoadBoardRev = firmware->loadBoardRev;
+        bench.link.LoadBoardRev = firmware->loadBoardRev;
     }
-    connect.MSComm1().close();
+    connect.closeTrial();
     connect.endTrial();
     nextPort();
 }
 
 void PortSearch::nextPort() {
     ++SearchComNr;
-    bench.CommState = SearchComNr > SearchComMax ? finish : tryToOpen;
+    claim.setStep(SearchComNr > SearchComMax ? finish : tryToOpen);
 }
 
 void PortSearch::end() {
     Timer1.stop();
-    bench.CommState = 0;
+    claim.giveBack();
     bar.CommStatus.setText("Finished");
-    finished();
+    finished.emit();
 }
 
 } // namespace zor

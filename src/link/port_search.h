@@ -17,7 +17,7 @@ namespace zor {
 ///         ^                          |
 ///         +------- next port <-------+   a port that is missing or in use goes on to the next at once
 ///
-/// The step is kept in CommState, so that no panel begins a sequence meanwhile.
+/// It takes the port from whoever has it, so that no panel begins a sequence meanwhile.
 class PortSearch {
   public:
     PortSearch(Bench& ownBench, LinkBar& ownBar, Connect& channel);
@@ -26,9 +26,15 @@ class PortSearch {
     void begin();
 
     /// Search over: the bars are set, CommState is 0.
-    std::function<void()> finished;
+    Signal<> finished;
     /// Devices that exist but that the user may not open, found by the last search.
     [[nodiscard]] const std::vector<std::string>& deniedDevices() const { return denied; }
+
+    // How far it is.
+    [[nodiscard]] std::int16_t portNumber() const { return SearchComNr; }
+    [[nodiscard]] std::int16_t lastPort() const { return SearchComMax; }
+    [[nodiscard]] std::int16_t ticks() const { return SearchTicks; }
+    [[nodiscard]] std::int16_t tickLimit() const { return SearchLimit; }
 
   private:
     enum Step : std::int32_t { tryToOpen = 1, ask = 2, listen = 3, finish = 100 };
@@ -44,6 +50,7 @@ class PortSearch {
     LinkBar& bar;
     Connect& connect;
     Timer Timer1;
+    PortClaim claim;
     std::int16_t SearchComNr = 0;
     std::int16_t SearchComMax = 0;
     std::int16_t SearchTicks = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/event_loop.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zor {
@@ -17,13 +18,13 @@ void EventLoop::runUntil(const std::function<bool()>& condition) {
 void EventLoop::perform(const std::function<void()>& action) {
     {
         struct Inside {
-            int& depth;
-            explicit Inside(int& actionDepth)
-                : depth(actionDepth) {
-                ++depth;
+            std::vector<ActionId>& actions;
+            Inside(std::vector<ActionId>& running, ActionId id)
+                : actions(running) {
+                actions.push_back(id);
             }
-            ~Inside() { --depth; }
-        } inside(depth);
+            ~Inside() { actions.pop_back(); }
+        } inside(actions, ++lastAction);
         try {
             // A timer that is still on or a click that was on its way finds a program that is going.
             if (!leaving()) {
@@ -37,14 +38,18 @@ void EventLoop::perform(const std::function<void()>& action) {
             }
         }
     }
-    if (depth == 0) {
+    if (actions.empty()) {
         flushDiscards();
     }
 }
 
+bool EventLoop::isRunning(ActionId action) const {
+    return std::find(actions.begin(), actions.end(), action) != actions.end();
+}
+
 void EventLoop::discardLater(std::function<void()> discard) {
     discards.push_back(std::move(discard));
-    if (depth == 0) {
+    if (actions.empty()) {
         flushDiscards();
     }
 }

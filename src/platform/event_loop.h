@@ -53,7 +53,12 @@ class EventLoop {
     void discardLater(std::function<void()> discard);
 
     /// True while any action runs.
-    [[nodiscard]] bool acting() const { return depth > 0; }
+    [[nodiscard]] bool acting() const { return !actions.empty(); }
+    /// Names one run of one action; never the same twice. 0 is none.
+    using ActionId = std::uint64_t;
+    /// The innermost action that runs; 0 if none does.
+    [[nodiscard]] ActionId currentAction() const { return actions.empty() ? 0 : actions.back(); }
+    [[nodiscard]] bool isRunning(ActionId action) const;
 
     /// From now on every wait ends by ActionDropped.
     void leave() { isLeaving = true; }
@@ -70,7 +75,8 @@ class EventLoop {
     void flushDiscards();
 
     std::vector<std::function<void()>> discards;
-    int depth = 0;
+    std::vector<ActionId> actions;
+    ActionId lastAction = 0;
     bool isLeaving = false;
 };
 

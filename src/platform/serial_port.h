@@ -76,6 +76,9 @@ class SerialPort {
     std::function<void(char)> received;
     /// One call a line error, with an Event or another driver code.
     std::function<void(int)> eventRaised;
+    /// The device of the open port has gone; told once, within a second, also when nothing is sent. The port
+    /// counts as open until it is closed.
+    std::function<void()> deviceGone;
 };
 
 /// Makes the ports of this machine.

@@ -17,11 +17,11 @@ Splash::Splash(Bench& ownBench)
     onClick = vanish;
     Picture1.onClick = vanish;
     lblVersion.onClick = vanish;
-    bench.SplashOn = true;
+    bench.windows.SplashOn = true;
 }
 
 void Splash::unload() {
-    bench.SplashOn = false;
+    bench.windows.SplashOn = false;
 }
 
 About::About(Bench& ownBench)

@@ -38,6 +38,9 @@ MainMenu::MainMenu(Form& main)
     , mnuSPI(main, &mnuAdv, "mnuSPI", "SPI Tool")
     , mnuGenCHeader(main, &mnuAdv, "mnuGenCHeader", "ANSI C Header Generator")
     , mnuload(main, &mnuAdv, "mnuload", "Firmware Loader")
+    , mnutoolsTxSearch(main, &mnuAdv, "mnutoolsTxSearch", "Transmitter Auto Search")
+    , mnutoolsSniffer(main, &Tools, "mnutoolsSniffer", "VireoMac Packet Sniffer")
+    , mnutoolsWireLog(main, &Tools, "mnutoolsWireLog", "Wire Log")
     , Help(main, nullptr, "Help", "Help")
     , mnuHelpSWguide(main, &Help, "mnuHelpSWguide", "ZOR Software Guide")
     , mnuHelp1100DS(main, &Help, "mnuHelp1100DS", "KT1100 datatsheet")
@@ -50,7 +53,7 @@ MainMenu::MainMenu(Form& main)
     mnuAdv.setVisible(false);
     mnuload.setVisible(false);
 
-    // What has no window yet, and what only a panel or a board enables.
+    // What only a panel, a board or an existing window enables.
     for (MenuEntry* entry : {&mnuViewTx0,
                              &mnuViewTx0Bijaku,
                              &mnuViewTx1,
@@ -71,7 +74,10 @@ MainMenu::MainMenu(Form& main)
                              &mnuToolsBerylTestmode,
                              &mnuSPI,
                              &mnuGenCHeader,
-                             &mnuload}) {
+                             &mnuload,
+                             &mnutoolsTxSearch,
+                             &mnutoolsSniffer,
+                             &mnutoolsWireLog}) {
         entry->setEnabled(false);
     }
 }

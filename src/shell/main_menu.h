@@ -46,6 +46,9 @@ struct MainMenu {
     MenuEntry mnuSPI;
     MenuEntry mnuGenCHeader;
     MenuEntry mnuload;
+    MenuEntry mnutoolsTxSearch;
+    MenuEntry mnutoolsSniffer;
+    MenuEntry mnutoolsWireLog;
 
     MenuEntry Help;
     MenuEntry mnuHelpSWguide;

@@ -17,7 +17,7 @@ constexpr const char* startFileClosing = "Please save the workspace again!";
 } // namespace
 
 MainWindow::MainWindow(Platform& platform, Desk& desk)
-    : Form(desk, "main", productTitle)
+    : Form(desk, "main", productTitle, Kind::Main)
     , Notice(*this, "Notice")
     , Toolbar1(*this, "Toolbar1")
     , TX(*this, Toolbar1, "TX", "KT110x")
@@ -26,7 +26,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , EE(*this, Toolbar1, "EE", "EE")
     , linkBar(*this)
     , menu(*this)
-    , ownBench(platform, desk)
+    , ownBench(platform, desk, tools)
     , channel(ownBench, linkBar)
     , selector(ownBench, linkBar, channel)
     , search(ownBench, linkBar, channel)
@@ -39,8 +39,8 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     ownBench.connect = &channel;
     ownBench.dataSelector = &selector;
     ownBench.CommStatus = &linkBar.CommStatus;
-    ownBench.variables["FactoryClickPending"] = [this] { return FactoryClickPending ? "true" : "false"; };
-    ownBench.variables["PlainCaption"] = [this] { return PlainCaption; };
+    subscriptions.push_back(
+        ownBench.noticed.subscribe([this](const std::string& text) { Notice.setCaption(text); }));
     platform.loop.uncaught = [this](const ToolError& error) { ownBench.tellError(error, productTitle); };
     FactoryModeTimer.setInterval(factoryGestureTime);
     EE.setTip("EEPROM programmer");
@@ -48,6 +48,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     // Nothing is connected, also where the start ends early.
     linkBar.Disconnect.setEnabled(false);
     workspace.openPanel = [this](std::string_view panel) { registry.reopen(panel); };
+    workspace.createPanel = [this](std::string_view panel) -> Form& { return registry.create(panel); };
     wireMenu();
     wireLink();
 }
@@ -59,7 +60,7 @@ MainWindow::~MainWindow() {
 void MainWindow::wireMenu() {
     auto wire = [this](MenuEntry& entry, std::function<void()> action) {
         entry.onClick = [this, action = std::move(action)] {
-            tools.closeSplash();
+            tools.close(Tool::frm_Splash);
             action();
         };
     };
@@ -74,26 +75,20 @@ void MainWindow::wireMenu() {
         menu.mnuViewToolbar.setChecked(!menu.mnuViewToolbar.checked());
         Toolbar1.setVisible(menu.mnuViewToolbar.checked());
     });
-    struct ToolEntry {
-        MenuEntry* entry;
-        const char* form;
-    };
-    const ToolEntry toolEntries[] = {
-        {&menu.mnutoolsTerminal, "Terminal"},
-        {&menu.mnutoolsECET, "ECET"},
-        {&menu.mnutoolsRFSetup_RX, "frm_Link_RX"},
-        {&menu.mnutoolsRFSetup_TX, "frm_Link"},
-        {&menu.mnuToolsBerylRFlink, "Frm_BerylRfLinkTest"},
-        {&menu.mnuToolsOpalTestmode, "OpalV2test"},
-        {&menu.mnuToolsAmberTestmode, "Frm_AmberTestFunctions"},
-        {&menu.mnuToolsBerylTestmode, "Frm_BerylTestFunctions"},
-        {&menu.mnuload, "FirmLoad"},
-    };
-    for (const ToolEntry& row : toolEntries) {
-        wire(*row.entry, [this, form = row.form] { openTool(form); });
+    for (const ToolRow& row : toolRows()) {
+        if (row.entry != nullptr) {
+            wire(menu.*row.entry, [this, tool = row.tool] { openTool(tool); });
+        }
     }
-    wire(menu.mnuToolsRFlink,
-         [this] { openTool(ownBench.LoadBoardRev == 2 ? "AmberV1rflink_LB2" : "AmberV1rflink"); });
+    // Its window is another one for each generation of the board.
+    wire(menu.mnuToolsRFlink, [this] {
+        openTool(ownBench.link.LoadBoardRev == 2 ? Tool::AmberV1rflink_LB2 : Tool::AmberV1rflink);
+    });
+    // Those that need neither a panel nor a board; mnuload is enabled while a loader is connected.
+    for (Tool tool :
+         {Tool::SPI, Tool::Frm_GenHeader, Tool::frm_VireoMacSniffer, Tool::frm_TxSearch, Tool::frm_WireLog}) {
+        (menu.*rowOf(tool).entry).setEnabled(tools.exists(tool));
+    }
     wire(menu.mnuHelpSWguide, [] {});
     wire(menu.mnuHelp1100DS, [] {});
     wire(menu.mnuHelp2100DS, [] {});
@@ -104,9 +99,9 @@ void MainWindow::wireMenu() {
     onDoubleClick = [this] { factoryGesture(); };
 }
 
-void MainWindow::openTool(std::string_view form) {
-    if (ownBench.openTool.contains(form)) {
-        ownBench.open(form);
+void MainWindow::openTool(Tool tool) {
+    if (tools.exists(tool)) {
+        tools.open(tool);
     } else {
         Notice.setCaption("This version does not have that window.");
     }
@@ -115,17 +110,16 @@ void MainWindow::openTool(std::string_view form) {
 void MainWindow::wireLink() {
     linkBar.Connect.onClick = [this] { Connect_Click(); };
     linkBar.Disconnect.onClick = [this] { Disconnect_Click(); };
-    search.finished = [this] { searchFinished(); };
-    selector.dataModeEntered = [this] { menu.mnuload.setEnabled(false); };
-    channel.boardLost = [this] { menu.mnuload.setEnabled(false); };
-    boardChoice.otherBoardLeft = [this] {
-        menu.mnuload.setEnabled(false);
-        disableLinkEntries();
-    };
-    boardChoice.loaderConnected = [this] { menu.mnuload.setEnabled(true); };
-    boardChoice.panelsEnabled = [this] { EnablePanelButtons(true); };
-    boardChoice.generation2Connected = [this] {
-        const Bench& b = ownBench;
+    auto noLoader = [this] { menu.mnuload.setEnabled(false); };
+    listen(search.finished, [this] { searchFinished(); });
+    listen(selector.dataModeEntered, noLoader);
+    listen(channel.lost, noLoader);
+    listen(boardChoice.otherBoardLeft, noLoader);
+    listen(boardChoice.otherBoardLeft, [this] { disableLinkEntries(); });
+    listen(boardChoice.loaderConnected, [this] { menu.mnuload.setEnabled(true); });
+    listen(boardChoice.panelsEnabled, [this] { EnablePanelButtons(true); });
+    listen(boardChoice.generation2Connected, [this] {
+        const WindowSwitches& b = ownBench.windows;
         if (b.TRXon || b.TRX1on) {
             menu.mnuToolsBerylRFlink.setEnabled(true);
             menu.mnutoolsRFSetup_TX.setEnabled(true);
@@ -137,22 +131,22 @@ void MainWindow::wireLink() {
         if (b.RXon || b.RX1on) {
             menu.mnutoolsRFSetup_RX.setEnabled(true);
         }
-    };
+    });
 }
 
 void MainWindow::start() {
     show();
     FactoryClickPending = false;
     PlainCaption = title();
-    ownBench.CurrentPath = ownBench.platform.programFolder.string();
-    ownBench.CurrentDrive = ownBench.CurrentPath.substr(0, 2);
-    ownBench.CommState = 0;
+    ownBench.link.CurrentPath = ownBench.platform.programFolder.string();
+    ownBench.link.CurrentDrive = ownBench.link.CurrentPath.substr(0, 2);
+    ownBench.link.port.endStart();
     linkBar.LoadBoard.setText("not found");
     try {
         readPreferences(ownBench);
         EnablePanelButtons(false);
         startSearch();
-        if (ownBench.Pref_LoadWS == 1) {
+        if (ownBench.preferences.Pref_LoadWS == 1) {
             workspace.load();
         } else {
             tools.openSplash(extent());
@@ -217,22 +211,16 @@ void MainWindow::Connect_Click() {
     if (channel.isOpen() || !linkBar.LoadboardList.entries().empty()) {
         return;
     }
-    ownBench.LoadBoardRev = 0;
+    ownBench.link.LoadBoardRev = 0;
     EnablePanelButtons(false);
     startSearch();
 }
 
 void MainWindow::closeLinkTools() {
-    const std::array<std::pair<bool, const char*>, 4> linkTools = {{
-        {ownBench.TRxLinkOn, "Frm_BerylRfLinkTest"},
-        {ownBench.RxLinkOn_LB2, "AmberV1rflink_LB2"},
-        {ownBench.CWLinkTXOn, "frm_Link"},
-        {ownBench.CWLinkRXOn, "frm_Link_RX"},
-    }};
-    for (const auto& [open, name] : linkTools) {
-        if (open) {
-            ownBench.close(name);
-        }
+    // Those that are open, whatever their switches say.
+    for (Tool tool :
+         {Tool::Frm_BerylRfLinkTest, Tool::AmberV1rflink_LB2, Tool::frm_Link, Tool::frm_Link_RX}) {
+        tools.close(tool);
     }
     disableLinkEntries();
 }
@@ -286,7 +274,7 @@ void MainWindow::browse(const std::string& folder, const std::string& title) {
     FileChoice choice = ownBench.platform.dialogs.chooseFile(
         {.mode = FileRequest::Mode::Load,
          .title = title,
-         .folder = std::filesystem::path(ownBench.CurrentPath) / ".." / folder,
+         .folder = std::filesystem::path(ownBench.link.CurrentPath) / ".." / folder,
          .startName = pattern,
          .filter = "Documentation files (*.PDF)|*.pdf|All files (*.*)|*.*",
          .defaultExtension = "pdf"});

@@ -15,7 +15,11 @@
 #include "shell/tool_windows.h"
 #include "shell/workspace.h"
 
+#include <functional>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace zor {
 
@@ -28,6 +32,12 @@ class MainWindow : public Form {
     ~MainWindow() override;
 
     [[nodiscard]] Bench& bench() { return ownBench; }
+    [[nodiscard]] const PortSearch& portSearch() const { return search; }
+    [[nodiscard]] const DataSelector& dataSelector() const { return selector; }
+    /// A double click on the empty window waits for a second one.
+    [[nodiscard]] bool factoryClickPending() const { return FactoryClickPending; }
+    /// The title without the mark of that gesture.
+    [[nodiscard]] const std::string& plainCaption() const { return PlainCaption; }
 
     /// Creates what the start-up order says, shows the window and starts the port search. Called once.
     void start();
@@ -53,9 +63,12 @@ class MainWindow : public Form {
     void unload() override;
 
   private:
+    void listen(Signal<>& signal, std::function<void()> action) {
+        subscriptions.push_back(signal.subscribe(std::move(action)));
+    }
     void wireMenu();
     /// Opens a tool's window, or says that there is none.
-    void openTool(std::string_view form);
+    void openTool(Tool tool);
     void wireLink();
     void startSearch();
     void searchFinished();
@@ -78,6 +91,7 @@ class MainWindow : public Form {
     Timer FactoryModeTimer;
     bool FactoryClickPending = false;
     std::string PlainCaption;
+    std::vector<Subscription> subscriptions;
 };
 
 } // namespace zor

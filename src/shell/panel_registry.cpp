@@ -12,15 +12,12 @@ namespace zor {
 
 namespace {
 
-constexpr const char* supplyTool = "frm_PowerSupply";
-constexpr const char* eepromTool = "eeprom";
-
 /// Closes all of them, also where one that sends at its end is dropped in its wait.
-void closeTools(const Bench& bench, const std::vector<const char*>& names) {
+void closeTools(const Bench& bench, const std::vector<Tool>& tools) {
     std::exception_ptr failure;
-    for (const char* name : names) {
+    for (Tool tool : tools) {
         try {
-            bench.close(name);
+            bench.tools.close(tool);
         } catch (...) {
             failure = std::current_exception();
         }
@@ -42,7 +39,7 @@ struct PanelRegistry::Slot {
 struct PanelRegistry::Class {
     ChipClass chipClass;
     BarButton& button;
-    std::string Bench::*selected;
+    std::string Selections::*selected;
     const char* nothingSelected;
 };
 
@@ -54,10 +51,8 @@ PanelRegistry::PanelRegistry(Bench& ownBench, MainMenu& ownMenu, ChipButtons own
     , chipClasses(classes(ownButtons)) {
     for (const PanelRow& row : rows) {
         slots.push_back(std::make_unique<Slot>(Slot{row, nullptr, {}}));
-        if (row.make != nullptr) {
-            offerToWorkspace(*slots.back());
-        }
     }
+    bench.findOpenPanel = [this] { return openPanel(); };
     wireMenu();
     for (Class& chipClass : chipClasses) {
         wireButton(chipClass);
@@ -65,14 +60,16 @@ PanelRegistry::PanelRegistry(Bench& ownBench, MainMenu& ownMenu, ChipButtons own
     wireEeprom();
 }
 
-PanelRegistry::~PanelRegistry() = default;
+PanelRegistry::~PanelRegistry() {
+    bench.findOpenPanel = nullptr;
+}
 
 std::vector<PanelRegistry::Class> PanelRegistry::classes(const ChipButtons& buttons) {
-    return {{ChipClass::Transmitter, buttons.TX, &Bench::SelectedTx,
+    return {{ChipClass::Transmitter, buttons.TX, &Selections::SelectedTx,
              "Please select KT1100, KT1100B, KT1101 or KT1102 from the dropdown list!"},
-            {ChipClass::Receiver, buttons.RX, &Bench::SelectedRx,
+            {ChipClass::Receiver, buttons.RX, &Selections::SelectedRx,
              "Please select KT2100 or KT2102 from the dropdown list!"},
-            {ChipClass::Transceiver, buttons.TRX, &Bench::SelectedTrx,
+            {ChipClass::Transceiver, buttons.TRX, &Selections::SelectedTrx,
              "Please select KT3100, KT3100B or KT3101 from the dropdown list!"}};
 }
 
@@ -101,23 +98,31 @@ void PanelRegistry::wireButton(Class& chipClass) {
     };
 }
 
-void PanelRegistry::offerToWorkspace(Slot& slot) {
-    bench.createTool[slot.row.name] = [this, &slot]() -> Form& {
-        ChipPanel& panel = ensure(slot);
-        if (!panel.isOpen()) {
-            panel.SetFrameMode();
-        }
-        return panel;
-    };
+Form& PanelRegistry::create(std::string_view panel) {
+    Slot& slot = slotOf(panel);
+    if (slot.row.make == nullptr) {
+        throw ToolError(cannotCreate, "Window " + std::string(panel) + " cannot be created");
+    }
+    ChipPanel& window = ensure(slot);
+    if (!window.isOpen()) {
+        window.SetFrameMode();
+    }
+    return window;
+}
+
+ChipPanel* PanelRegistry::openPanel() const {
+    auto open = std::find_if(slots.begin(), slots.end(),
+                             [](const auto& slot) { return slot->panel && slot->panel->isOpen(); });
+    return open == slots.end() ? nullptr : (*open)->panel.get();
 }
 
 void PanelRegistry::wireEeprom() {
-    bool exists = bench.openTool.contains(eepromTool);
+    bool exists = bench.tools.exists(Tool::eeprom);
     buttons.EE.setEnabled(exists);
     menu.mnutoolsEEPROM.setEnabled(exists);
-    buttons.EE.onClick = [this] { bench.EEPROMon ? EEPROM_hide() : EEPROM_show(); };
+    buttons.EE.onClick = [this] { bench.windows.EEPROMon ? EEPROM_hide() : EEPROM_show(); };
     menu.mnutoolsEEPROM.onClick = [this] {
-        bench.close("frm_Splash");
+        bench.tools.close(Tool::frm_Splash);
         EEPROM_show();
     };
 }
@@ -138,12 +143,12 @@ MenuEntry& PanelRegistry::entryOf(const PanelRow& row) const {
 
 void PanelRegistry::remember(const PanelChoice& choice) {
     Class& chipClass = classOf(slotOf(choice.panel).row.chipClass);
-    bench.*chipClass.selected = choice.selection;
+    bench.selections.*chipClass.selected = choice.selection;
     chipClass.button.setCaption(choice.caption);
 }
 
 void PanelRegistry::choose(const PanelChoice& choice) {
-    bench.close("frm_Splash");
+    bench.tools.close(Tool::frm_Splash);
     remember(choice);
     Slot& slot = slotOf(choice.panel);
     bool bijaku = choice.variant == Variant::Bijaku;
@@ -152,13 +157,13 @@ void PanelRegistry::choose(const PanelChoice& choice) {
         hide(slot);
     }
     bench.SetBijakuMode(bijaku);
-    TogglePanel(choice.panel, bench.*slot.row.on);
+    TogglePanel(choice.panel, bench.windows.*slot.row.on);
 }
 
 void PanelRegistry::barClicked(ChipClass kind) {
     const Class& chipClass = classOf(kind);
     for (const PanelChoice& choice : panelChoices()) {
-        if (choice.selection == bench.*chipClass.selected &&
+        if (choice.selection == bench.selections.*chipClass.selected &&
             slotOf(choice.panel).row.chipClass == chipClass.chipClass) {
             choose(choice);
             return;
@@ -174,8 +179,9 @@ void PanelRegistry::TogglePanel(std::string_view panel, bool state) {
         return;
     }
     auto otherOpen = [&] {
-        return std::find_if(slots.begin(), slots.end(),
-                            [&](const auto& other) { return other.get() != &slot && bench.*other->row.on; });
+        return std::find_if(slots.begin(), slots.end(), [&](const auto& other) {
+            return other.get() != &slot && bench.windows.*other->row.on;
+        });
     };
     // A tool that sends as it is closed lets the user act meanwhile, so each hiding looks again.
     for (auto other = otherOpen(); other != slots.end(); other = otherOpen()) {
@@ -218,10 +224,10 @@ void PanelRegistry::show(Slot& slot) {
         throw ToolError(cannotCreate, "Window " + std::string(slot.row.name) + " cannot be created");
     }
     classOf(slot.row.chipClass).button.setPressed(true);
-    bench.*slot.row.on = true;
+    bench.windows.*slot.row.on = true;
     entryOf(slot.row).setChecked(true);
     ChipPanel& panel = ensure(slot);
-    if (!(bench.*slot.row.on) || slot.panel.get() != &panel) {
+    if (!(bench.windows.*slot.row.on) || slot.panel.get() != &panel) {
         // Hidden or closed again while its load waited.
         return;
     }
@@ -235,7 +241,7 @@ void PanelRegistry::enableTools(const PanelTools& tools) {
     for (auto entry : tools.enabledOnShow) {
         (menu.*entry).setEnabled(true);
     }
-    if (bench.LoadBoardRev == 2) {
+    if (bench.link.LoadBoardRev == 2) {
         for (auto entry : tools.enabledWithGeneration2) {
             (menu.*entry).setEnabled(true);
         }
@@ -245,7 +251,7 @@ void PanelRegistry::enableTools(const PanelTools& tools) {
 void PanelRegistry::hide(Slot& slot) {
     const PanelRow& row = slot.row;
     classOf(row.chipClass).button.setPressed(false);
-    bench.*row.on = false;
+    bench.windows.*row.on = false;
     (menu.*row.view).setChecked(false);
     if (row.viewBijaku != nullptr) {
         (menu.*row.viewBijaku).setChecked(false);
@@ -265,27 +271,27 @@ void PanelRegistry::panelClosed(Slot& slot) {
     bench.platform.loop.discardLater([leaving]() mutable { leaving.reset(); });
     try {
         // What it sent at its end waited; another panel may have taken its place meanwhile, and its entries.
-        if (bench.*slot.row.on) {
+        if (bench.windows.*slot.row.on) {
             hide(slot);
         }
     } catch (...) {
-        bench.close(supplyTool);
+        bench.tools.close(Tool::frm_PowerSupply);
         throw;
     }
-    bench.close(supplyTool);
+    bench.tools.close(Tool::frm_PowerSupply);
 }
 
 void PanelRegistry::EEPROM_show() {
     buttons.EE.setPressed(true);
-    bench.open(eepromTool);
-    if (Form* form = bench.desk.find(eepromTool)) {
+    bench.tools.open(Tool::eeprom);
+    if (Form* form = bench.tools.find(Tool::eeprom)) {
         eepromEnding = form->closed.subscribe([this] { buttons.EE.setPressed(false); });
     }
 }
 
 void PanelRegistry::EEPROM_hide() {
     buttons.EE.setPressed(false);
-    bench.close(eepromTool);
+    bench.tools.close(Tool::eeprom);
 }
 
 void PanelRegistry::closeAtExit() {

@@ -40,6 +40,12 @@ class PanelRegistry {
     /// is no such panel.
     void reopen(std::string_view panel);
 
+    /// The panel, filled and not shown, for a window that is placed before it is shown. Throws ToolError if
+    /// there is no such panel.
+    Form& create(std::string_view panel);
+    /// The panel that is on the screen; nullptr if there is none.
+    [[nodiscard]] ChipPanel* openPanel() const;
+
     void EEPROM_show();
     void EEPROM_hide();
 
@@ -53,8 +59,6 @@ class PanelRegistry {
     void wireMenu();
     void wireButton(Class& chipClass);
     void wireEeprom();
-    /// Lets the workspace place the panel before it is shown.
-    void offerToWorkspace(Slot& slot);
     [[nodiscard]] static std::vector<Class> classes(const ChipButtons& buttons);
     [[nodiscard]] Class& classOf(ChipClass chipClass);
     [[nodiscard]] Slot& slotOf(std::string_view panel);

@@ -26,7 +26,7 @@ PanelTools receiverTools() {
             .disabledOnHide = {&Menu::mnuToolsOpalTestmode, &Menu::mnuToolsAmberTestmode,
                                &Menu::mnuToolsBerylTestmode, &Menu::mnuToolsRFlink,
                                &Menu::mnutoolsRFSetup_RX},
-            .closedOnHide = {"AmberV1rflink", "AmberV1rflink_LB2", "frm_Link_RX"}};
+            .closedOnHide = {Tool::AmberV1rflink, Tool::AmberV1rflink_LB2, Tool::frm_Link_RX}};
 }
 
 PanelTools transmitterTools() {
@@ -35,7 +35,7 @@ PanelTools transmitterTools() {
             .disabledOnHide = {&Menu::mnuToolsOpalTestmode, &Menu::mnuToolsAmberTestmode,
                                &Menu::mnuToolsBerylTestmode, &Menu::mnuToolsRFlink, &Menu::mnutoolsECET,
                                &Menu::mnutoolsRFSetup_TX},
-            .closedOnHide = {"frm_Link", "OpalV2test"}};
+            .closedOnHide = {Tool::frm_Link, Tool::OpalV2test}};
 }
 
 /// The tools know nothing of the KT1102; those of its siblings go all the same.
@@ -53,7 +53,7 @@ PanelTools transceiverTools() {
             .disabledOnHide = {&Menu::mnuToolsOpalTestmode, &Menu::mnuToolsAmberTestmode,
                                &Menu::mnuToolsBerylTestmode, &Menu::mnuToolsBerylRFlink,
                                &Menu::mnutoolsRFSetup_TX, &Menu::mnutoolsRFSetup_RX},
-            .closedOnHide = {"frm_Link", "frm_Link_RX", "Frm_BerylRfLinkTest"}};
+            .closedOnHide = {Tool::frm_Link, Tool::frm_Link_RX, Tool::Frm_BerylRfLinkTest}};
 }
 
 } // namespace
@@ -64,13 +64,13 @@ const std::vector<PanelRow>& panelRows() {
     constexpr auto transceiver = ChipClass::Transceiver;
     // clang-format off
     static const std::vector<PanelRow> rows = {
-        {"OpalV2",    &Bench::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>},
-        {"JadeV1",    &Bench::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>},
-        {"KT1102",    &Bench::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>},
-        {"AmberV1",   &Bench::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    make<AmberV1>},
-        {"Coral",     &Bench::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    make<Coral>},
-        {"BerylV3",   &Bench::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>},
-        {"FRM_Topaz", &Bench::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), make<FRM_Topaz>},
+        {"OpalV2",    &WindowSwitches::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>},
+        {"JadeV1",    &WindowSwitches::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>},
+        {"KT1102",    &WindowSwitches::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>},
+        {"AmberV1",   &WindowSwitches::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    make<AmberV1>},
+        {"Coral",     &WindowSwitches::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    make<Coral>},
+        {"BerylV3",   &WindowSwitches::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>},
+        {"FRM_Topaz", &WindowSwitches::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), make<FRM_Topaz>},
     };
     // clang-format on
     return rows;

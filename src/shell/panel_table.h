@@ -21,15 +21,14 @@ struct PanelTools {
     /// Enabled with the panel while a generation 2 board is connected.
     std::vector<MenuEntry MainMenu::*> enabledWithGeneration2;
     std::vector<MenuEntry MainMenu::*> disabledOnHide;
-    /// Forms' names.
-    std::vector<const char*> closedOnHide;
+    std::vector<Tool> closedOnHide;
 };
 
 /// One chip panel.
 struct PanelRow {
     /// Its form's name.
     const char* name;
-    bool Bench::*on;
+    bool WindowSwitches::*on;
     ChipClass chipClass;
     MenuEntry MainMenu::*view;
     /// The entry of the regional low-power variant; nullptr for a chip without one.

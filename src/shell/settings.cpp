@@ -40,14 +40,15 @@ std::filesystem::path settingsFileToWrite(const Platform& platform, const std::s
 }
 
 StoredPreferences storedPreferences(const Bench& bench) {
-    return {bench.Commport_min, bench.Pref_LoadWS, bench.Pref_CCautoLoad, bench.Commport_max};
+    return {bench.preferences.Commport_min, bench.preferences.Pref_LoadWS, bench.preferences.Pref_CCautoLoad,
+            bench.preferences.Commport_max};
 }
 
 void takePreferences(Bench& bench, const StoredPreferences& preferences) {
-    bench.Commport_min = preferences.Commport_min;
-    bench.Commport_max = preferences.Commport_max;
-    bench.Pref_LoadWS = preferences.Pref_LoadWS;
-    bench.Pref_CCautoLoad = preferences.Pref_CCautoLoad;
+    bench.preferences.Commport_min = preferences.Commport_min;
+    bench.preferences.Commport_max = preferences.Commport_max;
+    bench.preferences.Pref_LoadWS = preferences.Pref_LoadWS;
+    bench.preferences.Pref_CCautoLoad = preferences.Pref_CCautoLoad;
 }
 
 void parsePreferences(std::string bytes, StoredPreferences& preferences) {

@@ -10,21 +10,44 @@ constexpr Twips splashRise = 2000;
 
 } // namespace
 
-ToolWindows::ToolWindows(Bench& ownBench)
+ToolWindows::ToolWindows(Bench& ownBench, const std::vector<ToolRow>& rows)
     : bench(ownBench)
-    , splash(ownBench.platform.loop)
     , about(ownBench.platform.loop)
     , products(ownBench.platform.loop)
-    , preferences(ownBench.platform.loop)
-    , terminal(ownBench.platform.loop)
-    , powerSupply(ownBench.platform.loop) {
-    bench.closeTool["frm_Splash"] = [this] { closeSplash(); };
-    offer("Terminal", terminal);
-    offer("frm_PowerSupply", powerSupply);
+    , preferences(ownBench.platform.loop) {
+    for (const ToolRow& row : rows) {
+        slots.push_back(std::make_unique<Slot>(Slot{row, WindowSlot<Form>(ownBench.platform.loop)}));
+    }
+}
+
+bool ToolWindows::exists(Tool tool) const {
+    return slotOf(tool).row.make != nullptr;
+}
+
+void ToolWindows::open(Tool tool) {
+    if (exists(tool)) {
+        create(tool).show();
+    }
+}
+
+void ToolWindows::close(Tool tool) {
+    slotOf(tool).window.close();
+}
+
+Form& ToolWindows::create(Tool tool) {
+    Slot& slot = slotOf(tool);
+    if (!exists(tool)) {
+        throw ToolError(cannotCreate, "Window " + std::string(slot.row.form) + " cannot be created");
+    }
+    return slot.window.ensure([&] { return slot.row.make(bench); });
+}
+
+Form* ToolWindows::find(Tool tool) const {
+    return slotOf(tool).window.get();
 }
 
 void ToolWindows::openSplash(Extent mainExtent) {
-    Splash& window = splash.ensure([this] { return std::make_unique<Splash>(bench); });
+    Form& window = create(Tool::frm_Splash);
     window.setPlace({(mainExtent.height - splashRise) / 2 - window.extent().height / 2,
                      mainExtent.width / 2 - window.extent().width / 2});
     window.show();

@@ -4,10 +4,10 @@
 #include "link/bench.h"
 #include "shell/about.h"
 #include "shell/preferences.h"
-#include "utilities/power_supply.h"
-#include "utilities/terminal.h"
+#include "shell/tool_table.h"
 
 #include <memory>
+#include <vector>
 
 namespace zor {
 
@@ -48,38 +48,36 @@ class WindowSlot {
     Subscription ending;
 };
 
-/// The tools and small windows around the panels; fills the bench's rows of how they are opened and closed.
-class ToolWindows {
+/// The tools and small windows around the panels: the one place that makes them. Owned by the main window.
+class ToolWindows : public Tools {
   public:
-    explicit ToolWindows(Bench& ownBench);
+    explicit ToolWindows(Bench& ownBench, const std::vector<ToolRow>& rows = toolRows());
+
+    [[nodiscard]] bool exists(Tool tool) const override;
+    void open(Tool tool) override;
+    void close(Tool tool) override;
+    Form& create(Tool tool) override;
+    [[nodiscard]] Form* find(Tool tool) const override;
 
     /// Above the middle of the main window.
     void openSplash(Extent mainExtent);
-    void closeSplash() { splash.close(); }
     void openAbout(Extent mainExtent);
     void openProducts();
     /// @param firmwareLoader  the menu entry that the dialog shows and hides
     void openPreferences(MenuEntry& firmwareLoader);
 
   private:
-    /// Fills the bench's rows of a tool.
-    template <class Window>
-    void offer(const char* name, WindowSlot<Window>& slot) {
-        auto create = [this, &slot]() -> Form& {
-            return slot.ensure([this] { return std::make_unique<Window>(bench); });
-        };
-        bench.createTool[name] = create;
-        bench.openTool[name] = [create] { create().show(); };
-        bench.closeTool[name] = [&slot] { slot.close(); };
-    }
+    struct Slot {
+        const ToolRow& row;
+        WindowSlot<Form> window;
+    };
+    [[nodiscard]] Slot& slotOf(Tool tool) const { return *slots[static_cast<std::size_t>(tool)]; }
 
     Bench& bench;
-    WindowSlot<Splash> splash;
+    std::vector<std::unique_ptr<Slot>> slots;
     WindowSlot<About> about;
     WindowSlot<Products> products;
     WindowSlot<Preferences> preferences;
-    WindowSlot<Terminal> terminal;
-    WindowSlot<PowerSupply> powerSupply;
 };
 
 } // namespace zor

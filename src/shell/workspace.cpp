@@ -3,9 +3,11 @@
 
 #include "elements/tick_box.h"
 #include "shell/settings.h"
+#include "shell/tool_table.h"
 #include "support/error.h"
 #include "support/record_file.h"
 
+#include <optional>
 #include <utility>
 
 namespace zor {
@@ -18,9 +20,23 @@ constexpr std::string_view banner = "# ZOR workspace file version 1.3.4";
 enum class Value { Script, Top, Left, Height, Width };
 using Values = std::vector<Value>;
 
-const Values placed = {Value::Top, Value::Left};
-const Values placedAndSized = {Value::Top, Value::Left, Value::Height, Value::Width};
-const Values terminalValues = {Value::Script, Value::Top, Value::Left, Value::Height, Value::Width};
+const Values& valuesOf(WorkspaceValues kept) {
+    static const Values nothing;
+    static const Values placed = {Value::Top, Value::Left};
+    static const Values placedAndSized = {Value::Top, Value::Left, Value::Height, Value::Width};
+    static const Values withScript = {Value::Script, Value::Top, Value::Left, Value::Height, Value::Width};
+    switch (kept) {
+    case WorkspaceValues::Nothing:
+        break;
+    case WorkspaceValues::TopLeft:
+        return placed;
+    case WorkspaceValues::TopLeftHeightWidth:
+        return placedAndSized;
+    case WorkspaceValues::ScriptTopLeftHeightWidth:
+        return withScript;
+    }
+    return nothing;
+}
 
 /// A first line of another form is no banner either; only an empty file is something else.
 bool startsWithBanner(RecordReader& reader) {
@@ -87,39 +103,55 @@ struct Workspace::Row {
         /// It becomes visible when its block has been read, and that is all.
         Show,
         /// Opened as a panel chosen by the user is, before its block is read.
-        Panel,
+        AsChosen,
     };
 
-    bool Bench::*on;
+    bool WindowSwitches::*on;
     /// Whose values the block holds.
     const char* window;
     const Values& values;
+    /// Nothing for a chip panel.
+    std::optional<Tool> tool;
     Opening opening = Opening::Show;
-    /// Which window is hidden while the block is read, and shown after it.
-    const char* shown = window;
+    /// Which tool is hidden while the block is read, and shown after it.
+    std::optional<Tool> shown = tool;
+
+    static Row of(Tool which) {
+        const ToolRow& row = rowOf(which);
+        return {row.on, row.form, valuesOf(row.workspace), which};
+    }
+    static Row ofPanel(bool WindowSwitches::*on, const char* name, Opening opening) {
+        return {on, name, valuesOf(WorkspaceValues::TopLeft), std::nullopt, opening};
+    }
 };
 
 const std::vector<Workspace::Row>& Workspace::rows() {
-    using Opening = Row::Opening;
-    static const std::vector<Row> table = {
-        {&Bench::Terminalon, "Terminal", terminalValues},
-        {&Bench::EEPROMon, "eeprom", placedAndSized},
-        {&Bench::TX0on, "OpalV2", placed, Opening::Panel},
-        {&Bench::TX1on, "JadeV1", placed, Opening::Panel},
-        {&Bench::RXon, "AmberV1", placed, Opening::Panel},
-        {&Bench::RX1on, "Coral", placed, Opening::Panel},
-        {&Bench::RxLinkOn, "AmberV1rflink", placedAndSized},
+    using Switch = WindowSwitches;
+    constexpr auto show = Row::Opening::Show;
+    constexpr auto asChosen = Row::Opening::AsChosen;
+    static const std::vector<Row> table = [=] {
+        std::vector<Row> order = {
+            Row::of(Tool::Terminal),
+            Row::of(Tool::eeprom),
+            Row::ofPanel(&Switch::TX0on, "OpalV2", asChosen),
+            Row::ofPanel(&Switch::TX1on, "JadeV1", asChosen),
+            Row::ofPanel(&Switch::RXon, "AmberV1", asChosen),
+            Row::ofPanel(&Switch::RX1on, "Coral", asChosen),
+            Row::of(Tool::AmberV1rflink),
+            Row::of(Tool::AmberV1rflink_LB2),
+            Row::of(Tool::OpalV2test),
+            Row::ofPanel(&Switch::TRXon, "BerylV3", show),
+            Row::ofPanel(&Switch::TRX1on, "FRM_Topaz", show),
+        };
         // Kept as users' files know it: the values go to the generation 2 window, the other one is shown.
-        {&Bench::RxLinkOn_LB2, "AmberV1rflink_LB2", placedAndSized, Opening::Show, "AmberV1rflink"},
-        {&Bench::OpalV2testOn, "OpalV2test", placed},
-        {&Bench::TRXon, "BerylV3", placed},
-        {&Bench::TRX1on, "FRM_Topaz", placed},
-    };
+        order[7].shown = Tool::AmberV1rflink;
+        return order;
+    }();
     return table;
 }
 
 bool Workspace::isOpen(const Row& row) const {
-    return bench.*row.on && bench.desk.find(row.window) != nullptr;
+    return bench.windows.*row.on && bench.desk.find(row.window) != nullptr;
 }
 
 std::string Workspace::format() const {
@@ -157,7 +189,7 @@ void Workspace::open(std::string bytes) {
         switches.push_back(reader.boolean());
     }
     for (std::size_t index = 0; index < switches.size(); ++index) {
-        bench.*rows()[index].on = switches[index];
+        bench.windows.*rows()[index].on = switches[index];
     }
     for (std::size_t index = 0; index < switches.size(); ++index) {
         if (!switches[index]) {
@@ -175,23 +207,19 @@ void Workspace::open(std::string bytes) {
     }
 }
 
-Form& Workspace::create(std::string_view window) const {
-    auto row = bench.createTool.find(window);
-    if (row == bench.createTool.end()) {
-        throw ToolError(cannotCreate, "Window " + std::string(window) + " cannot be created");
-    }
-    return row->second();
+Form& Workspace::create(const Row& row) const {
+    return row.tool ? bench.tools.create(*row.tool) : createPanel(row.window);
 }
 
 void Workspace::openWindow(const Row& row, RecordReader& reader) {
-    if (row.opening == Row::Opening::Panel) {
+    if (row.opening == Row::Opening::AsChosen) {
         openPanel(row.window);
     }
-    Form& shown = create(row.shown);
+    Form& shown = row.shown ? bench.tools.create(*row.shown) : createPanel(row.window);
     if (row.opening == Row::Opening::Show) {
         shown.hide();
     }
-    Form& form = create(row.window);
+    Form& form = create(row);
     for (Value value : row.values) {
         apply(reader.integer(), form, value);
     }
@@ -206,7 +234,7 @@ void Workspace::giveUp(const Row& row) const {
     if (form != nullptr) {
         form->close();
     }
-    bench.*row.on = false;
+    bench.windows.*row.on = false;
 }
 
 } // namespace zor

@@ -19,6 +19,8 @@ class Workspace {
 
     /// Opens a chip panel as a choice in the menu does, and marks it as the last one chosen.
     std::function<void(std::string_view window)> openPanel;
+    /// A chip panel's window, made without being shown.
+    std::function<Form&(std::string_view window)> createPanel;
 
     /// Writes the file. Throws ToolError; the old file is then still there.
     void save() const;
@@ -34,9 +36,9 @@ class Workspace {
   private:
     struct Row;
     static const std::vector<Row>& rows();
+    [[nodiscard]] Form& create(const Row& row) const;
 
     [[nodiscard]] bool isOpen(const Row& row) const;
-    [[nodiscard]] Form& create(std::string_view window) const;
     void openWindow(const Row& row, class RecordReader& reader);
     void giveUp(const Row& row) const;
 

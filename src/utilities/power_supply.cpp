@@ -77,10 +77,10 @@ PowerSupply::PowerSupply(Bench& ownBench)
     PB_Current.onClick = [this] { PB_Current_Click(); };
     ContRead.onClick = [this] { ContRead_Click(); };
 
-    bench.PowerSupplyOn = true;
-    CurrentFrame.setEnabled(bench.LoadBoardRev == 2);
-    Voltage.setText(bench.Pref_Voltage);
-    supply = bench.supplyChanged.subscribe([this] { Voltage.setText(bench.Pref_Voltage); });
+    bench.windows.PowerSupplyOn = true;
+    CurrentFrame.setEnabled(bench.link.LoadBoardRev == 2);
+    Voltage.setText(bench.preferences.Pref_Voltage);
+    supply = bench.supplyChanged.subscribe([this] { Voltage.setText(bench.preferences.Pref_Voltage); });
 }
 
 PowerSupply::~PowerSupply() {
@@ -93,7 +93,7 @@ PowerSupply::~PowerSupply() {
 void PowerSupply::unload() {
     Timer1.stop();
     supply.end();
-    bench.PowerSupplyOn = false;
+    bench.windows.PowerSupplyOn = false;
 }
 
 void PowerSupply::PB_Voltage_Click() {
@@ -108,16 +108,16 @@ void PowerSupply::PB_Voltage_Click() {
         Statusline.setText("Minimum supply voltage is 2.2 V!");
         return;
     }
-    if (UpperLimit limit = upperLimit(bench.LoadBoardRev); *volts > limit.volts) {
+    if (UpperLimit limit = upperLimit(bench.link.LoadBoardRev); *volts > limit.volts) {
         Statusline.setText(limit.notice);
         return;
     }
-    bench.Pref_Voltage = text;
+    bench.preferences.Pref_Voltage = text;
     if (!bench.connect->isOpen()) {
         bench.warn("Commport not available, please open commport. PSU setting was not updated.");
         return;
     }
-    bench.connect->Send_To_LoadBoard(supplyCommand(*volts, supplyConstant(bench.LoadBoardRev)));
+    bench.connect->Send_To_LoadBoard(supplyCommand(*volts, supplyConstant(bench.link.LoadBoardRev)));
 }
 
 void PowerSupply::PB_Current_Click() {
@@ -151,7 +151,7 @@ void PowerSupply::readCurrent() {
     Connect& connect = *bench.connect;
     connect.Send_To_LoadBoard(std::string(command::highCurrentRange));
     connect.Send_To_LoadBoard(std::string(command::readConverter));
-    std::optional<std::int32_t> counts = converterReading(bench.Last100);
+    std::optional<std::int32_t> counts = converterReading(bench.link.Last100);
     if (!counts) {
         return;
     }
@@ -160,7 +160,7 @@ void PowerSupply::readCurrent() {
     if (figure.value < lowRangeBelow) {
         connect.Send_To_LoadBoard(std::string(command::lowCurrentRange));
         connect.Send_To_LoadBoard(std::string(command::readConverter));
-        counts = converterReading(bench.Last100);
+        counts = converterReading(bench.link.Last100);
         if (!counts) {
             return;
         }

@@ -72,8 +72,8 @@ Terminal::Terminal(Bench& ownBench)
     SaveScript.onClick = [this] { SaveScript_Click(); };
     SendScript.onClick = [this] { SendScript_Click(); };
 
-    bench.setMirror(&Bench::Terminalon, &Text1);
-    bench.Terminalon = true;
+    bench.setMirror(&WindowSwitches::Terminalon, &Text1);
+    bench.windows.Terminalon = true;
 }
 
 Terminal::~Terminal() {
@@ -85,18 +85,18 @@ Terminal::~Terminal() {
 
 void Terminal::unload() {
     CommandSendTimer.stop();
-    bench.Terminalon = false;
-    bench.setMirror(&Bench::Terminalon, nullptr);
+    bench.windows.Terminalon = false;
+    bench.setMirror(&WindowSwitches::Terminalon, nullptr);
 }
 
 void Terminal::Text1_KeyPress(char key) {
     if (key == '\b') {
-        if (!bench.Buf1.empty()) {
-            bench.Buf1.pop_back();
+        if (!bench.link.Buf1.empty()) {
+            bench.link.Buf1.pop_back();
         }
         return;
     }
-    bench.Buf1 += key;
+    bench.link.Buf1 += key;
     if (key != '\r') {
         return;
     }
@@ -111,7 +111,7 @@ void Terminal::Text1_KeyPress(char key) {
 void Terminal::CommandSendTimer_Timer() {
     CommandSendTimer.stop();
     // What is typed while the send waits begins the next line.
-    std::string line = std::exchange(bench.Buf1, {});
+    std::string line = std::exchange(bench.link.Buf1, {});
     if (!line.empty()) {
         bench.connect->Send_To_LoadBoard(line);
     }

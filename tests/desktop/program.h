@@ -79,7 +79,8 @@ struct Program {
         if (Form* splash = desk.find("frm_Splash")) {
             splash->userClose();
         }
-        loop.runUntil([this] { return main.bench().CommState == 0 && main.linkBar.Connect.enabled(); });
+        loop.runUntil(
+            [this] { return main.bench().link.CommState() == 0 && main.linkBar.Connect.enabled(); });
         QCoreApplication::processEvents();
     }
 };

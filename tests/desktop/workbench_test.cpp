@@ -116,8 +116,12 @@ void openForm(Program& program, const std::string& formName, std::unique_ptr<For
         {"Preferences", [&] { program.main.menu.mnuFilePreferences.click(); }},
         {"Products", [&] { program.main.menu.mnuHelpProducts.click(); }},
         {"Terminal", [&] { program.main.menu.mnutoolsTerminal.click(); }},
-        {"frm_PowerSupply", [&] { program.main.bench().open("frm_PowerSupply"); }},
     };
+    for (const ToolRow& row : toolRows()) {
+        if (row.make != nullptr) {
+            ways.emplace(row.form, [&program, &row] { program.main.bench().tools.open(row.tool); });
+        }
+    }
     for (const PanelRow& row : panelRows()) {
         ways[row.name] = [&program, &row] {
             (program.main.menu.*row.view).click();
@@ -237,7 +241,7 @@ TEST_P(EveryView, IsWalkedWithTheTabKeyAlone) {
 TEST(Workbench, TheKeyboardGoesToTheBarsAndBack) {
     Program program;
     program.start();
-    program.main.bench().open("frm_PowerSupply");
+    program.main.bench().tools.open(Tool::frm_PowerSupply);
     Form* form = program.desk.find("frm_PowerSupply");
     program.window.activateWindow();
     auto* voltage = program.window.windowOf(*form)->content().findChild<QLineEdit*>("Voltage");
@@ -253,7 +257,7 @@ TEST(Workbench, TheKeyboardGoesFromWindowToWindowAndClosesOne) {
     Program program;
     program.start();
     program.main.menu.mnutoolsTerminal.click();
-    program.main.bench().open("frm_PowerSupply");
+    program.main.bench().tools.open(Tool::frm_PowerSupply);
     program.window.activateWindow();
     QCoreApplication::processEvents();
     QMdiArea& area = program.window.area();
@@ -399,7 +403,7 @@ TEST(Workbench, TheSplashGoesWhenItIsClicked) {
     QWidget& content = program.window.windowOf(*splash)->content();
     QTest::mouseClick(content.findChild<QWidget*>("Picture1"), Qt::LeftButton);
     EXPECT_EQ(program.desk.find("frm_Splash"), nullptr);
-    EXPECT_FALSE(program.main.bench().SplashOn);
+    EXPECT_FALSE(program.main.bench().windows.SplashOn);
 }
 
 TEST(Workbench, ClosingTheMainWindowLeavesTheLoop) {
@@ -414,7 +418,7 @@ TEST(Workbench, ClosingTheMainWindowLeavesTheLoop) {
 TEST(Workbench, AFieldKeepsItsFocusAndIsCommittedWhenAnotherTakesIt) {
     Program program;
     program.start();
-    program.main.bench().open("frm_PowerSupply");
+    program.main.bench().tools.open(Tool::frm_PowerSupply);
     Form* form = program.desk.find("frm_PowerSupply");
     QWidget& content = program.window.windowOf(*form)->content();
     program.window.activateWindow();

@@ -3,6 +3,7 @@
 // Whatever happens: nothing crashes or waits for ever, no half line is sent, the port is free again, and once
 // the board is well the program connects and the action works.
 #include "faults/sending_actions.h"
+#include "shell/tool_table.h"
 #include "simulator/faulty_line.h"
 
 #include <gtest/gtest.h>
@@ -129,7 +130,7 @@ void openWindow(VirtualBench& bench, const SendingAction& action) {
     }
     Form* window = bench.desk.find(action.form);
     if (action.opener == nullptr) {
-        bench.shared().open(action.form);
+        bench.shared().tools.open(findToolRow(action.form)->tool);
     } else if (window == nullptr || !window->isOpen()) {
         ASSERT_TRUE((bench.main().menu.*action.opener).click());
     }
@@ -201,7 +202,7 @@ TEST_P(FaultMatrix, LeavesTheProgramAbleToWork) {
         action.act(bench);
         bench.run(20s);
         expectWholeLines(bench);
-        EXPECT_EQ(bench.shared().CommState, 0);
+        EXPECT_EQ(bench.shared().link.CommState(), 0);
 
         reconnect(bench);
         openWindow(bench, action);
@@ -211,7 +212,7 @@ TEST_P(FaultMatrix, LeavesTheProgramAbleToWork) {
         bench.run(5s);
         EXPECT_FALSE(bench.takeSent().empty()) << "the action no longer reaches the board";
         EXPECT_TRUE(bench.dialogs.boxes.empty()) << bench.dialogs.boxes.front().text;
-        EXPECT_EQ(bench.shared().CommState, 0);
+        EXPECT_EQ(bench.shared().link.CommState(), 0);
     }
 }
 

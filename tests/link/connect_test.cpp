@@ -59,8 +59,8 @@ TEST(Send, ReturnsWithThePromptAndLeavesTheValueInTheTail) {
     bench.send("WSCC\r");
     bench.send("RS\r");
     EXPECT_THAT(bench.takeSent(), ElementsAre("H2", "L2", "WSCC", "RS"));
-    EXPECT_EQ(bench.shared().Last15.substr(5, 2), "5F");
-    EXPECT_EQ(bench.shared().Last7, Bench::Last7OK);
+    EXPECT_EQ(bench.shared().link.Last15.substr(5, 2), "5F");
+    EXPECT_EQ(bench.shared().link.Last7, LinkVariables::Last7OK);
     EXPECT_EQ(bench.channel().ComFlag, 0);
 }
 
@@ -86,7 +86,7 @@ TEST(Send, ToAMuteBoardEndsAtTheTwelfthTickAndReopensThePort) {
     EXPECT_EQ(bench.timeOf("Z3\r"), 1200ms);
     EXPECT_TRUE(bench.channel().isOpen());
     EXPECT_EQ(bench.channel().ComFlag, 0);
-    EXPECT_EQ(bench.shared().Last7, "");
+    EXPECT_EQ(bench.shared().link.Last7, "");
     EXPECT_EQ(bench.takeBox(), "none");
     EXPECT_THAT(bench.takeSent(), ElementsAre("Z3"));
 }
@@ -96,7 +96,7 @@ TEST(Send, ToAClosedPortTellsAndNeverWaits) {
     plain.start();
     auto before = plain.loop.now();
     plain.channel().ComFlag = 1;
-    plain.shared().Last7 = "old";
+    plain.shared().link.Last7 = "old";
     plain.channel().Send_To_LoadBoard("Z3\r");
     EXPECT_EQ(plain.loop.now(), before);
     ASSERT_EQ(plain.dialogs.boxes.size(), 1u);
@@ -105,7 +105,7 @@ TEST(Send, ToAClosedPortTellsAndNeverWaits) {
               "Error occured:8018,Operation valid only when the port is open\r\nPlease try again!");
     // The flag and the tail were cleared before the write; the watchdog was never armed.
     EXPECT_EQ(plain.channel().ComFlag, 0);
-    EXPECT_EQ(plain.shared().Last7, "");
+    EXPECT_EQ(plain.shared().link.Last7, "");
     EXPECT_EQ(plain.channel().WaitArmed, 0);
 }
 
@@ -161,7 +161,7 @@ TEST(Watchdog, OfALostBoardUnlocksTheListAndEmptiesItOnce) {
     EXPECT_FALSE(list.locked());
     EXPECT_TRUE(list.entries().empty());
     EXPECT_EQ(list.text(), "Press connect");
-    EXPECT_EQ(bench.shared().LoadBoardRev, 2);
+    EXPECT_EQ(bench.shared().link.LoadBoardRev, 2);
     bench.run(10s);
     EXPECT_EQ(bench.dialogs.boxes.size(), 1u);
 }
@@ -214,7 +214,7 @@ TEST(Watchdog, LeavesAServedExchangeAloneWhateverTheBoardSaysBehindThePrompt) {
     bench.board().emit(std::string(10000, 'x'));
     bench.run(10s);
     EXPECT_TRUE(bench.channel().isOpen());
-    EXPECT_EQ(bench.shared().Last7, "xxxxxxx");
+    EXPECT_EQ(bench.shared().link.Last7, "xxxxxxx");
     EXPECT_EQ(bench.channel().WaitTicks, 0);
     EXPECT_EQ(bench.takeBox(), "none");
 }
@@ -319,19 +319,19 @@ TEST(Receiving, MirrorsIntoEveryOpenWindowInOrderWithTheCursorAtTheOldEnd) {
         [&](std::string_view text) { order += "T" + std::to_string(terminal.cursor()) + std::string(text); });
     Subscription second = link.appended.subscribe(
         [&](std::string_view text) { order += "L" + std::to_string(link.cursor()) + std::string(text); });
-    bench.shared().setMirror(&Bench::Terminalon, &terminal);
-    bench.shared().setMirror(&Bench::TRxLinkOn, &link);
-    bench.shared().Terminalon = true;
+    bench.shared().setMirror(&WindowSwitches::Terminalon, &terminal);
+    bench.shared().setMirror(&WindowSwitches::TRxLinkOn, &link);
+    bench.shared().windows.Terminalon = true;
     bench.board().emit("a");
     bench.run(1ms);
     EXPECT_EQ(order, "T0a");
-    bench.shared().TRxLinkOn = true;
+    bench.shared().windows.TRxLinkOn = true;
     bench.board().emit("b\n\rc");
     bench.run(5ms);
     EXPECT_EQ(order, "T0aL0bT1bL1\r\nT2\r\nL3cT4c");
     EXPECT_EQ(terminal.text(), "ab\r\nc");
-    bench.shared().Terminalon = false;
-    bench.shared().TRxLinkOn = false;
+    bench.shared().windows.Terminalon = false;
+    bench.shared().windows.TRxLinkOn = false;
 }
 
 TEST(Receiving, TheStatusFollowsEveryCharacterButALineFeed) {
@@ -351,9 +351,9 @@ TEST(Receiving, TheTailsHoldSevenFifteenAndAHundredCharacters) {
     Connected bench;
     bench.board().emit(std::string(200, 'x') + "y");
     bench.run(1s);
-    EXPECT_EQ(bench.shared().Last7, "xxxxxxy");
-    EXPECT_EQ(bench.shared().Last15, "xxxxxxxxxxxxxxy");
-    EXPECT_EQ(bench.shared().Last100, std::string(99, 'x') + "y");
+    EXPECT_EQ(bench.shared().link.Last7, "xxxxxxy");
+    EXPECT_EQ(bench.shared().link.Last15, "xxxxxxxxxxxxxxy");
+    EXPECT_EQ(bench.shared().link.Last100, std::string(99, 'x') + "y");
 }
 
 } // namespace zor

@@ -26,7 +26,7 @@ struct Selecting : VirtualBench {
     ListBox& list() { return main().linkBar.CB_Mode; }
     const std::string& labelTip() { return main().linkBar.Text1.tip(); }
     DataSelector& selector() { return *shared().dataSelector; }
-    std::string saved() { return shared().variable("SavedDataSelectorIndex").value(); }
+    std::string saved() { return std::to_string(main().dataSelector().savedIndex()); }
 };
 
 } // namespace

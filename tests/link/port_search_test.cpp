@@ -124,8 +124,8 @@ TEST(PortSearch, WhatAPortOfTheSearchSaysDoesNotReachTheWorkingPortsTails) {
     bench.ports.place(1, sim::BoardKind::LoadBoard1);
     bench.ports.place(2, sim::BoardKind::LoadBoard1);
     bench.startAndSearch();
-    EXPECT_EQ(bench.shared().Last7, "");
-    EXPECT_EQ(bench.shared().Last100, "");
+    EXPECT_EQ(bench.shared().link.Last7, "");
+    EXPECT_EQ(bench.shared().link.Last100, "");
     EXPECT_EQ(bench.channel().Last7, "");
     EXPECT_EQ(bench.channel().Last100, "");
     EXPECT_EQ(bench.main().linkBar.CommStatus.text(), "Finished");

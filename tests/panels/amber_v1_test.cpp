@@ -33,7 +33,7 @@ std::vector<std::string> linesOf(const std::string& bytes) {
 
 TEST(AmberV1, OpensInTheOlderGenerationWhereThePreferenceSaysSo) {
     Bench2100 bench;
-    bench.shared().Pref_AmberRevision = older;
+    bench.shared().preferences.Pref_AmberRevision = older;
     AmberV1& panel = bench.open();
     EXPECT_EQ(panel.Revision.text(), older);
     EXPECT_EQ(panel.VDI.text(), "Clock Recovery locked");
@@ -46,7 +46,7 @@ TEST(AmberV1, OpensInTheOlderGenerationWhereThePreferenceSaysSo) {
 
 TEST(AmberV1, OpensInTheNewerGenerationForAPreferenceThatNamesNone) {
     Bench2100 bench;
-    bench.shared().Pref_AmberRevision = "'G'";
+    bench.shared().preferences.Pref_AmberRevision = "'G'";
     AmberV1& panel = bench.open();
     EXPECT_EQ(panel.Revision.text(), newer);
     EXPECT_EQ(panel.Recw.text(), "C0C1");
@@ -167,11 +167,11 @@ TEST(AmberV1, ItsFileHasFortyThreeLines) {
 TEST(AmberV1, TheLinkTimeOutTravelsWithTheFile) {
     Bench2100 bench;
     AmberV1& panel = bench.open();
-    bench.shared().Pref_RxLinkTimeout = 123;
+    bench.shared().preferences.Pref_RxLinkTimeout = 123;
     std::string saved = panel.savedConfiguration();
-    bench.shared().Pref_RxLinkTimeout = 50;
+    bench.shared().preferences.Pref_RxLinkTimeout = 50;
     panel.takeConfiguration(saved);
-    EXPECT_EQ(bench.shared().Pref_RxLinkTimeout, 123);
+    EXPECT_EQ(bench.shared().preferences.Pref_RxLinkTimeout, 123);
 }
 
 TEST(AmberV1, CalibrationEndsAsTheReceiverTickSays) {

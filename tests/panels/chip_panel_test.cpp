@@ -64,10 +64,10 @@ TEST(ChipPanel, UpdateWithoutAPortSaysSoAndKeepsTheMark) {
 TEST(ChipPanel, UpdateDoesNotAskWhetherASequenceRuns) {
     PanelBench<OpalV2> bench(With::LoadBoard1);
     bench.open();
-    bench.shared().CommState = 7;
+    PortClaim other = bench.shared().link.port.claim(7);
     bench.click("Update");
     EXPECT_EQ(bench.takeSent().size(), 6U);
-    EXPECT_EQ(bench.shared().CommState, 7);
+    EXPECT_EQ(bench.shared().link.CommState(), 7);
 }
 
 TEST(ChipPanel, WordsOfGroupsThatAreDisabledAreSentToo) {
@@ -304,10 +304,10 @@ TEST(ChipPanel, AStatusReadPaintsTheByteFromItsHighBitOn) {
     auto& panel = bench.open();
     bench.board().setStatus(0x81);
     bench.click("ReadStatus");
-    EXPECT_EQ(bench.shared().CommState, 1);
+    EXPECT_EQ(bench.shared().link.CommState(), 1);
     bench.run(1000ms);
     EXPECT_THAT(bench.takeSent(), ElementsAre("H2", "L2", "WSCC", "L0", "RS", "H2"));
-    EXPECT_EQ(bench.shared().CommState, 0);
+    EXPECT_EQ(bench.shared().link.CommState(), 0);
     for (int index = 1; index <= 8; ++index) {
         bool set = index == 1 || index == 8;
         EXPECT_EQ(lit(bench, index), set) << index;
@@ -337,12 +337,12 @@ TEST(ChipPanel, TheKT1102IsReadWithoutACommand) {
 TEST(ChipPanel, AStatusReadWantsAFreePort) {
     PanelBench<OpalV2> bench(With::LoadBoard1);
     bench.open();
-    bench.shared().CommState = 3;
+    PortClaim other = bench.shared().link.port.claim(3);
     bench.click("ReadStatus");
     EXPECT_EQ(bench.takeBox(), "Commport is busy. Please retry later!");
     bench.click("IRQpoll");
     EXPECT_EQ(bench.takeBox(), "Commport is busy. Please retry later!");
-    EXPECT_EQ(bench.shared().CommState, 3);
+    EXPECT_EQ(bench.shared().link.CommState(), 3);
     bench.run(1000ms);
     EXPECT_THAT(bench.takeSent(), IsEmpty());
 
@@ -358,9 +358,9 @@ TEST(ChipPanel, AStatusReadLeavesAStepOfAnotherToolAlone) {
     PanelBench<OpalV2> bench(With::LoadBoard1);
     bench.open();
     bench.click("ReadStatus");
-    bench.shared().CommState = 42;
+    PortClaim other = bench.shared().link.port.seize(42);
     bench.run(1000ms);
-    EXPECT_EQ(bench.shared().CommState, 42);
+    EXPECT_EQ(bench.shared().link.CommState(), 42);
     EXPECT_THAT(bench.takeSent(), IsEmpty());
 }
 
@@ -374,7 +374,7 @@ TEST(ChipPanel, TheInterruptLinesLevelLightsItsLamp) {
     EXPECT_TRUE(panel.IRQ.lit());
     EXPECT_TRUE(panel.IRQ.enabled());
     EXPECT_EQ(panel.IRQ.background(), panel.OnColor.background());
-    EXPECT_EQ(bench.shared().CommState, 0);
+    EXPECT_EQ(bench.shared().link.CommState(), 0);
     bench.board().setInterruptLine(true);
     bench.click("IRQpoll");
     bench.run(1000ms);
@@ -454,7 +454,7 @@ TEST(ChipPanel, ASupplyIsRoundedClampedKeptAndSentWithTheSecondGenerationsConsta
             bench.panel->Statusline.setText(" ");
             bench.type("PowerSupply", row.typed);
             EXPECT_EQ(bench.text("PowerSupply"), row.shown) << row.typed;
-            EXPECT_EQ(bench.shared().Pref_Voltage, row.shown) << row.typed;
+            EXPECT_EQ(bench.shared().preferences.Pref_Voltage, row.shown) << row.typed;
             EXPECT_THAT(bench.takeSent(), ElementsAre(row.line)) << row.typed;
             EXPECT_EQ(bench.text("Statusline"), row.notice) << row.typed;
         }
@@ -469,7 +469,7 @@ TEST(ChipPanel, TwoSuppliesInARowWithoutAPortRaiseOneBox) {
     EXPECT_EQ(bench.takeBox(), "Commport not available, please open commport. PSU setting was not updated.");
     bench.type("PowerSupply", "4");
     EXPECT_TRUE(bench.dialogs.boxes.empty());
-    EXPECT_EQ(bench.shared().Pref_Voltage, "4");
+    EXPECT_EQ(bench.shared().preferences.Pref_Voltage, "4");
 }
 
 TEST(ChipPanel, ALossOfFocusCommitsAsEnterDoes) {
@@ -483,7 +483,7 @@ TEST(ChipPanel, ALossOfFocusCommitsAsEnterDoes) {
 
 TEST(ChipPanel, TheAutoLoadAsksForAFileBeforeThePanelShows) {
     PanelBench<OpalV2> bench;
-    bench.shared().Pref_CCautoLoad = 1;
+    bench.shared().preferences.Pref_CCautoLoad = 1;
     auto& panel = bench.open();
     ASSERT_EQ(bench.dialogs.fileDialogs.size(), 1U);
     EXPECT_EQ(bench.dialogs.fileDialogs.front().title, "Load Transmitter Configuration File");

@@ -399,7 +399,7 @@ TEST(ConfigurationDialogs, ALoadSendsTheSupplyOfItsBoardAndNothingElse) {
         EXPECT_THAT(bench.takeSent(), ElementsAre(row.line));
         EXPECT_EQ(bench.text("Statusline"), " ");
         EXPECT_TRUE(bench.panel->LabelUpdate.visible());
-        EXPECT_EQ(bench.shared().Pref_Voltage, "3.3");
+        EXPECT_EQ(bench.shared().preferences.Pref_Voltage, "3.3");
         // The panel's own field keeps its text.
         EXPECT_EQ(bench.text("PowerSupply"), "2.5");
     }
@@ -422,7 +422,7 @@ TEST(ConfigurationDialogs, TheGenerationsTakeDifferentSupplyConstants) {
 TEST(ConfigurationDialogs, AnotherGenerationIsSentNoSupply) {
     PanelBench<OpalV2> bench(With::LoadBoard1);
     bench.open();
-    bench.shared().LoadBoardRev = 50;
+    bench.shared().link.LoadBoardRev = 50;
     load(bench, opalDefaults);
     EXPECT_THAT(bench.takeSent(), IsEmpty());
     EXPECT_TRUE(bench.dialogs.boxes.empty());
@@ -463,7 +463,7 @@ TEST(ConfigurationDialogs, ABandOfAFileAsksForACalibration) {
 
 TEST(ConfigurationDialogs, AnAutoLoadedFileOverridesTheDefaults) {
     PanelBench<OpalV2> bench(With::LoadBoard1);
-    bench.shared().Pref_CCautoLoad = 1;
+    bench.shared().preferences.Pref_CCautoLoad = 1;
     std::string name = pathOf(bench, "given.tc");
     writeFileWhole(name, withLine(withLine(opalDefaults, 7, "\"316\""), 28, "\"9\""));
     bench.dialogs.files.emplace_back(name);

@@ -73,8 +73,8 @@ TYPED_TEST(ConfigurationFiles, BringBackWhatWasSavedOnAPanelJustOpened) {
         std::string saved = panel.savedConfiguration();
         PanelBench<TypeParam> other;
         // The file of another revision is a case of its own.
-        other.shared().Pref_OpalRevision = panel.Revision.text();
-        other.shared().Pref_AmberRevision = panel.Revision.text();
+        other.shared().preferences.Pref_OpalRevision = panel.Revision.text();
+        other.shared().preferences.Pref_AmberRevision = panel.Revision.text();
         auto& fresh = other.open();
         testing::UnsavedSettings(panel).putTo(fresh);
         fresh.takeConfiguration(saved);

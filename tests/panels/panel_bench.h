@@ -26,7 +26,7 @@ class PanelBench : public VirtualBench {
     explicit PanelBench(With with = With::NoBoard)
         : panel(nullptr) {
         if (with == With::NoBoard) {
-            shared().CommState = 0;
+            shared().link.port.endStart();
         } else {
             ports.place(boardPort,
                         with == With::LoadBoard1 ? sim::BoardKind::LoadBoard1 : sim::BoardKind::LoadBoard2);

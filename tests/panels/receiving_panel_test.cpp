@@ -82,7 +82,7 @@ TYPED_TEST(ReceivingPanels, AReadCutShortByAClosedPortRestoresTheFrequencyContro
     this->bench.run(wholeStatusRead);
     EXPECT_TRUE(panel.afcen.ticked());
     EXPECT_TRUE(panel.LabelUpdate.visible());
-    EXPECT_EQ(this->bench.shared().CommState, 0);
+    EXPECT_EQ(this->bench.shared().link.CommState(), 0);
 }
 
 TYPED_TEST(ReceivingPanels, AnUpdateDuringAReadLeavesNoMark) {
@@ -101,7 +101,7 @@ TYPED_TEST(ReceivingPanels, ClosedDuringAReadThePanelFreesThePort) {
     this->bench.click("ReadStatus");
     this->bench.run(milliseconds(60));
     this->bench.loop.perform([&panel] { panel.close(); });
-    EXPECT_EQ(this->bench.shared().CommState, 0);
+    EXPECT_EQ(this->bench.shared().link.CommState(), 0);
     this->bench.takeSent();
     this->bench.run(wholeStatusRead);
     EXPECT_EQ(this->bench.takeSent(), Lines{});
@@ -200,7 +200,7 @@ TYPED_TEST(ReceivingPanels, EverySettingMakesAnUpdateDue) {
 }
 
 TYPED_TEST(ReceivingPanels, TheAutomaticLoadComesAfterTheDataLine) {
-    this->bench.shared().Pref_CCautoLoad = 1;
+    this->bench.shared().preferences.Pref_CCautoLoad = 1;
     this->bench.open();
     EXPECT_EQ(this->bench.dialogs.fileDialogs.size(), 1U);
     Lines sent = this->bench.takeSent();

@@ -74,7 +74,7 @@ TEST(OpalV2, OpensWithItsDefaults) {
 
 TEST(OpalV2, OpensOnTheRevisionOfThePreferences) {
     PanelBench<OpalV2> bench;
-    bench.shared().Pref_OpalRevision = "'C' or below";
+    bench.shared().preferences.Pref_OpalRevision = "'C' or below";
     auto& panel = bench.open();
     EXPECT_EQ(panel.Revision.text(), "'C' or below");
     EXPECT_THAT(panel.OutputPower.entries(), ::testing::ElementsAre("Pmax", "-3 dB", "-6 dB", "-9 dB"));
@@ -150,10 +150,10 @@ TEST(KT1102, OpensWithItsDefaults) {
 
 TEST(KT1102, SharesTheRevisionPreferenceOfTheKT1101) {
     PanelBench<KT1102> bench;
-    bench.shared().Pref_JadeRevision = "'B' or below";
+    bench.shared().preferences.Pref_JadeRevision = "'B' or below";
     EXPECT_EQ(bench.open().Revision.text(), "'B' or below");
     PanelBench<JadeV1> sibling;
-    sibling.shared().Pref_JadeRevision = "'B' or below";
+    sibling.shared().preferences.Pref_JadeRevision = "'B' or below";
     EXPECT_EQ(sibling.open().Revision.text(), "'B' or below");
 }
 

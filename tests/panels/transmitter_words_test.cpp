@@ -222,7 +222,7 @@ TEST(JadeV1, EveryListFillsItsFieldOfItsWord) {
 TEST(JadeV1, TheRevisionHasNoBearingOnThePower) {
     for (const char* revision : {"'A' or above", "'B' or below", "'C' or below"}) {
         PanelBench<JadeV1> bench;
-        bench.shared().Pref_JadeRevision = revision;
+        bench.shared().preferences.Pref_JadeRevision = revision;
         auto& panel = bench.open();
         EXPECT_EQ(panel.OutputPower.entries().size(), 8U);
         bench.choose("OutputPower", "-9 dB");

@@ -36,7 +36,7 @@ class Connection : public testing::Test {
 
     bool connected() {
         return wait([this] {
-            return main->bench().CommState == 0 && main->linkBar.LoadboardList.locked() &&
+            return main->bench().link.CommState() == 0 && main->linkBar.LoadboardList.locked() &&
                    main->linkBar.CB_Mode.position() == 0 && main->linkBar.CommStatus.text() == "Comm. OK";
         });
     }
@@ -66,8 +66,8 @@ TEST_F(Connection, ABoardIsFoundAndConnectedWithoutAClick) {
     start();
     ASSERT_TRUE(connected());
     EXPECT_EQ(main->linkBar.LoadboardList.text(), "LoadBoard 2.x: Com1");
-    EXPECT_EQ(main->bench().LoadBoardRev, 2);
-    EXPECT_NE(main->bench().UsbLocation, 0);
+    EXPECT_EQ(main->bench().link.LoadBoardRev, 2);
+    EXPECT_NE(main->bench().link.UsbLocation, 0);
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
@@ -75,7 +75,7 @@ TEST_F(Connection, AnExchangeEndsInThePrompt) {
     start({"--status", "5F"});
     ASSERT_TRUE(connected());
     send("RS\r");
-    EXPECT_EQ(main->bench().Last7, "\n\rOK\n\r>");
+    EXPECT_EQ(main->bench().link.Last7, "\n\rOK\n\r>");
     send("no such command\r");
     EXPECT_EQ(main->bench().connect->ComFlag, 1);
 }
@@ -84,7 +84,7 @@ TEST_F(Connection, ATimeOutReopensThePortAndTheCallerGoesOn) {
     start({"--delay", "1600"});
     // The search finds nothing in its 1.2 s; the port is opened by hand.
     ASSERT_TRUE(
-        wait([this] { return main->bench().CommState == 0 && main->linkBar.Connect.enabled(); }, 15s));
+        wait([this] { return main->bench().link.CommState() == 0 && main->linkBar.Connect.enabled(); }, 15s));
     main->bench().connect->open(1, {});
     auto begun = loop.now();
     send("Z3\r");
@@ -113,7 +113,7 @@ TEST_F(Connection, ABoardPulledOutInTheMiddleOfAnExchangeIsToldOnce) {
 
 TEST_F(Connection, GarbageOnTheLineIsNoPromptAndNoCrash) {
     start({"--noise", "0.3", "--seed", "7"});
-    wait([this] { return main->bench().CommState == 0; }, 15s);
+    wait([this] { return main->bench().link.CommState() == 0; }, 15s);
     if (!main->bench().connect->isOpen()) {
         main->bench().connect->open(1, {});
     }
@@ -121,7 +121,7 @@ TEST_F(Connection, GarbageOnTheLineIsNoPromptAndNoCrash) {
         send("RS\r");
     }
     EXPECT_TRUE(main->bench().connect->isOpen());
-    EXPECT_LE(main->bench().Last100.size(), 100U);
+    EXPECT_LE(main->bench().link.Last100.size(), 100U);
 }
 
 TEST_F(Connection, DataModeIsEnteredAndLeftOnARealTerminal) {
@@ -131,7 +131,7 @@ TEST_F(Connection, DataModeIsEnteredAndLeftOnARealTerminal) {
     EXPECT_FALSE(main->bench().connect->isOpen());
     main->linkBar.CB_Mode.choosePosition(0);
     EXPECT_TRUE(main->bench().connect->isOpen());
-    EXPECT_EQ(main->bench().Last7, "\n\rOK\n\r>");
+    EXPECT_EQ(main->bench().link.Last7, "\n\rOK\n\r>");
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 

@@ -37,23 +37,23 @@ bool isSupplyLine(const std::string& line) {
 TEST(OddTexts, InTheSupplyToolSetAVoltageInItsRangeOrNone) {
     VirtualBench bench;
     connect(bench);
-    bench.shared().open("frm_PowerSupply");
+    bench.shared().tools.open(Tool::frm_PowerSupply);
     int set = 0;
     for (const std::string& text : oddTexts()) {
         SCOPED_TRACE(text.substr(0, 30));
-        std::string before = bench.shared().Pref_Voltage;
+        std::string before = bench.shared().preferences.Pref_Voltage;
         field(bench, "frm_PowerSupply", "Voltage").edit(text);
         ASSERT_TRUE(bench.at("frm_PowerSupply", "PB_Voltage").click());
         auto sent = bench.takeSent();
         if (sent.empty()) {
-            EXPECT_EQ(bench.shared().Pref_Voltage, before);
+            EXPECT_EQ(bench.shared().preferences.Pref_Voltage, before);
             EXPECT_NE(field(bench, "frm_PowerSupply", "Statusline").text(), " ");
         } else {
             ++set;
             ASSERT_EQ(sent.size(), 1U);
             EXPECT_TRUE(isSupplyLine(sent.front())) << sent.front();
-            EXPECT_GE(numericPrefix(bench.shared().Pref_Voltage), 2.2);
-            EXPECT_LE(numericPrefix(bench.shared().Pref_Voltage), 5);
+            EXPECT_GE(numericPrefix(bench.shared().preferences.Pref_Voltage), 2.2);
+            EXPECT_LE(numericPrefix(bench.shared().preferences.Pref_Voltage), 5);
         }
         EXPECT_TRUE(bench.channel().isOpen());
     }
@@ -78,10 +78,10 @@ TEST(OddTexts, InThePreferencesLeaveAFileThatCanBeReadAndPortsThatExist) {
         StoredPreferences read = storedPreferences(bench.shared());
         if (text.find('"') == std::string::npos) {
             parsePreferences(readFile(settingsFileToRead(bench.platform, "ZOR.ini")), read);
-            EXPECT_EQ(read.Commport_min, bench.shared().Commport_min);
+            EXPECT_EQ(read.Commport_min, bench.shared().preferences.Commport_min);
         }
         ASSERT_TRUE(bench.at("main", "Connect").click());
-        while (bench.shared().CommState != 0) {
+        while (bench.shared().link.CommState() != 0) {
             bench.loop.runOnce();
         }
         EXPECT_TRUE(bench.at("main", "Connect").usable());
@@ -91,14 +91,14 @@ TEST(OddTexts, InThePreferencesLeaveAFileThatCanBeReadAndPortsThatExist) {
 TEST(OddTexts, InAScriptReachTheBoardAndLeaveTheLineOpen) {
     VirtualBench bench;
     connect(bench);
-    bench.shared().open("Terminal");
+    bench.shared().tools.open(Tool::Terminal);
     ASSERT_TRUE(bench.at("Terminal", "En_ScriptWindow").tick(true));
     for (const std::string& text : oddTexts()) {
         SCOPED_TRACE(text.substr(0, 30));
         field(bench, "Terminal", "Script").edit(text);
         ASSERT_TRUE(bench.at("Terminal", "SendScript").click());
         EXPECT_TRUE(bench.channel().isOpen());
-        EXPECT_EQ(bench.shared().CommState, 0);
+        EXPECT_EQ(bench.shared().link.CommState(), 0);
     }
     bench.takeSent();
     field(bench, "Terminal", "Script").edit("\rL2\r");
@@ -110,13 +110,13 @@ TEST(OddTexts, InAScriptReachTheBoardAndLeaveTheLineOpen) {
 TEST(OddTexts, AsKeysInTheTerminalAreALineLikeAnyOther) {
     VirtualBench bench;
     connect(bench);
-    bench.shared().open("Terminal");
+    bench.shared().tools.open(Tool::Terminal);
     for (const std::string& text : oddTexts()) {
         for (char key : text.substr(0, 200) + "\r") {
             bench.at("Terminal", "Text1").press(key);
         }
         bench.run(std::chrono::milliseconds(3000));
-        EXPECT_EQ(bench.shared().Buf1, "");
+        EXPECT_EQ(bench.shared().link.Buf1, "");
         EXPECT_TRUE(bench.channel().isOpen());
     }
 }

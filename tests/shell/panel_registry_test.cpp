@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "panels/transmitters/opal_v2.h"
 #include "shell/panel_registry.h"
+#include "virtual/fake_tools.h"
 #include "virtual/virtual_bench.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace zor {
@@ -41,15 +43,15 @@ class Registry : public ::testing::Test {
     Registry() {
         farewells.clear();
         bench.startAndSearch();
-        for (const char* tool : {"AmberV1rflink", "AmberV1rflink_LB2", "frm_Link_RX", "frm_Link",
-                                 "OpalV2test", "Frm_BerylRfLinkTest", "frm_PowerSupply"}) {
-            shared.closeTool[tool] = [this, tool] { closings.emplace_back(tool); };
-        }
+        shared.connect = &bench.channel();
+        shared.dataSelector = bench.shared().dataSelector;
+        shared.CommStatus = bench.shared().CommStatus;
+        shared.link.LoadBoardRev = bench.shared().link.LoadBoardRev;
         window.show();
     }
 
     void choose(MenuEntry& entry) {
-        closings.clear();
+        tools.closings.clear();
         ASSERT_TRUE(entry.click());
     }
 
@@ -57,7 +59,7 @@ class Registry : public ::testing::Test {
     [[nodiscard]] std::vector<std::string> openPanels() const {
         std::vector<std::string> names;
         for (const PanelRow& row : rows) {
-            if (shared.*row.on) {
+            if (shared.windows.*row.on) {
                 names.emplace_back(row.name);
             }
         }
@@ -65,10 +67,18 @@ class Registry : public ::testing::Test {
     }
 
     using Names = std::vector<std::string>;
+    using Closed = std::vector<Tool>;
+
+    /// The tools closed since the last choice; the splash goes with every choice.
+    [[nodiscard]] Closed closings() const {
+        Closed closed = tools.closings;
+        closed.erase(std::remove(closed.begin(), closed.end(), Tool::frm_Splash), closed.end());
+        return closed;
+    }
 
     testing::VirtualBench bench;
-    Bench& shared = bench.shared();
-    Names closings;
+    testing::FakeTools tools{bench.desk};
+    Bench shared{bench.platform, bench.desk, tools};
     std::vector<PanelRow> rows = withStandIns(std::make_index_sequence<7>());
     Form window{bench.desk, "window", "window"};
     Bar bar{window, "bar"};
@@ -88,8 +98,8 @@ TEST_F(Registry, AnyTwoPanelsExcludeOneAnother) {
             if (&first == &second) {
                 continue;
             }
-            registry.TogglePanel(first.name, shared.*first.on);
-            registry.TogglePanel(second.name, shared.*second.on);
+            registry.TogglePanel(first.name, shared.windows.*first.on);
+            registry.TogglePanel(second.name, shared.windows.*second.on);
             EXPECT_EQ(openPanels(), Names{second.name}) << first.name;
             EXPECT_EQ(TX.pressed(), second.chipClass == ChipClass::Transmitter);
             EXPECT_EQ(RX.pressed(), second.chipClass == ChipClass::Receiver);
@@ -109,7 +119,7 @@ TEST_F(Registry, ATransmitterChosenWhileAReceiverIsOpenClosesTheReceiversLinkWin
     EXPECT_FALSE(menu.mnutoolsRFSetup_RX.enabled());
     choose(menu.mnuViewTx0);
     EXPECT_EQ(openPanels(), Names{"OpalV2"});
-    EXPECT_EQ(closings, (Names{"AmberV1rflink", "AmberV1rflink_LB2", "frm_Link_RX"}));
+    EXPECT_EQ(closings(), (Closed{Tool::AmberV1rflink, Tool::AmberV1rflink_LB2, Tool::frm_Link_RX}));
     EXPECT_FALSE(menu.mnuToolsRFlink.enabled());
     EXPECT_FALSE(menu.mnuToolsAmberTestmode.enabled());
     EXPECT_TRUE(menu.mnuToolsOpalTestmode.enabled());
@@ -118,17 +128,17 @@ TEST_F(Registry, ATransmitterChosenWhileAReceiverIsOpenClosesTheReceiversLinkWin
 TEST_F(Registry, EachClassClosesItsOwnToolsOnHide) {
     choose(menu.mnuViewTx2);
     choose(menu.mnuViewTx2);
-    EXPECT_EQ(closings, (Names{"frm_Link", "OpalV2test"}));
+    EXPECT_EQ(closings(), (Closed{Tool::frm_Link, Tool::OpalV2test}));
     choose(menu.mnuViewCoralRx);
     choose(menu.mnuViewCoralRx);
-    EXPECT_EQ(closings, (Names{"AmberV1rflink", "AmberV1rflink_LB2", "frm_Link_RX"}));
+    EXPECT_EQ(closings(), (Closed{Tool::AmberV1rflink, Tool::AmberV1rflink_LB2, Tool::frm_Link_RX}));
     choose(menu.mnuViewTopazTRx);
     choose(menu.mnuViewTopazTRx);
-    EXPECT_EQ(closings, (Names{"frm_Link", "frm_Link_RX", "Frm_BerylRfLinkTest"}));
+    EXPECT_EQ(closings(), (Closed{Tool::frm_Link, Tool::frm_Link_RX, Tool::Frm_BerylRfLinkTest}));
 }
 
 TEST_F(Registry, AGeneration2BoardOffersTheLinkToolsOfTheClass) {
-    shared.LoadBoardRev = 2;
+    shared.link.LoadBoardRev = 2;
     choose(menu.mnuViewTRx);
     EXPECT_TRUE(menu.mnuToolsBerylTestmode.enabled());
     EXPECT_TRUE(menu.mnuToolsBerylRFlink.enabled());
@@ -150,24 +160,24 @@ TEST_F(Registry, EveryChoiceIsRememberedWithItsCaption) {
         BarButton& button;
         const char* key;
         const char* caption;
-        std::string Bench::*selected;
+        std::string Selections::*selected;
         const char* selection;
         bool bijaku;
     };
     for (const Row& row : std::initializer_list<Row>{
-             {TX, "Opal", "KT1100", &Bench::SelectedTx, "OpalV2", false},
-             {TX, "Opal-Bijaku", "KT1100B", &Bench::SelectedTx, "OpalV2B", true},
-             {TX, "Jade", "KT1101", &Bench::SelectedTx, "JadeV1", false},
-             {TX, "Onyx", "KT1102", &Bench::SelectedTx, "Onyx", false},
-             {RX, "Amber", "KT2100", &Bench::SelectedRx, "Amber", false},
-             {RX, "Coral", "KT2102", &Bench::SelectedRx, "Coral", false},
-             {TRX, "Beryl", "KT3100", &Bench::SelectedTrx, "BerylV3", false},
-             {TRX, "Beryl-Bijaku", "KT3100B", &Bench::SelectedTrx, "BerylV3B", true},
-             {TRX, "Topaz", "KT3101", &Bench::SelectedTrx, "Topaz", false},
+             {TX, "Opal", "KT1100", &Selections::SelectedTx, "OpalV2", false},
+             {TX, "Opal-Bijaku", "KT1100B", &Selections::SelectedTx, "OpalV2B", true},
+             {TX, "Jade", "KT1101", &Selections::SelectedTx, "JadeV1", false},
+             {TX, "Onyx", "KT1102", &Selections::SelectedTx, "Onyx", false},
+             {RX, "Amber", "KT2100", &Selections::SelectedRx, "Amber", false},
+             {RX, "Coral", "KT2102", &Selections::SelectedRx, "Coral", false},
+             {TRX, "Beryl", "KT3100", &Selections::SelectedTrx, "BerylV3", false},
+             {TRX, "Beryl-Bijaku", "KT3100B", &Selections::SelectedTrx, "BerylV3B", true},
+             {TRX, "Topaz", "KT3101", &Selections::SelectedTrx, "Topaz", false},
          }) {
         ASSERT_TRUE(row.button.chooseText(row.key));
         EXPECT_EQ(row.button.caption(), row.caption);
-        EXPECT_EQ(shared.*row.selected, row.selection);
+        EXPECT_EQ(shared.selections.*row.selected, row.selection);
         EXPECT_EQ(shared.IsBijakuModeSet(), row.bijaku) << row.key;
         EXPECT_TRUE(row.button.pressed()) << row.key;
         EXPECT_EQ(openPanels().size(), 1U) << row.key;
@@ -192,7 +202,7 @@ TEST_F(Registry, APanelThatDoesNotExistIsNotOffered) {
         EXPECT_EQ(error.number(), 429);
         EXPECT_STREQ(error.what(), "Window JadeV1 cannot be created");
     }
-    EXPECT_FALSE(shared.TX1on);
+    EXPECT_FALSE(shared.windows.TX1on);
 }
 
 TEST_F(Registry, ClosingThePanelsWindowEndsThePanelAndTheSupplyTool) {
@@ -200,7 +210,8 @@ TEST_F(Registry, ClosingThePanelsWindowEndsThePanelAndTheSupplyTool) {
     Form* panel = bench.desk.find("OpalV2");
     ASSERT_TRUE(panel->userClose());
     EXPECT_EQ(farewells, Names{"AmberV1"});
-    EXPECT_EQ(closings, (Names{"AmberV1rflink", "AmberV1rflink_LB2", "frm_Link_RX", "frm_PowerSupply"}));
+    EXPECT_EQ(closings(), (Closed{Tool::AmberV1rflink, Tool::AmberV1rflink_LB2, Tool::frm_Link_RX,
+                                  Tool::frm_PowerSupply}));
     EXPECT_EQ(openPanels(), Names{});
     EXPECT_FALSE(RX.pressed());
     EXPECT_EQ(bench.desk.find("OpalV2"), nullptr);
@@ -214,10 +225,10 @@ TEST_F(Registry, HidingSaysNoFarewell) {
 }
 
 TEST_F(Registry, AToolWhoseEndIsDroppedDoesNotKeepTheOthersOpen) {
-    shared.closeTool["AmberV1rflink"] = [] { throw ActionDropped(); };
+    tools.onClose[Tool::AmberV1rflink] = [] { throw ActionDropped(); };
     choose(menu.mnuViewRx);
     ASSERT_TRUE(bench.desk.find("OpalV2")->userClose());
-    EXPECT_EQ(closings, (Names{"AmberV1rflink_LB2", "frm_Link_RX", "frm_PowerSupply"}));
+    EXPECT_EQ(closings(), (Closed{Tool::AmberV1rflink_LB2, Tool::frm_Link_RX, Tool::frm_PowerSupply}));
     EXPECT_EQ(openPanels(), Names{});
     EXPECT_EQ(bench.desk.find("OpalV2"), nullptr);
 }
@@ -225,8 +236,8 @@ TEST_F(Registry, AToolWhoseEndIsDroppedDoesNotKeepTheOthersOpen) {
 TEST_F(Registry, AChoiceMadeWhileAToolIsBeingClosedLeavesOnePanelOpen) {
     choose(menu.mnuViewTx0);
     // A tool that sends at its end lets the user act meanwhile.
-    shared.closeTool["frm_Link"] = [this] {
-        if (!shared.RXon) {
+    tools.onClose[Tool::frm_Link] = [this] {
+        if (!shared.windows.RXon) {
             menu.mnuViewRx.click();
         }
     };

@@ -68,7 +68,7 @@ TEST(PreferencesDialog, ThatCannotWriteItsFileStaysOpenAndChangesNothing) {
     EXPECT_EQ(bench.dialogs.boxes[0].text, "Error occured:75,Path/File access error\r\nPlease try again!");
     EXPECT_TRUE(bench.desk.find("Preferences")->isOpen());
     EXPECT_EQ(bench.at("Preferences", "ComNr_min").text(), "4");
-    EXPECT_EQ(bench.shared().Commport_min, "1");
+    EXPECT_EQ(bench.shared().preferences.Commport_min, "1");
 }
 
 } // namespace zor

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/statements.h"
+#include "transcript_runner/variables.h"
 
 #include "elements/desk.h"
 #include "elements/grid.h"
@@ -190,7 +191,7 @@ void pickedRow(World& world, const Arguments& arguments) {
 }
 
 void state(World& world, const Arguments& arguments) {
-    auto found = world.program().bench().variable(arguments.text(0));
+    auto found = variable(world.program(), arguments.text(0));
     if (!found) {
         throw Failure("there is no variable " + arguments.text(0));
     }

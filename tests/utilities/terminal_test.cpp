@@ -43,7 +43,7 @@ TEST(Terminal, KeepsAFloodOfMegabytesWhole) {
     EXPECT_TRUE(bench.terminal().Text1.contents() == expected);
     EXPECT_EQ(told, expected.size());
     EXPECT_EQ(redrawn, 0);
-    EXPECT_EQ(bench.shared().Last7, "12345\n\r");
+    EXPECT_EQ(bench.shared().link.Last7, "12345\n\r");
     EXPECT_GE(bench.loop.now() - before, std::chrono::minutes(18));
 }
 

@@ -40,7 +40,7 @@ class VirtualBench : public VirtualMachine {
     /// Starts and lets the search end: a single board is then connected.
     void startAndSearch() {
         start();
-        while (shared().CommState != 0) {
+        while (shared().link.CommState() != 0) {
             loop.runOnce();
         }
     }

@@ -16,6 +16,34 @@ constexpr std::array<std::pair<const char*, const char*>, 4> bandNames = {{
     {"Band915", "915 MHz"},
 }};
 
+/// What the foot of the window says of words that the chip may not have.
+class WordReport {
+  public:
+    explicit WordReport(std::size_t wordCount)
+        : words(wordCount) {}
+
+    void add(const ControlWord& word, const std::string& sent, const Exchange& result) {
+        if (result.outcome == Exchange::Outcome::Refused) {
+            refused += (refused.empty() ? "The board refused " : ", ") + word.title() + " " + sent;
+        } else if (result.outcome == Exchange::Outcome::TimedOut) {
+            ++unanswered;
+        }
+    }
+
+    /// Empty if there is nothing to tell.
+    [[nodiscard]] std::string text() const {
+        std::string silence = unanswered == 0 ? std::string()
+                                              : "No answer to " + std::to_string(unanswered) + " of " +
+                                                    std::to_string(words) + " words";
+        return refused + (refused.empty() || silence.empty() ? "" : "; ") + silence;
+    }
+
+  private:
+    std::size_t words;
+    std::size_t unanswered = 0;
+    std::string refused;
+};
+
 } // namespace
 
 ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
@@ -39,7 +67,7 @@ ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
     , Cxtal(*this, "Cxtal")
     , FreqCenter(*this, "FreqCenter")
     , FreqStep(*this, "FreqStep", "", TextField::Access::ReadOnly)
-    , PowerSupply(*this, "PowerSupply", ownBench.Pref_Voltage)
+    , PowerSupply(*this, "PowerSupply", ownBench.preferences.Pref_Voltage)
     , PB_PowerSupply(*this, "PB_PowerSupply", "Power Supply")
     , CLKout(*this, "CLKout", {clockOutputs.begin(), clockOutputs.end()})
     , Revision(*this, "Revision")
@@ -57,8 +85,8 @@ ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
     , Wkupw(*this, "Wkupw", "Wake-Up Timer Command:")
     , bench(ownBench)
     , ownTraits(panelTraits)
-    , Timer1(ownBench.platform.loop, [this] { Timer1_Timer(); })
-    , Timer3(ownBench.platform.loop, [this] { Timer3_Timer(); })
+    , interruptSample{Timer(ownBench.platform.loop, [this] { Timer1_Timer(); }), {}, {}}
+    , statusRead{Timer(ownBench.platform.loop, [this] { Timer3_Timer(); }), {}, {}}
     , RepStatusReadTimer(ownBench.platform.loop, [this] { RepStatusReadTimer_Timer(); })
     , SRVisualTimer(ownBench.platform.loop, [this] { SRVisualTimer_Timer(); }) {
     setSizing(Sizing::ByContent);
@@ -114,7 +142,12 @@ void ChipPanel::wireCommon() {
     if (ownTraits.supplyField == SupplyField::Commits) {
         PowerSupply.onCommit = [this] { PowerSupply_LostFocus(); };
     }
-    PB_PowerSupply.onClick = [this] { bench.open("frm_PowerSupply"); };
+    PB_PowerSupply.onClick = [this] { bench.tools.open(Tool::frm_PowerSupply); };
+    portClosing = bench.connect->portClosed.subscribe([this] {
+        for (ControlWord* word : allWords) {
+            word->markUnsent();
+        }
+    });
     feed(Cxtal, Ctrlw);
     Freqw.define(0xA000, {bits(
                              11, 0, "frequency parameter", [this] { return frequencyField(FreqCode); },
@@ -168,7 +201,7 @@ void ChipPanel::load() {
         word->rebuild();
     }
     LabelCalibration.setVisible(false);
-    if (bench.Pref_CCautoLoad == 1) {
+    if (bench.preferences.Pref_CCautoLoad == 1) {
         ConfLoad_Click();
     }
     notice(ownTraits.loadNotice);
@@ -183,12 +216,9 @@ void ChipPanel::hidden() {
 
 void ChipPanel::unload() {
     RepStatusReadTimer.stop();
-    for (Timer* timer : {&Timer1, &Timer3}) {
-        if (timer->running()) {
-            // The sequence ends with the panel that owns it.
-            endSequence(*timer);
-        }
-    }
+    // A sequence ends with the panel that owns it.
+    interruptSample.end();
+    statusRead.end();
     sendFarewell();
 }
 
@@ -205,14 +235,18 @@ void ChipPanel::reading() {
     bench.CommStatus->setText("reading...");
 }
 
-void ChipPanel::sendLine(const char* line) {
-    bench.connect->Send_To_LoadBoard(std::string(line) + "\r");
+Exchange ChipPanel::sendLine(const char* line) {
+    return bench.connect->Send_To_LoadBoard(std::string(line) + "\r");
 }
 
-void ChipPanel::sendWord(ControlWord& word) {
-    std::string line = word.line();
-    word.markSent();
-    bench.connect->Send_To_LoadBoard(line);
+Exchange ChipPanel::sendWord(ControlWord& word) {
+    // While the line waits the word may change, and be sent again.
+    ControlWord::Sending sending = word.beginSending();
+    Exchange result = bench.connect->Send_To_LoadBoard(word.line());
+    if (result.outcome == Exchange::Outcome::Answered) {
+        word.markSent(sending);
+    }
+    return result;
 }
 
 void ChipPanel::sendStep(ControlWord& word, std::uint32_t value) {
@@ -235,15 +269,22 @@ void ChipPanel::Update_Click() {
     reading();
     // Cut short, or without a board at the end of it: the chip has not heard all of it.
     auto stillNeeded = [this] { LabelUpdate.setVisible(true); };
+    WordReport report(updateWords.size());
     try {
         for (ControlWord* word : updateWords) {
-            sendWord(*word);
+            std::string sent = word->text();
+            Exchange result = sendWord(*word);
+            report.add(*word, sent, result);
+            if (result.portGone()) {
+                break;
+            }
             wordSent(*word);
         }
     } catch (...) {
         stillNeeded();
         throw;
     }
+    bench.notice(report.text());
     if (!bench.connect->isOpen()) {
         stillNeeded();
     }

@@ -8,6 +8,7 @@
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
 #include "link/bench.h"
+#include "link/exchange.h"
 #include "panels/common/code_list.h"
 #include "panels/common/configuration_file.h"
 #include "panels/common/control_word.h"
@@ -163,8 +164,8 @@ class ChipPanel : public Form {
     void notice(std::string text) { Statusline.setText(std::move(text)); }
     /// Tells in the status line and in a box that there is no port. @return true if there is one
     bool portReady(const char* boxText);
-    void sendLine(const char* line);
-    void sendWord(ControlWord& word);
+    Exchange sendLine(const char* line);
+    Exchange sendWord(ControlWord& word);
     void reading();
     void recomputeChain();
     void bandChosen(Band which);
@@ -220,9 +221,14 @@ class ChipPanel : public Form {
     [[nodiscard]] bool sequenceMayBegin();
     void Timer3_Timer();
     void Timer1_Timer();
-    void endSequence(Timer& timer);
+    /// A sequence over several ticks: its timer, its right to the port, and the last value it asked for.
+    struct Sequence {
+        Timer timer;
+        PortClaim claim;
+        Exchange asked;
+        void end();
+    };
     void readStatusStep(Step step);
-    [[nodiscard]] std::uint32_t receivedByte() const;
     void RepStatusReadTimer_Timer();
     void SRVisualTimer_Timer();
 
@@ -233,10 +239,11 @@ class ChipPanel : public Form {
     std::vector<ControlWord*> allWords;
     std::vector<ScaledList*> scaledLists;
     std::vector<Subscription> wordSubscriptions;
+    Subscription portClosing;
     /// What Crystalfreq showed before the user changed it.
     std::string crystalShown = "10";
-    Timer Timer1;
-    Timer Timer3;
+    Sequence interruptSample;
+    Sequence statusRead;
     Timer RepStatusReadTimer;
     Timer SRVisualTimer;
 };

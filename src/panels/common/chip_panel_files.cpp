@@ -40,7 +40,7 @@ std::optional<std::string> ChipPanel::chooseFile(FileRequest::Mode mode) {
     FileRequest request;
     request.mode = mode;
     request.title = mode == FileRequest::Mode::Load ? file.loadTitle : file.saveTitle;
-    request.folder = std::filesystem::path(bench.CurrentPath) / ".." / "Project_Configurations";
+    request.folder = std::filesystem::path(bench.link.CurrentPath) / ".." / "Project_Configurations";
     request.startName = std::string("*.") + file.extension;
     request.filter = file.filter;
     request.defaultExtension = file.extension;
@@ -105,7 +105,7 @@ ConfigurationLines ChipPanel::bandLines() {
 }
 
 ConfigurationLine ChipPanel::supplyLine() {
-    return sharedTextLine("Pref_Voltage", bench.Pref_Voltage);
+    return sharedTextLine("Pref_Voltage", bench.preferences.Pref_Voltage);
 }
 
 std::string ChipPanel::savedConfiguration() {
@@ -125,10 +125,10 @@ void ChipPanel::sendLoadedSupply() {
             "Commport not available, please open commport. Power control settings were not updated.")) {
         return;
     }
-    if (bench.LoadBoardRev == 1 || bench.LoadBoardRev == 2) {
+    if (bench.link.LoadBoardRev == 1 || bench.link.LoadBoardRev == 2) {
         // Unlike the field's commit, a load takes the board's own constant.
-        std::string line =
-            supplyCommand(numericPrefix(bench.Pref_Voltage), supplyConstant(bench.LoadBoardRev));
+        std::string line = supplyCommand(numericPrefix(bench.preferences.Pref_Voltage),
+                                         supplyConstant(bench.link.LoadBoardRev));
         reading();
         bench.connect->Send_To_LoadBoard(line);
     }

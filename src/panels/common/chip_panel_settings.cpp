@@ -140,7 +140,7 @@ void ChipPanel::PowerSupply_LostFocus() {
     } else if (commit.limit == Limit::Maximum) {
         notice("Maximum supply voltage is 5.4 V!");
     }
-    bench.Pref_Voltage = PowerSupply.text();
+    bench.preferences.Pref_Voltage = PowerSupply.text();
     if (!bench.connect->isOpen()) {
         // Told once: a second commit in a row finds the notice standing.
         if (Statusline.text() != "Communication fault.") {

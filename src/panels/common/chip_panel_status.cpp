@@ -21,7 +21,7 @@ bool ChipPanel::sequenceMayBegin() {
         bench.warn("Commport not available, Loadboard not connected!");
         return false;
     }
-    if (bench.CommState != 0) {
+    if (!bench.link.port.free()) {
         bench.warn("Commport is busy. Please retry later!");
         return false;
     }
@@ -30,41 +30,41 @@ bool ChipPanel::sequenceMayBegin() {
 
 void ChipPanel::StartStatusRead() {
     if (sequenceMayBegin()) {
-        bench.CommState = begin;
-        Timer3.start(ownTraits.statusInterval);
+        statusRead.claim = bench.link.port.claim(begin);
+        statusRead.timer.start(ownTraits.statusInterval);
     }
 }
 
 void ChipPanel::IRQpoll_Click() {
     if (sequenceMayBegin()) {
-        bench.CommState = begin;
-        Timer1.start(interruptInterval);
+        interruptSample.claim = bench.link.port.claim(begin);
+        interruptSample.timer.start(interruptInterval);
     }
 }
 
-void ChipPanel::endSequence(Timer& timer) {
+void ChipPanel::Sequence::end() {
     timer.stop();
-    bench.CommState = 0;
+    claim.giveBack();
 }
 
-// The status read, one step a tick; the step is kept in CommState, a value of anybody else's is left alone.
+// The status read, one step a tick; the step is kept in its claim of the port.
 //
 //     begin --> firstByte --+--> secondByte --> finish
 //                           |                     ^
 //                           +--- one byte only ---+
 //
-// A port found closed at a tick ends it at any step.
+// A port found closed at a tick, or a claim that another has taken, ends it at any step.
 void ChipPanel::Timer3_Timer() {
-    if (!bench.connect->isOpen()) {
-        endSequence(Timer3);
+    if (!bench.connect->isOpen() || !statusRead.claim.held()) {
+        statusRead.end();
         statusReadCutShort();
         return;
     }
-    readStatusStep(static_cast<Step>(bench.CommState));
+    readStatusStep(static_cast<Step>(statusRead.claim.step()));
 }
 
 void ChipPanel::readStatusStep(Step step) {
-    std::int32_t next = 0;
+    Step next = finish;
     switch (step) {
     case begin:
         beforeStatusRead();
@@ -74,41 +74,29 @@ void ChipPanel::readStatusStep(Step step) {
             sendLine(ownTraits.statusCommand);
         }
         sendLine("L0");
-        sendLine("RS");
+        statusRead.asked = sendLine("RS");
         next = firstByte;
         break;
     case firstByte:
-        showStatusByte(0, receivedByte());
+        showStatusByte(0, statusRead.asked.byteAt(byteAt).value_or(0));
         if (ownTraits.statusBytes == 2) {
-            sendLine("RS");
+            statusRead.asked = sendLine("RS");
             next = secondByte;
         } else {
             sendLine("H2");
-            next = finish;
         }
         break;
     case secondByte:
-        showStatusByte(1, receivedByte());
+        showStatusByte(1, statusRead.asked.byteAt(byteAt).value_or(0));
         sendLine("H2");
         afterStatusRead();
-        next = finish;
         break;
     case finish:
-        endSequence(Timer3);
+        statusRead.end();
         return;
     }
-    // The panel may have been closed while a line waited for its answer; then the sequence is over.
-    if (next != 0 && Timer3.running()) {
-        bench.CommState = next;
-    }
-}
-
-std::uint32_t ChipPanel::receivedByte() const {
-    const std::string& tail = bench.Last15;
-    if (tail.size() < byteAt + 1) {
-        return 0;
-    }
-    return readHex(std::string_view(tail).substr(byteAt - 1, 2)).value_or(0);
+    // Nobody hears of it where the sequence ended while a line waited for its answer.
+    statusRead.claim.setStep(next);
 }
 
 void ChipPanel::showStatusByte(int index, std::uint32_t byte) {
@@ -124,29 +112,25 @@ void ChipPanel::paintStatus(int lastIndicator, std::uint32_t byte) {
 
 // The sample of the interrupt line: ask, read, end.
 void ChipPanel::Timer1_Timer() {
-    if (!bench.connect->isOpen()) {
-        endSequence(Timer1);
-        return;
-    }
-    if (bench.CommState == begin) {
-        sendLine("RI");
-        if (Timer1.running()) {
-            bench.CommState = firstByte;
-        }
-    } else if (bench.CommState == firstByte) {
-        const std::string& tail = bench.Last15;
-        bool low = tail.size() >= ownTraits.interruptPosition && tail[ownTraits.interruptPosition - 1] == '0';
+    PortClaim& claim = interruptSample.claim;
+    if (!bench.connect->isOpen() || !claim.held()) {
+        interruptSample.end();
+    } else if (claim.step() == begin) {
+        interruptSample.asked = sendLine("RI");
+        claim.setStep(firstByte);
+    } else if (claim.step() == firstByte) {
+        bool low = interruptSample.asked.characterAt(ownTraits.interruptPosition) == '0';
         IRQ.paint(low, low ? OnColor : OffColor);
-        bench.CommState = finish;
-    } else if (bench.CommState == finish) {
-        endSequence(Timer1);
+        claim.setStep(finish);
+    } else {
+        interruptSample.end();
     }
 }
 
 void ChipPanel::RepStatusReadTimer_Timer() {
     ReadStatus.setBackground(flashColour);
     SRVisualTimer.start();
-    if (Timer3.running()) {
+    if (statusRead.timer.running()) {
         // The read before is still under way.
         return;
     }

@@ -56,6 +56,16 @@ void ControlWord::define(std::uint32_t base, std::vector<BitField> fields, Size 
     ownSize = size;
 }
 
+std::string ControlWord::title() const {
+    std::string name = caption();
+    for (std::string_view ending : {std::string_view(":"), std::string_view(" Command")}) {
+        if (name.size() > ending.size() && name.ends_with(ending)) {
+            name.resize(name.size() - ending.size());
+        }
+    }
+    return name;
+}
+
 std::uint32_t ControlWord::value() const {
     std::uint32_t sum = ownBase;
     for (const BitField& field : table) {
@@ -82,8 +92,21 @@ std::string ControlWord::line() const {
     return (ownSize == Size::OneByte ? "S1" : "S2") + text() + "\r";
 }
 
-void ControlWord::markSent() {
-    sentText = text();
+ControlWord::Sending ControlWord::beginSending() {
+    return {text(), ++lastSending};
+}
+
+void ControlWord::markSent(const Sending& sending) {
+    if (sending.number < takenSending) {
+        return;
+    }
+    takenSending = sending.number;
+    sentText = sending.text;
+    changed.emit();
+}
+
+void ControlWord::markUnsent() {
+    sentText.clear();
     changed.emit();
 }
 

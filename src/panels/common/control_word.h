@@ -47,6 +47,8 @@ class ControlWord : public TextField {
     /// Declares the word; a chip whose generations lay it out differently declares it anew.
     void define(std::uint32_t base, std::vector<BitField> fields, Size size = Size::TwoBytes);
 
+    /// The word's name in a sentence: its caption without "Command" and colon.
+    [[nodiscard]] std::string title() const;
     [[nodiscard]] std::uint32_t base() const { return ownBase; }
     [[nodiscard]] const std::vector<BitField>& fields() const { return table; }
     [[nodiscard]] Size size() const { return ownSize; }
@@ -65,9 +67,17 @@ class ControlWord : public TextField {
 
     /// The command line that sends what is shown.
     [[nodiscard]] std::string line() const;
-    /// What is shown has been sent.
-    void markSent();
-    /// What is shown differs from what was sent last, or nothing was.
+    /// What is shown is being sent: its value, and its place among the sends of this word.
+    struct Sending {
+        std::string text;
+        std::uint64_t number = 0;
+    };
+    [[nodiscard]] Sending beginSending();
+    /// The board took the line; the chip has that value, unless a later one has been taken already.
+    void markSent(const Sending& sending);
+    /// What the chip holds is not known any more.
+    void markUnsent();
+    /// What is shown differs from what the chip is known to hold, or nothing is known.
     [[nodiscard]] bool pending() const { return sentText != text(); }
 
     /// A setting rewrote the word.
@@ -78,6 +88,8 @@ class ControlWord : public TextField {
     std::vector<BitField> table;
     Size ownSize = Size::TwoBytes;
     std::string sentText;
+    std::uint64_t lastSending = 0;
+    std::uint64_t takenSending = 0;
 };
 
 } // namespace zor

@@ -59,7 +59,7 @@ AmberV1::AmberV1(Bench& ownBench)
 void AmberV1::setDefaults() {
     ReceiverPanel::setDefaults();
     Revision.fill(std::vector<std::string>{oldRevision, newRevision});
-    Revision.selectText(bench.Pref_AmberRevision);
+    Revision.selectText(bench.preferences.Pref_AmberRevision);
     if (RevisionF < 0) {
         // A preference that names no generation.
         Revision.selectText(newRevision);

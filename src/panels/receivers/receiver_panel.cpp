@@ -142,7 +142,7 @@ void ReceiverPanel::calibrate() {
 }
 
 ConfigurationLines ReceiverPanel::settingLines() {
-    return joined({{sharedNumberLine("Pref_RxLinkTimeout", bench.Pref_RxLinkTimeout)},
+    return joined({{sharedNumberLine("Pref_RxLinkTimeout", bench.preferences.Pref_RxLinkTimeout)},
                    crystalLines(),
                    bandLines(),
                    {tickLine(ent), tickLine(enb), tickLine(enx), textLine(Cxtal), positionLine(BasebandBW),
@@ -168,7 +168,7 @@ ConfigurationLines ReceiverPanel::fifoLines() {
 
 void ReceiverPanel::configurationRead() {
     ReceivingPanel::configurationRead();
-    PowerSupply.setText(bench.Pref_Voltage);
+    PowerSupply.setText(bench.preferences.Pref_Voltage);
     clearNotice();
 }
 

@@ -44,7 +44,7 @@ OpalV2::OpalV2(Bench& ownBench)
 void OpalV2::setDefaults() {
     AutoPowerTransmitter::setDefaults();
     Revision.fill(std::vector<std::string>{oldRevision, newRevision});
-    Revision.selectText(bench.Pref_OpalRevision);
+    Revision.selectText(bench.preferences.Pref_OpalRevision);
 }
 
 ConfigurationLines OpalV2::configuration() {

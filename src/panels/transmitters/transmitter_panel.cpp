@@ -125,7 +125,7 @@ ConfigurationLines TransmitterPanel::modulationLines() {
 
 void TransmitterPanel::showSharedRevision() {
     Revision.fill(std::vector<std::string>{"'A' or above"});
-    Revision.selectText(bench.Pref_JadeRevision);
+    Revision.selectText(bench.preferences.Pref_JadeRevision);
 }
 
 void TransmitterPanel::configurationRead() {

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "shell/tool_table.h"
+
+#include "shell/about.h"
+#include "utilities/power_supply.h"
+#include "utilities/terminal.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace zor {
+
+namespace {
+
+template <class Window>
+std::unique_ptr<Form> make(Bench& bench) {
+    return std::make_unique<Window>(bench);
+}
+
+using Menu = MainMenu;
+using Switch = WindowSwitches;
+
+} // namespace
+
+const std::vector<ToolRow>& toolRows() {
+    constexpr auto placed = WorkspaceValues::TopLeft;
+    constexpr auto sized = WorkspaceValues::TopLeftHeightWidth;
+    constexpr auto script = WorkspaceValues::ScriptTopLeftHeightWidth;
+    // clang-format off
+    static const std::vector<ToolRow> rows = {
+        {Tool::frm_Splash,             "frm_Splash",             &Switch::SplashOn,         nullptr,                       make<Splash>},
+        {Tool::Help_R1,                "Help_R1",                nullptr,                   nullptr,                       make<DataFilterHelp>},
+        {Tool::Terminal,               "Terminal",               &Switch::Terminalon,       &Menu::mnutoolsTerminal,       make<Terminal>, script},
+        {Tool::frm_PowerSupply,        "frm_PowerSupply",        &Switch::PowerSupplyOn,    nullptr,                       make<PowerSupply>},
+        {Tool::eeprom,                 "eeprom",                 &Switch::EEPROMon,         nullptr,                       nullptr, sized},
+        {Tool::ECET,                   "ECET",                   nullptr,                   &Menu::mnutoolsECET,           nullptr},
+        {Tool::Frm_CmdSequence,        "Frm_CmdSequence",        nullptr,                   nullptr,                       nullptr},
+        {Tool::frm_Link,               "frm_Link",               &Switch::CWLinkTXOn,       &Menu::mnutoolsRFSetup_TX,     nullptr},
+        {Tool::frm_Link_RX,            "frm_Link_RX",            &Switch::CWLinkRXOn,       &Menu::mnutoolsRFSetup_RX,     nullptr},
+        {Tool::AmberV1rflink,          "AmberV1rflink",          &Switch::RxLinkOn,         nullptr,                       nullptr, sized},
+        {Tool::AmberV1rflink_LB2,      "AmberV1rflink_LB2",      &Switch::RxLinkOn_LB2,     nullptr,                       nullptr, sized},
+        {Tool::Frm_BerylRfLinkTest,    "Frm_BerylRfLinkTest",    &Switch::TRxLinkOn,        &Menu::mnuToolsBerylRFlink,    nullptr},
+        {Tool::OpalV2test,             "OpalV2test",             &Switch::OpalV2testOn,     &Menu::mnuToolsOpalTestmode,   nullptr, placed},
+        {Tool::Frm_AmberTestFunctions, "Frm_AmberTestFunctions", nullptr,                   &Menu::mnuToolsAmberTestmode,  nullptr},
+        {Tool::Frm_BerylTestFunctions, "Frm_BerylTestFunctions", nullptr,                   &Menu::mnuToolsBerylTestmode,  nullptr},
+        {Tool::SPI,                    "SPI",                    nullptr,                   &Menu::mnuSPI,                 nullptr},
+        {Tool::SPIsub2,                "SPIsub2",                nullptr,                   nullptr,                       nullptr},
+        {Tool::Frm_GenHeader,          "Frm_GenHeader",          nullptr,                   &Menu::mnuGenCHeader,          nullptr},
+        {Tool::FirmLoad,               "FirmLoad",               &Switch::FirmLoadOn,       &Menu::mnuload,                nullptr},
+        {Tool::frm_VireoMacSniffer,    "frm_VireoMacSniffer",    &Switch::VireoMacSnifferOn, &Menu::mnutoolsSniffer,       nullptr},
+        {Tool::frm_TxSearch,           "frm_TxSearch",           nullptr,                   &Menu::mnutoolsTxSearch,       nullptr},
+        {Tool::frm_WireLog,            "frm_WireLog",            nullptr,                   &Menu::mnutoolsWireLog,        nullptr},
+    };
+    // clang-format on
+    return rows;
+}
+
+const ToolRow& rowOf(Tool tool) {
+    const ToolRow& row = toolRows().at(static_cast<std::size_t>(tool));
+    assert(row.tool == tool && "a row of the tools' table stands at another place than its tool");
+    return row;
+}
+
+const ToolRow* findToolRow(std::string_view form) {
+    const std::vector<ToolRow>& rows = toolRows();
+    auto row = std::find_if(rows.begin(), rows.end(),
+                            [form](const ToolRow& candidate) { return candidate.form == form; });
+    return row == rows.end() ? nullptr : &*row;
+}
+
+} // namespace zor
