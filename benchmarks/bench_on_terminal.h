@@ -7,6 +7,7 @@
 #include "elements/desk.h"
 #include "panels/transmitters/opal_v2.h"
 #include "shell/main_window.h"
+#include "store/sqlite_register_store.h"
 
 #include <memory>
 #include <string>
@@ -42,7 +43,8 @@ class BenchOnTerminal {
     LinuxUsbDriver usb{devices};
     SilentDialogs dialogs;
     NoSurroundings surroundings;
-    Platform platform{loop, ports, usb, dialogs, surroundings, ".", "."};
+    store::SqliteRegisterStores registerStores;
+    Platform platform{loop, ports, usb, dialogs, surroundings, registerStores, ".", "."};
     Desk desk{loop};
     MainWindow window{platform, desk};
     std::unique_ptr<OpalV2> opal;

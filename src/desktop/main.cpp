@@ -14,6 +14,7 @@
 #include "panels/common/chip_panel.h"
 #include "shell/about.h"
 #include "shell/main_window.h"
+#include "store/sqlite_register_store.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -122,12 +123,14 @@ int main(int argc, char** argv) {
     LinuxUsbDriver usb(devices);
     QtDialogs dialogs;
     QtSurroundings surroundings;
+    store::SqliteRegisterStores registerStores;
     Platform platform{
         .loop = loop,
         .ports = ports,
         .usb = usb,
         .dialogs = dialogs,
         .surroundings = surroundings,
+        .registerStores = registerStores,
         .programFolder = fromQt(QCoreApplication::applicationDirPath()),
         .userFolder = fromQt(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
         .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',

@@ -3,6 +3,7 @@
 
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/register_store.h"
 #include "platform/serial_port.h"
 #include "platform/usb_driver.h"
 
@@ -27,10 +28,13 @@ struct Platform {
     UsbDriver& usb;
     Dialogs& dialogs;
     Surroundings& surroundings;
+    RegisterStores& registerStores;
     /// Where the executable lies; settings files live beside it.
     std::filesystem::path programFolder;
     /// Stands in for the program's folder where that may not be written.
     std::filesystem::path userFolder;
+    /// The register database that comes with the program; empty if none does.
+    std::filesystem::path startDatabase = {};
     /// The decimal mark of the user's locale, for the one field that is read by it.
     char decimalMark = '.';
 };

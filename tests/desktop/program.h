@@ -5,6 +5,7 @@
 #include "desktop/workbench.h"
 #include "elements/desk.h"
 #include "shell/main_window.h"
+#include "store/sqlite_register_store.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -66,9 +67,15 @@ struct Program {
     NoUsb usb;
     QuietDialogs dialogs;
     NoSurroundings surroundings;
-    Platform platform{
-        loop, ports, usb, dialogs, surroundings, folder.path().toStdString(), folder.path().toStdString(),
-        '.'};
+    store::SqliteRegisterStores registerStores;
+    Platform platform{loop,
+                      ports,
+                      usb,
+                      dialogs,
+                      surroundings,
+                      registerStores,
+                      folder.path().toStdString(),
+                      folder.path().toStdString()};
     Desk desk{loop};
     MainWindow main{platform, desk};
     Workbench window{main};

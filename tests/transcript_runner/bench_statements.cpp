@@ -209,6 +209,7 @@ constexpr StatementRow rows[] = {
     {"usb",    3, 4, usb},
     {"file",   1, 3, file},
     {"answer", 1, 2, answer},
+    {"database", 0, 0, makeDatabase},
     {"start",  0, 0, [](World& world, const Arguments&) { world.start(); }},
     {"run",    1, 1, run},
     {"linger", 1, 1, [](World& world, const Arguments& a) { world.linger = a.milliseconds(0); }},

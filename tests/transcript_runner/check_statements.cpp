@@ -240,6 +240,7 @@ constexpr StatementRow rows[] = {
     {"port",     1, 1, expectPort},
     {"eeprom",   3, 3, expectEeprom},
     {"elapsed",  2, 2, expectElapsed},
+    {"asked",    1, 1, expectAsked},
     {"register", 3, 3, expectRegister},
     {"fifo",     3, 3, expectFifo},
 };

@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/register_statements.h"
 
+#include "store/register_list_store.h"
+#include "store/sqlite_register_store.h"
 #include "support/numbers.h"
+#include "support/register_list.h"
 #include "transcript_runner/checks.h"
+
+#include <algorithm>
 
 namespace zor::testing {
 
@@ -70,6 +75,32 @@ void setFifo(VirtualSeat& seat, const Arguments& arguments) {
     for (std::uint8_t byte : arguments.hexBytes(3)) {
         chipOn(seat).receive(byte);
     }
+}
+
+void makeDatabase(World& world, const Arguments& arguments) {
+    std::string rows;
+    for (const std::string& line : arguments.block()) {
+        rows += line + "\n";
+    }
+    // A maker of its own, so that what it asks is none of the program's.
+    store::SqliteRegisterStores stores;
+    try {
+        store::makeDatabase(stores, world.file("ZOR.db"), readRegisterList(rows));
+    } catch (const RegisterListError& error) {
+        throw Failure("row " + std::to_string(error.line) + ": " + error.what());
+    } catch (const StoreError& error) {
+        throw Failure(std::string("the database cannot be made: ") + error.what());
+    }
+}
+
+void expectAsked(World& world, const Arguments& arguments) {
+    std::vector<std::string>& asked = world.machine.asked;
+    auto text = std::ranges::find(asked, arguments.text(0));
+    if (text == asked.end()) {
+        expectLines("asked", {arguments.text(0)}, asked);
+    }
+    // What came behind it may be asked for next.
+    asked.erase(asked.begin(), text + 1);
 }
 
 void expectRegister(World& world, const Arguments& arguments) {

@@ -69,8 +69,11 @@ bool beginsComment(std::string_view line, std::size_t at) {
 
 /// Statements whose text stands in lines of its own up to `end`.
 bool takesBlock(const std::vector<Token>& tokens) {
-    return tokens.size() == 2 && !tokens[0].quoted &&
-           (tokens[0].text == "file" || tokens[0].text == "content");
+    if (tokens.empty() || tokens[0].quoted) {
+        return false;
+    }
+    return (tokens.size() == 2 && (tokens[0].text == "file" || tokens[0].text == "content")) ||
+           (tokens.size() == 1 && tokens[0].text == "database");
 }
 
 std::string_view nextLine(std::string_view text, std::size_t& at) {

@@ -27,8 +27,10 @@ VirtualMachine::VirtualMachine()
                .usb = usb,
                .dialogs = dialogs,
                .surroundings = surroundings,
+               .registerStores = registerStores,
                .programFolder = folder.path() / "program",
                .userFolder = folder.path() / "user"} {
+    registerStores.asked = [this](std::string_view text) { asked.emplace_back(text); };
     // The program's folder has neighbours, which its dialogs may name.
     std::filesystem::create_directory(platform.programFolder);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/platform.h"
+#include "store/sqlite_register_store.h"
 #include "virtual/scripted_dialogs.h"
 #include "virtual/virtual_loop.h"
 #include "virtual/virtual_ports.h"
@@ -52,6 +53,9 @@ class VirtualMachine {
     VirtualUsb usb;
     ScriptedDialogs dialogs;
     VirtualSurroundings surroundings;
+    store::SqliteRegisterStores registerStores;
+    /// The texts that reached the store of registers, oldest first. Whoever has looked at them clears them.
+    std::vector<std::string> asked;
     Platform platform;
 };
 

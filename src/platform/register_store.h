@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/error.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zor {
+
+/// A column's value as text; nothing where the database holds null. A truth value is "True" or "False".
+using StoredValue = std::optional<std::string>;
+
+/// A failure of the register database.
+struct StoreError : ToolError {
+    using ToolError::ToolError;
+};
+
+/// The rows that a query gives, in its order, and a place among them. Rows are read when the query is given;
+/// what others do to the table later is seen at the next reread. All of it throws StoreError where the store
+/// fails; the rows and the place are then as before.
+class RecordSource {
+  public:
+    RecordSource() = default;
+    RecordSource(const RecordSource&) = delete;
+    RecordSource& operator=(const RecordSource&) = delete;
+    virtual ~RecordSource() = default;
+
+    /// Takes another query and reads it. The place is the first row.
+    virtual void setQuery(std::string_view sql) = 0;
+    virtual void reread() = 0;
+
+    [[nodiscard]] virtual std::size_t count() const = 0;
+    virtual void moveFirst() = 0;
+    virtual void moveNext() = 0;
+    /// The place's number among the rows, from 0; the count past the last row.
+    [[nodiscard]] virtual std::size_t position() const = 0;
+    virtual void moveTo(std::size_t position) = 0;
+    /// Both are so in an empty result.
+    [[nodiscard]] virtual bool beforeFirst() const = 0;
+    [[nodiscard]] virtual bool pastLast() const = 0;
+    /// Goes to the first row, from the first one on, that fits a criterion: one column, "=" and a value,
+    /// which is compared as text, quoted or not, upper and lower case alike. Past the last row if none does.
+    virtual void find(std::string_view criterion) = 0;
+
+    // Of the row at the place, which must be one.
+    /// Throws StoreError for a column that the table does not have.
+    [[nodiscard]] virtual StoredValue value(std::string_view column) const = 0;
+    /// By the column's number in the table, from 0.
+    [[nodiscard]] virtual StoredValue value(std::size_t column) const = 0;
+    /// The row's own number in its table: two sources over one table call a row by the same.
+    [[nodiscard]] virtual std::int64_t key() const = 0;
+
+    /// Begins a row behind the last one; it comes to be when it is saved.
+    virtual void addRow() = 0;
+    /// Sets a column of the row at the place; it is stored when the row is saved.
+    virtual void setValue(std::string_view column, StoredValue value) = 0;
+    virtual void save() = 0;
+};
+
+/// The database of registers, open. Its texts are those of the product; what the engine behind it speaks is
+/// the store's own affair.
+class RegisterStore {
+  public:
+    RegisterStore() = default;
+    RegisterStore(const RegisterStore&) = delete;
+    RegisterStore& operator=(const RegisterStore&) = delete;
+    virtual ~RegisterStore() = default;
+
+    /// Runs a text that gives no rows. Throws StoreError.
+    virtual void run(std::string_view sql) = 0;
+    /// A source of its own over this query; the store must outlive it. Throws StoreError.
+    [[nodiscard]] virtual std::unique_ptr<RecordSource> select(std::string_view sql) = 0;
+
+    // Between begin and commit nothing is seen by others, and a program that ends in it leaves the file as it
+    // was. Throw StoreError.
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() noexcept = 0;
+};
+
+/// Takes everything back that was not committed when it goes.
+class [[nodiscard]] StoreTransaction {
+  public:
+    explicit StoreTransaction(RegisterStore& ownStore)
+        : store(ownStore) {
+        store.begin();
+    }
+    StoreTransaction(const StoreTransaction&) = delete;
+    StoreTransaction& operator=(const StoreTransaction&) = delete;
+    ~StoreTransaction() {
+        if (!committed) {
+            store.rollback();
+        }
+    }
+
+    void commit() {
+        store.commit();
+        committed = true;
+    }
+
+  private:
+    RegisterStore& store;
+    bool committed = false;
+};
+
+/// Opens databases of registers.
+class RegisterStores {
+  public:
+    RegisterStores() = default;
+    RegisterStores(const RegisterStores&) = delete;
+    RegisterStores& operator=(const RegisterStores&) = delete;
+    virtual ~RegisterStores() = default;
+
+    /// Throws StoreError if the file is not there, cannot be read and written, or is no database of
+    /// registers.
+    [[nodiscard]] virtual std::unique_ptr<RegisterStore> open(const std::filesystem::path& file) = 0;
+    /// Makes an empty database with all its tables. Throws StoreError.
+    virtual void create(const std::filesystem::path& file) = 0;
+
+    /// Hears every text that reaches a store, queries and criteria, as the product wrote it.
+    std::function<void(std::string_view text)> asked;
+};
+
+} // namespace zor

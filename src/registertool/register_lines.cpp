@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "registertool/register_lines.h"
+
+#include "support/numbers.h"
+
+namespace zor {
+
+namespace {
+
+constexpr std::string_view transferWord = "S2 ";
+constexpr std::size_t byteDigits = 2;
+// Counted from 0 in the last 15 characters: prompt, separator and value are read from the end.
+constexpr std::size_t highBytePlace = 3;
+constexpr std::size_t lowBytePlace = 5;
+
+std::string nibble(std::string_view hex, std::size_t position) {
+    auto value = position < hex.size() ? readHex(hex.substr(position, 1)) : std::nullopt;
+    if (!value) {
+        return "....";
+    }
+    std::string digits;
+    for (unsigned mask = 8; mask != 0; mask >>= 1) {
+        digits += (*value & mask) != 0 ? '1' : '0';
+    }
+    return digits;
+}
+
+std::string bytePart(std::string_view last15, std::size_t place) {
+    return place < last15.size() ? std::string(last15.substr(place, byteDigits)) : std::string();
+}
+
+} // namespace
+
+std::string HexToBinary(std::string_view hex) {
+    return nibble(hex, 0) + nibble(hex, 1);
+}
+
+std::string binaryValue(std::string_view hex) {
+    return nibble(hex, 0) + " " + nibble(hex, 1);
+}
+
+std::string twoDigits(std::string_view text) {
+    std::string padded = "00" + std::string(text);
+    return padded.substr(padded.size() - 2);
+}
+
+std::string readLine(std::string_view address) {
+    return std::string(transferWord) + (std::string(address) + "000").substr(0, 4) + "\r";
+}
+
+std::string tableReadLine(std::string_view address) {
+    return std::string(transferWord) + std::string(address) + "00\r";
+}
+
+std::string writeAddress(std::string_view address) {
+    char first = address.empty() ? '0' : address.front();
+    unsigned digit = first >= '0' && first <= '9' ? static_cast<unsigned>(first - '0') : 0;
+    return hexText(digit + 8) + std::string(address.substr(0, 2).substr(address.empty() ? 0 : 1));
+}
+
+std::string writeLine(std::string_view address, std::string_view value) {
+    return std::string(transferWord) + writeAddress(address) + std::string(value) + "\r";
+}
+
+std::string answeredByte(std::string_view last15) {
+    return bytePart(last15, lowBytePlace);
+}
+
+std::string answeredHighByte(std::string_view last15) {
+    return bytePart(last15, highBytePlace);
+}
+
+} // namespace zor
