@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include "registertool/register_editor.h"
+
+#include "registertool/cell_values.h"
+#include "registertool/register_lines.h"
+#include "registertool/spi.h"
+
+#include <algorithm>
+
+namespace zor {
+
+namespace {
+
+constexpr std::size_t hexColumn = 2;
+
+std::string truthText(bool value) {
+    return value ? "True" : "False";
+}
+
+} // namespace
+
+std::vector<GridColumn> settingColumns() {
+    using Access = GridColumn::Access;
+    std::vector<GridColumn> columns = {
+        {.caption = "", .characters = 2},
+        {.caption = "Addr.", .characters = 5, .fixedPitch = true},
+        {.caption = "Hex", .access = Access::Editable, .characters = 4, .fixedPitch = true},
+        {.caption = "Binary", .characters = 10, .fixedPitch = true},
+        {.caption = "Name", .characters = 12}};
+    for (int number = 7; number >= 0; --number) {
+        columns.push_back({.caption = "bit" + std::to_string(number), .characters = 7});
+    }
+    columns.push_back({.caption = "Description", .characters = 40});
+    for (const char* caption : {"TestReg", "RFReg", "DigitalReg"}) {
+        columns.push_back({.caption = caption, .characters = 9});
+    }
+    columns.push_back({.caption = "DefaultValue", .characters = 11, .fixedPitch = true});
+    return columns;
+}
+
+GridRow settingCells(const Setting& setting) {
+    GridRow cells = {{""}, {setting.Address}, {setting.HexValue}, {setting.BinaryValue}, {setting.Name}};
+    std::string digits = HexToBinary(setting.HexValue);
+    for (std::size_t number = setting.bit.size(); number-- > 0;) {
+        bool one = digits[setting.bit.size() - 1 - number] == '1';
+        cells.emplace_back(setting.bit[number], one ? CellLook::Strong : CellLook::Soft);
+    }
+    cells.emplace_back(setting.Description);
+    for (bool flag : {setting.TestReg, setting.RFReg, setting.DigitalReg}) {
+        cells.emplace_back(truthText(flag), CellLook::Soft);
+    }
+    cells.emplace_back(setting.DefaultValue, CellLook::Soft);
+    return cells;
+}
+
+RegisterEditor::RegisterEditor(SPI& ownTool)
+    : SettingsDataGrid(ownTool, "SettingsDataGrid", settingColumns())
+    , Address(ownTool, "Address")
+    , Name1(ownTool, "Name1", "", TextField::Access::ReadOnly)
+    , HexValue(ownTool, "HexValue")
+    , DescriptionLabel(ownTool, "DescriptionLabel", "Register Description:")
+    , Description(ownTool, "Description", "", TextField::Access::ReadOnly)
+    , Read(ownTool, "Read", "Read")
+    , Send(ownTool, "Send", "Send")
+    , tool(ownTool) {
+    makeCells(bit, tool, "bit", 8);
+    for (BitCell& cell : bit) {
+        cell.onClick = [this, &cell] { tool.guarded([&] { bit_Click(cell.number()); }); };
+    }
+    Description.setMultiLine(true);
+    HexValue.setTip("The value as it is sent; two hexadecimal digits");
+    Read.setTip("Reads this register from the chip");
+    Send.setTip("Writes the value to this register of the chip");
+    forbid();
+    SettingsDataGrid.onPick = [this] { pick(); };
+    SettingsDataGrid.onCellEdit = [this](std::size_t row, std::size_t, const std::string& text) {
+        tool.guarded([&] { editGrid(row, text); });
+    };
+    HexValue.onEdit = [this] {
+        HexValue_Change();
+        HexValue.setBackground(editedColour);
+    };
+    Read.onClick = [this] { tool.guarded([this] { Read_Click(); }); };
+    Send.onClick = [this] { tool.guarded([this] { Send_Click(); }); };
+    stored = tool.table.stored.subscribe([this](std::size_t row) { showRow(row); });
+    showsOthers = tool.table.showsOthers.subscribe([this] { showRows(); });
+}
+
+void RegisterEditor::forbid() {
+    Read.setEnabled(false);
+    Send.setEnabled(false);
+}
+
+void RegisterEditor::showRows() {
+    std::vector<GridRow> rows;
+    rows.reserve(tool.table.shown().size());
+    for (std::size_t row : tool.table.shown()) {
+        rows.push_back(settingCells(tool.table.rows()[row]));
+    }
+    SettingsDataGrid.setRows(std::move(rows));
+}
+
+std::optional<std::size_t> RegisterEditor::gridRowOf(std::size_t settingRow) const {
+    auto place = std::ranges::find(tool.table.shown(), settingRow);
+    if (place == tool.table.shown().end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::size_t>(place - tool.table.shown().begin());
+}
+
+void RegisterEditor::showRow(std::size_t settingRow) {
+    if (auto row = gridRowOf(settingRow)) {
+        SettingsDataGrid.setRow(*row, settingCells(tool.table.rows()[settingRow]));
+    }
+}
+
+std::string RegisterEditor::pickedAddress() const {
+    auto picked = SettingsDataGrid.picked();
+    return picked ? tool.table.rows()[tool.table.shown()[*picked]].Address : std::string();
+}
+
+void RegisterEditor::findAgain(const std::string& address, Editor editor) {
+    const std::vector<std::size_t>& shown = tool.table.shown();
+    auto place = std::ranges::find_if(
+        shown, [&](std::size_t row) { return tool.table.rows()[row].Address == address; });
+    if (address.empty() || place == shown.end()) {
+        return;
+    }
+    SettingsDataGrid.putPicked(static_cast<std::size_t>(place - shown.begin()));
+    if (editor == Editor::Follows) {
+        takeRow(tool.table.rows()[*place]);
+    }
+}
+
+void RegisterEditor::pick() {
+    const Setting& setting = tool.table.rows()[tool.table.shown()[*SettingsDataGrid.picked()]];
+    bool sameRow = setting.Address == Address.text() && setting.Name == Name1.text();
+    if (!sameRow || HexValue.background() != editedColour) {
+        takeRow(setting);
+    }
+}
+
+void RegisterEditor::takeRow(const Setting& setting) {
+    for (std::size_t number = 0; number < bit.size(); ++number) {
+        bit[number].setCaption(setting.bit[number]);
+    }
+    Address.setText(setting.Address);
+    Name1.setText(setting.Name);
+    Description.setText(setting.Description);
+    Read.setEnabled(setting.R);
+    Send.setEnabled(setting.W);
+    setValue(setting.HexValue);
+}
+
+void RegisterEditor::setValue(const std::string& value) {
+    HexValue.setText(value);
+    HexValue.setBackground(std::nullopt);
+    HexValue_Change();
+}
+
+void RegisterEditor::HexValue_Change() {
+    showBits(bit, HexValue.text());
+}
+
+void RegisterEditor::bit_Click(int number) {
+    flip(bit[static_cast<std::size_t>(number)]);
+    HexValue.setText(byteOf(bit));
+    HexValue.setBackground(editedColour);
+}
+
+void RegisterEditor::copyValue(const std::string& address, const std::string& value) {
+    if (Address.text() == address) {
+        setValue(value);
+    }
+}
+
+void RegisterEditor::storeValue(const std::string& address, const std::string& value) {
+    auto picked = SettingsDataGrid.picked();
+    auto row = picked && pickedAddress() == address ? std::optional(tool.table.shown()[*picked])
+                                                    : tool.table.find(address);
+    if (row) {
+        tool.table.storeValue(*row, value);
+    }
+}
+
+void RegisterEditor::editGrid(std::size_t gridRow, const std::string& text) {
+    std::size_t row = tool.table.shown()[gridRow];
+    std::string value = twoDigits(text);
+    setValue(value);
+    tool.table.storeValue(row, value);
+    // The send may wait, and the row be another one behind it.
+    Setting setting = tool.table.rows()[row];
+    tool.macros.copyValue(setting.Address, value);
+    if (setting.W) {
+        tool.bench.connect->Send_To_LoadBoard(writeLine(setting.Address, value));
+    }
+}
+
+void RegisterEditor::Read_Click() {
+    std::string address = Address.text();
+    if (address.empty()) {
+        return;
+    }
+    if (tool.bench.connect->Send_To_LoadBoard(readLine(address)).portGone() || tool.isClosed()) {
+        return;
+    }
+    std::string value = answeredByte(tool.bench.link.Last15);
+    storeValue(address, value);
+    // Another register may be shown by now.
+    copyValue(address, value);
+    tool.macros.copyValue(address, value);
+}
+
+void RegisterEditor::Send_Click() {
+    std::string address = Address.text();
+    std::string value = HexValue.text();
+    if (address.empty()) {
+        return;
+    }
+    if (tool.bench.connect->Send_To_LoadBoard(writeLine(address, value)).portGone() || tool.isClosed()) {
+        return;
+    }
+    storeValue(address, value);
+    if (Address.text() == address && HexValue.text() == value) {
+        HexValue.setBackground(std::nullopt);
+    }
+    tool.macros.copyValue(address, value);
+}
+
+} // namespace zor

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/signal.h"
+#include "platform/register_store.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zor {
+
+/// One register of the chosen chip as the tool believes it to be. A null is an empty text here.
+struct Setting {
+    std::int64_t key = 0;
+    std::string Name;
+    std::string Address;
+    std::string Description;
+    bool TestReg = false;
+    bool RFReg = false;
+    bool DigitalReg = false;
+    bool MiscReg = false;
+    bool R = false;
+    bool W = false;
+    /// Names, by the bit's number.
+    std::array<std::string, 8> bit;
+    std::string DefaultValue;
+    std::string HexValue;
+    std::string BinaryValue;
+};
+
+inline constexpr std::string_view allSettings = "Select * from Setting where StatusReg = False";
+
+/// The worktable of registers: all of its rows in stored order, and those of them that a query shows. Every
+/// value that is stored goes to the database at once.
+///
+/// Searches go through the whole table and move nothing of what is shown.
+class SettingTable {
+  public:
+    /// Opens the sources on a store, which must outlive the next detach. Throws StoreError.
+    void attach(RegisterStore& store);
+    /// Lets go of the store; the table is empty then.
+    void detach();
+    [[nodiscard]] bool attached() const { return whole != nullptr; }
+
+    /// Reads everything anew after the table was emptied. Throws StoreError.
+    void reread();
+    /// Adds the registers of a source, each with its default value. Throws StoreError.
+    void fill(RecordSource& registers);
+
+    [[nodiscard]] const std::vector<Setting>& rows() const { return settings; }
+    /// The number of the first row with that address. Throws StoreError.
+    [[nodiscard]] std::optional<std::size_t> find(std::string_view address);
+    /// Stores a value and its binary form. Throws StoreError; the table then holds what it held.
+    void storeValue(std::size_t row, const std::string& hexValue);
+
+    /// Shows the rows of another query. Throws StoreError.
+    void show(std::string_view query);
+    void rereadShown();
+    /// Numbers of rows, in the order of the query.
+    [[nodiscard]] const std::vector<std::size_t>& shown() const { return shownRows; }
+
+    /// Grows whenever the rows are other ones: numbers of rows from before mean nothing then.
+    [[nodiscard]] unsigned generation() const { return generationNumber; }
+
+    /// A row's value was stored.
+    Signal<std::size_t> stored;
+    /// Other rows are shown.
+    Signal<> showsOthers;
+
+  private:
+    void takeShown();
+
+    std::unique_ptr<RecordSource> whole;
+    /// The record source that the product calls Settings.
+    std::unique_ptr<RecordSource> Settings;
+    std::vector<Setting> settings;
+    std::vector<std::size_t> shownRows;
+    unsigned generationNumber = 0;
+};
+
+} // namespace zor

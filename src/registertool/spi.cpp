@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: MIT
+#include "registertool/spi.h"
+
+#include "registertool/cell_values.h"
+#include "registertool/register_file.h"
+#include "support/numbers.h"
+
+#include <ctime>
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+constexpr const char* selectChip = "Select Chip ...";
+constexpr const char* storeTitle = "Register database";
+
+/// 2026-11-21
+std::string today() {
+    std::time_t now = std::time(nullptr);
+    std::tm local{};
+    ::localtime_r(&now, &local);
+    char text[16];
+    std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d", &local);
+    return {text, length};
+}
+
+} // namespace
+
+SPI::SPI(Bench& ownBench)
+    : Form(ownBench.desk, "SPI", "Universal SPI Tool")
+    , bench(ownBench)
+    , ChipSelect(*this, "ChipSelect", {}, selectChip)
+    , ProjectLabel(*this, "ProjectLabel", "P#:")
+    , Text3(*this, "Text3", "", TextField::Access::ReadOnly)
+    , NotesLabel(*this, "NotesLabel", "Notes:")
+    , Notes(*this, "Notes")
+    , TabStrip1(*this, "TabStrip1", {"Register List", "FIFO, Batch windows"})
+    , Frame_tabs{{Frame(*this, "Frame_tabs(0)"), Frame(*this, "Frame_tabs(1)")}}
+    , GuiNotesLabel(*this, "GuiNotesLabel", "GUI Configuration Notes:")
+    , GuiNotes(*this, "GuiNotes")
+    , Stop(*this, "Stop", "Stop")
+    , Command1(*this, "Command1", "Cmd1")
+    , Command2(*this, "Command2", "Cmd2")
+    , Command3(*this, "Command3", "Cmd3")
+    , One(*this, "One", oneColour)
+    , Zero(*this, "Zero", oneColour)
+    , nodata(*this, "nodata", noDataColour)
+    , Blue(*this, "Blue", editedColour)
+    , LightGray(*this, "LightGray", idleColour)
+    , filter(*this)
+    , editor(*this)
+    , macros(*this)
+    , status(*this)
+    , whole(*this)
+    , supply(*this)
+    , fifo(*this) {
+    setExtent({10800, 18000});
+    Zero.setBackground(colourOf(BitState::Zero));
+    for (Swatch* swatch : {&One, &Zero, &nodata, &Blue, &LightGray}) {
+        swatch->setVisible(false);
+    }
+    Stop.setEnabled(false);
+    Stop.setTip("Ends what is running, behind the exchange that it is at");
+    whileReady = {&ChipSelect, &whole.Defaults, &whole.UpdateChip, &whole.RefreshTable, &status.StatusRead};
+
+    ChipSelect.onChange = [this] { guarded([this] { ChipSelect_Click(); }); };
+    TabStrip1.onTurn = [this] { TabStrip1_Click(); };
+    Stop.onClick = [this] { stopping = true; };
+    Command1.onClick = [this] {
+        if (Chips) {
+            guarded([this] { Chips->find("ChipID = 3"); });
+        }
+    };
+    Command2.onClick = [this] {
+        if (Chips) {
+            Chips->moveFirst();
+        }
+    };
+    filter.onChange = [this] { guarded([this] { filterChanged(); }); };
+    filter.onReread = [this] { guarded([this] { table.rereadShown(); }); };
+    TabStrip1_Click();
+    // Its failure is told over the open window.
+    opening = bench.desk.opened.subscribe([this](Form& form) {
+        if (&form == this && !store) {
+            guarded([this] { openStore(); });
+        }
+    });
+}
+
+SPI::~SPI() {
+    // The next tool may be open already when this one is discarded.
+    if (!isClosed()) {
+        unload();
+    }
+}
+
+void SPI::unload() {
+    detachStore();
+}
+
+void SPI::guarded(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const StoreError& error) {
+        tellStoreFailure(error);
+    }
+}
+
+void SPI::tellStoreFailure(const StoreError& error) {
+    detachStore();
+    // A window that was closed meanwhile has nothing more to say.
+    if (!isClosed()) {
+        bench.tellError(error, storeTitle);
+    }
+}
+
+void SPI::detachStore() {
+    ChipSelect.setEntries({});
+    ChipSelect.putText(selectChip);
+    Text3.setText("");
+    Chips.reset();
+    Registers.reset();
+    fifo.detach();
+    table.detach();
+    macros.offerNames();
+    macros.reset();
+    editor.forbid();
+    status.forget();
+    store.reset();
+}
+
+void SPI::openStore() {
+    store = openRegisterFile(bench.platform);
+    Chips = store->select("Select * from Chip");
+    Registers = store->select("Select * from Register where ChipID = 1");
+    table.attach(*store);
+    fifo.attach(*store);
+    {
+        StoreTransaction transaction(*store);
+        ClearWorktables();
+        transaction.commit();
+    }
+    offerChips();
+}
+
+void SPI::ClearWorktables() {
+    fifo.forgetChip();
+    for (const char* text : {"delete * from Setting", "delete * from RXFIFO", "delete * from TXFIFO"}) {
+        store->run(text);
+    }
+    table.reread();
+    fifo.TX->reread();
+    fifo.RX->reread();
+}
+
+void SPI::offerChips() {
+    std::vector<std::string> names;
+    for (Chips->moveFirst(); !Chips->pastLast(); Chips->moveNext()) {
+        names.push_back(Chips->value("Name").value_or(std::string()));
+    }
+    ChipSelect.setEntries(std::move(names));
+}
+
+void SPI::ChipSelect_Click() {
+    auto position = static_cast<std::size_t>(ChipSelect.position());
+    if (!Chips || position >= Chips->count()) {
+        return;
+    }
+    Chips->moveTo(position);
+    // The key becomes part of a text as a number, never as the text it may be.
+    std::string chip = std::to_string(roundToInt(numericPrefix(Chips->value("ChipID").value_or("0"))));
+    Chips->moveFirst();
+    Chips->find("ChipID = " + chip);
+    Registers->setQuery("Select * from Register where ChipID = " + chip + " AND Databits = 8 ORDER BY " +
+                        orderColumn(filter.order()));
+    fillWorktables(chip);
+    showChip();
+}
+
+void SPI::fillWorktables(const std::string& chip) {
+    StoreTransaction transaction(*store);
+    ClearWorktables();
+    table.fill(*Registers);
+    filter.tickAll();
+    table.show(allSettings);
+    fifo.takeChip(*Chips);
+    Registers->setQuery("Select * from Register where ChipID = " + chip + " AND StatusReg = True");
+    transaction.commit();
+}
+
+void SPI::showChip() {
+    Text3.setText(Chips->value("ProjectNr").value_or(std::string()));
+    editor.forbid();
+    status.offer(*Registers);
+    status.clear();
+    macros.offerNames();
+    macros.reset();
+    whole.ProgressBar1.putValue(0);
+    Notes.setText(ChipSelect.text() + ", " + today());
+}
+
+void SPI::TabStrip1_Click() {
+    CurrentTab = TabStrip1.page();
+    for (std::size_t page = 0; page < Frame_tabs.size(); ++page) {
+        Frame_tabs[page].setVisible(static_cast<int>(page) + 1 == CurrentTab);
+    }
+}
+
+void SPI::filterChanged() {
+    table.show(filterQuery(filter.classes(), filter.order()));
+}
+
+void SPI::LoadboardBusy() {
+    for (Element* element : whileReady) {
+        element->setEnabled(false);
+    }
+}
+
+void SPI::LoadboardReady() {
+    for (Element* element : whileReady) {
+        element->setEnabled(true);
+    }
+}
+
+LongAction::LongAction(SPI& ownTool)
+    : tool(ownTool)
+    , generation(ownTool.table.generation()) {
+    tool.LoadboardBusy();
+    if (tool.longActions++ == 0) {
+        tool.stopping = false;
+    }
+    tool.Stop.setEnabled(true);
+}
+
+void LongAction::end() {
+    if (std::exchange(ended, true)) {
+        return;
+    }
+    tool.Stop.setEnabled(--tool.longActions > 0);
+    tool.LoadboardReady();
+}
+
+bool LongAction::sameTable() const {
+    return !tool.isClosed() && tool.table.generation() == generation;
+}
+
+bool LongAction::goesOn() const {
+    return !portGone && !tool.stopping && sameTable();
+}
+
+bool LongAction::send(const std::string& line) {
+    portGone = tool.bench.connect->Send_To_LoadBoard(line).portGone();
+    return !portGone && sameTable();
+}
+
+} // namespace zor

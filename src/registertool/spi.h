@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "elements/form.h"
+#include "elements/tab_strip.h"
+#include "link/bench.h"
+#include "link/connect.h"
+#include "registertool/fifo_page.h"
+#include "registertool/macro_rows.h"
+#include "registertool/register_editor.h"
+#include "registertool/register_filter.h"
+#include "registertool/setting_table.h"
+#include "registertool/status_viewer.h"
+#include "registertool/supply_field.h"
+#include "registertool/whole_table.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace zor {
+
+/// The register tool: a browser over a database of registers for any chip on the board's bus.
+///
+/// Choosing a chip copies its registers from the master tables into the worktables; all else reads and writes
+/// the worktables, so that the database shows what the tool believes the chip holds. A store that fails is
+/// told once and leaves the tool open and empty.
+class SPI : public Form {
+  public:
+    explicit SPI(Bench& ownBench);
+    ~SPI() override;
+
+    Bench& bench;
+    /// The open database; nullptr if there is none that can be used.
+    std::unique_ptr<RegisterStore> store;
+    SettingTable table;
+
+    // Elements of both pages.
+    ListBox ChipSelect;
+    Label ProjectLabel;
+    /// The chip's project number.
+    TextField Text3;
+    Label NotesLabel;
+    TextField Notes;
+    TabStrip TabStrip1;
+    std::array<Frame, 2> Frame_tabs;
+    Label GuiNotesLabel;
+    TextField GuiNotes;
+    /// Ends a long action within one exchange.
+    Button Stop;
+    /// Leftovers: the first two move the place among the chips, which nothing shows.
+    Button Command1;
+    Button Command2;
+    Button Command3;
+    /// The palette that bits and values are coloured by, never seen themselves.
+    Swatch One;
+    Swatch Zero;
+    Swatch nodata;
+    Swatch Blue;
+    Swatch LightGray;
+
+    /// The number of the page that is up, from 1.
+    int CurrentTab = 1;
+
+    RegisterFilter filter;
+    RegisterEditor editor;
+    MacroRows macros;
+    StatusViewer status;
+    WholeTable whole;
+    SupplyField supply;
+    FifoPage fifo;
+
+    /// Empties the worktables and what is known of the chip. Throws StoreError.
+    void ClearWorktables();
+    /// Long actions disable what would disturb them.
+    void LoadboardBusy();
+    void LoadboardReady();
+    /// What LoadboardBusy disables.
+    std::vector<Element*> whileReady;
+
+    /// Runs an action of the user; a failure of the store in it is told, and the tool is empty then.
+    void guarded(const std::function<void()>& action);
+
+  protected:
+    void unload() override;
+
+  private:
+    friend class LongAction;
+
+    void openStore();
+    void offerChips();
+    void ChipSelect_Click();
+    void fillWorktables(const std::string& chip);
+    void showChip();
+    void TabStrip1_Click();
+    void filterChanged();
+    void tellStoreFailure(const StoreError& error);
+    void detachStore();
+
+    /// The record sources that the product calls by these names.
+    std::unique_ptr<RecordSource> Chips;
+    std::unique_ptr<RecordSource> Registers;
+    Subscription opening;
+    int longActions = 0;
+    bool stopping = false;
+};
+
+/// A run of many exchanges: the tool is busy while it lives, and it tells whether the run goes on. It ends
+/// when the user stops it, when the port has gone, when the window was closed, and when the registers are no
+/// longer those it began with.
+class LongAction {
+  public:
+    explicit LongAction(SPI& ownTool);
+    LongAction(const LongAction&) = delete;
+    LongAction& operator=(const LongAction&) = delete;
+    /// Frees the tool, also where the run was dropped in its middle.
+    ~LongAction() { end(); }
+
+    [[nodiscard]] bool goesOn() const;
+    /// Sends a line and waits. @return whether there is an answer, and still somebody to take it
+    bool send(const std::string& line);
+    /// The tool is open and has the registers that the run began with.
+    [[nodiscard]] bool sameTable() const;
+    /// Frees the tool before the run's last words.
+    void end();
+
+  private:
+    SPI& tool;
+    unsigned generation;
+    bool portGone = false;
+    bool ended = false;
+};
+
+} // namespace zor

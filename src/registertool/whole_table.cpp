@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "registertool/whole_table.h"
+
+#include "registertool/register_lines.h"
+#include "registertool/spi.h"
+#include "support/numbers.h"
+
+namespace zor {
+
+namespace {
+
+constexpr double wholeProgress = 100;
+
+/// One line of an update, taken from the store before the first one goes out.
+struct Write {
+    std::string line;
+    bool writable;
+};
+
+} // namespace
+
+WholeTable::WholeTable(SPI& ownTool)
+    : RefreshTable(ownTool, "RefreshTable", "Refresh Table")
+    , UpdateChip(ownTool, "UpdateChip", "Update Chip")
+    , Defaults(ownTool, "Defaults", "Load Defaults")
+    , ProgressBar1(ownTool, "ProgressBar1", 0, 100, 0)
+    , tool(ownTool) {
+    RefreshTable.setTip("Reads every register of the chip");
+    UpdateChip.setTip("Writes every register of the table to the chip");
+    Defaults.setTip("Takes the default values and writes them to the chip");
+    RefreshTable.onClick = [this] { tool.guarded([this] { RefreshTable_Click(); }); };
+    UpdateChip.onClick = [this] { tool.guarded([this] { UpdateChip_Click(); }); };
+    Defaults.onClick = [this] { tool.guarded([this] { Defaults_Click(); }); };
+}
+
+void WholeTable::showAll() {
+    tool.filter.tickAll();
+    tool.table.show(allSettings);
+}
+
+void WholeTable::showProgress(std::size_t done, std::size_t total) {
+    ProgressBar1.putValue(roundToInt(static_cast<double>(done) / static_cast<double>(total) * wholeProgress));
+}
+
+void WholeTable::RefreshTable_Click() {
+    LongAction busy(tool);
+    ProgressBar1.putValue(0);
+    std::string kept = tool.editor.pickedAddress();
+    showAll();
+    // What is shown may change while a send waits; the walk keeps to its rows.
+    std::vector<std::size_t> rows = tool.table.shown();
+    for (std::size_t done = 0; done < rows.size() && busy.goesOn(); ++done) {
+        const Setting& setting = tool.table.rows()[rows[done]];
+        if (setting.R) {
+            if (!busy.send(tableReadLine(setting.Address))) {
+                break;
+            }
+            tool.table.storeValue(rows[done], answeredByte(tool.bench.link.Last15));
+        }
+        showProgress(done + 1, rows.size());
+    }
+    busy.end();
+    if (busy.sameTable()) {
+        tool.macros.GUI_Sync();
+        tool.editor.findAgain(kept, RegisterEditor::Editor::Follows);
+    }
+}
+
+void WholeTable::UpdateChip_Click() {
+    LongAction busy(tool);
+    ProgressBar1.putValue(0);
+    std::string kept = tool.editor.pickedAddress();
+    std::vector<Write> writes;
+    if (tool.store) {
+        auto rows = tool.store->select(allSettings);
+        for (; !rows->pastLast(); rows->moveNext()) {
+            std::string address = rows->value("Address").value_or(std::string());
+            std::string value = rows->value("HexValue").value_or(std::string());
+            writes.push_back({writeLine(address, value), rows->value("W") == "True"});
+        }
+    }
+    for (std::size_t done = 0; done < writes.size() && busy.goesOn(); ++done) {
+        if (writes[done].writable && !busy.send(writes[done].line)) {
+            break;
+        }
+        showProgress(done + 1, writes.size());
+    }
+    busy.end();
+    if (busy.sameTable()) {
+        tool.macros.GUI_Sync();
+        if (tool.editor.pickedAddress().empty()) {
+            tool.editor.findAgain(kept, RegisterEditor::Editor::Stays);
+        }
+    }
+}
+
+void WholeTable::Defaults_Click() {
+    std::string kept = tool.editor.pickedAddress();
+    showAll();
+    if (tool.store) {
+        StoreTransaction transaction(*tool.store);
+        for (std::size_t row : tool.table.shown()) {
+            tool.table.storeValue(row, tool.table.rows()[row].DefaultValue);
+        }
+        transaction.commit();
+    }
+    tool.editor.findAgain(kept, RegisterEditor::Editor::Follows);
+    UpdateChip_Click();
+}
+
+} // namespace zor
