@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/trace_text.h"
 
-#include "simulator/command_arguments.h"
 #include "support/numbers.h"
+#include "support/vocabulary.h"
 
 namespace zor::sim {
 
@@ -48,16 +48,10 @@ std::string unescaped(std::string_view text) {
     return bytes;
 }
 
-std::string transferMeaning(std::string_view line, std::optional<Chip> chip) {
-    bool byte = line.starts_with("S1");
-    if (!byte && !line.starts_with("S2")) {
-        return {};
-    }
-    std::string_view argument = withoutBlanks(line.substr(2));
-    if (!hasForm(argument, byte ? ArgumentForm::byte : ArgumentForm::word)) {
-        return {};
-    }
-    return commandName(chip, static_cast<std::uint16_t>(*readHex(argument)), byte ? 8 : 16);
+std::string lineMeaning(std::string_view line, std::optional<Chip> chip) {
+    return commandMeaning(line, [chip](std::uint32_t word, int bits) {
+        return std::string(commandName(chip, static_cast<std::uint16_t>(word), bits));
+    });
 }
 
 } // namespace zor::sim

@@ -15,8 +15,8 @@ namespace zor::sim {
 /// The bytes that a text with those escapes stands for; a backslash before anything else stays as it is.
 [[nodiscard]] std::string unescaped(std::string_view text);
 
-/// What a line transfers to the chip, for a reader of a trace: the name of the command that an "S1" or "S2"
-/// line carries. Empty for any other line and for a word that no chip knows.
-[[nodiscard]] std::string transferMeaning(std::string_view line, std::optional<Chip> chip);
+/// What a line asks the board for, for a reader of a trace; a word of the chip by its command's name. Empty
+/// for a line that the board does not know.
+[[nodiscard]] std::string lineMeaning(std::string_view line, std::optional<Chip> chip);
 
 } // namespace zor::sim

@@ -63,7 +63,7 @@ Server::Server(const Options& chosen)
         toPc.push(transmission.bytes, boardTime + transmission.delay);
     };
     board.lineReceived = [this](const std::string& text) {
-        trace("<", quotedBytes(text), transferMeaning(text, board.radio().chip()));
+        trace("<", quotedBytes(text), lineMeaning(text, board.radio().chip()));
     };
     makeLink();
 }

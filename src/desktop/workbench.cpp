@@ -31,9 +31,17 @@ Workbench::Workbench(MainWindow& mainForm)
     mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi->viewport()->installEventFilter(this);
+    connect(mdi, &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* window) {
+        // None is told while a dialog or another program has the screen's focus; that changes nothing here.
+        Form* form = window == nullptr ? nullptr : main.desk().find(fromQt(window->objectName()));
+        if (form != nullptr && form->isOpen() && !form->inFront()) {
+            form->userActivate();
+        }
+    });
     buildMenus(*menuBar(), main);
     addMainBars(*this, main);
     statusBar()->addWidget(label(main.Notice), 1);
+    statusBar()->addPermanentWidget(button(main.linkBar.Reconnect));
     colourArea();
     new QShortcut(QKeySequence(Qt::Key_F6), this, [this] { changePane(); });
 

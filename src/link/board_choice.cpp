@@ -17,9 +17,11 @@ int portOfEntry(const std::string& entry) {
 
 } // namespace
 
-BoardChoice::BoardChoice(Bench& ownBench, LinkBar& ownBar, Connect& channel, DataSelector& dataSelector)
+BoardChoice::BoardChoice(Bench& ownBench, LinkBar& ownBar, LinkStateMachine& ownLink, Connect& channel,
+                         DataSelector& dataSelector)
     : bench(ownBench)
     , bar(ownBar)
+    , link(ownLink)
     , connect(channel)
     , selector(dataSelector) {
     bar.LoadboardList.onChange = [this] { LoadboardList_click(); };
@@ -45,6 +47,16 @@ void BoardChoice::LoadboardList_click() {
     }
 }
 
+void BoardChoice::connectAgain(const std::string& entry) {
+    link.showLostBoard();
+    try {
+        connectTo(portOfEntry(entry));
+    } catch (const ToolError& error) {
+        link.hideLostBoard();
+        bench.tellError(error, "Comm. port open error");
+    }
+}
+
 void BoardChoice::connectTo(int port) {
     if (bench.link.LoadBoardRev == 2) {
         connect.usb.GetUSBLocationsByDriver();
@@ -54,9 +66,8 @@ void BoardChoice::connectTo(int port) {
         bench.link.UsbLocation = connect.usb.GetThisUSBLocationByDriver();
     }
     // Locked before the first wait: a second choice in it would find the port taken.
-    bar.LoadboardList.setLocked(true);
+    link.connected();
     otherBoardLeft.emit();
-    bar.Toolbar3.setVisible(bar.Toolbar3.visible() && bench.link.LoadBoardRev == 2);
     connect.Send_To_LoadBoard(std::string(command::identify));
     if (bench.link.LoadBoardRev == 1) {
         connect.Send_To_LoadBoard(
@@ -78,7 +89,7 @@ void BoardChoice::offerBoard() {
     if (bench.link.LoadBoardRev == 2) {
         generation2Connected.emit();
         selector.reset();
-        bar.Toolbar3.setVisible(connect.isOpen());
+        link.offerSelector(connect.isOpen());
     }
     if (bench.link.LoadBoardRev == 40) {
         loaderConnected.emit();

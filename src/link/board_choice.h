@@ -10,7 +10,8 @@ namespace zor {
 /// Turns a choice in LoadboardList into an open connection on the working port.
 class BoardChoice {
   public:
-    BoardChoice(Bench& ownBench, LinkBar& ownBar, Connect& channel, DataSelector& dataSelector);
+    BoardChoice(Bench& ownBench, LinkBar& ownBar, LinkStateMachine& ownLink, Connect& channel,
+                DataSelector& dataSelector);
 
     /// What only the board before could do is not offered any more.
     Signal<> otherBoardLeft;
@@ -21,6 +22,9 @@ class BoardChoice {
     /// A board is chosen, or none need be: the panels may be used.
     Signal<> panelsEnabled;
 
+    /// Opens the board that was lost, and sets it up as a choice of its entry does. A failure is told.
+    void connectAgain(const std::string& entry);
+
   private:
     void LoadboardList_click();
     void connectTo(int port);
@@ -28,6 +32,7 @@ class BoardChoice {
 
     Bench& bench;
     LinkBar& bar;
+    LinkStateMachine& link;
     Connect& connect;
     DataSelector& selector;
 };

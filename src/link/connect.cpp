@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "link/connect.h"
 
+#include "elements/text_field.h"
+
 #include <algorithm>
 
 namespace zor {
@@ -36,10 +38,9 @@ bool isPrompt(std::string_view last7) {
 
 } // namespace
 
-Connect::Connect(Bench& ownBench, LinkBar& ownBar)
+Connect::Connect(Bench& ownBench)
     : usb(ownBench.platform.usb, ownBench.platform.loop)
     , bench(ownBench)
-    , bar(ownBar)
     , MSComm2(ownBench.platform.ports.create())
     , Timer1(ownBench.platform.loop, [this] { Timer1_Timer(); }) {
     EventLoop& loop = bench.platform.loop;
@@ -68,7 +69,7 @@ Exchange Connect::Send_To_LoadBoard(const std::string& command) {
         result = exchange(command);
     } catch (const ToolError& error) {
         result.outcome = Exchange::Outcome::NotOpen;
-        bench.tellError(error, "USB communication error");
+        troubled.emit({PortTrouble::Kind::SendFailed, error});
     }
     if (result.portGone()) {
         silence(action);
@@ -77,7 +78,7 @@ Exchange Connect::Send_To_LoadBoard(const std::string& command) {
         }
     }
     if (tap.exchanges.heard()) {
-        tap.exchanges.emit({workingNumber, command, result, sent, loop.now()});
+        tap.exchanges.emit({workingNumber, command, result, true, sent, loop.now()});
     }
     return result;
 }
@@ -144,6 +145,10 @@ void Connect::waitForPrompt(Wait& wait) {
 void Connect::writeDirectly(std::string_view bytes) {
     MSComm2->write(bytes);
     tellTap(WireBytes::Port::Working, WireBytes::Direction::ToBoard, bytes);
+    if (tap.exchanges.heard()) {
+        EventLoop::Duration now = bench.platform.loop.now();
+        tap.exchanges.emit({workingNumber, bytes, {}, false, now, now});
+    }
 }
 
 void Connect::open(int portNumber, const LineSettings& settings) {
@@ -214,7 +219,7 @@ void Connect::timeOut() {
             loseBoard();
         } else {
             endWaits(Ending::TimedOut);
-            bench.tellError(error, "LoadBoard Communication error");
+            troubled.emit({PortTrouble::Kind::ClosingFailed, error});
         }
         return;
     }
@@ -238,31 +243,21 @@ void Connect::deviceGone() {
 
 void Connect::loseBoard() {
     endWaits(Ending::Lost);
-    bar.LoadboardList.setLocked(false);
-    bar.LoadboardList.putText("Press connect");
-    bar.CommStatus.setText("No comm.");
     Timer1.stop();
     WaitTicks = 0;
-    bar.Connect.setEnabled(true);
-    bar.Disconnect.setEnabled(false);
-    for (int entry = static_cast<int>(bar.LoadboardList.entries().size()) - 1; entry >= 0; --entry) {
-        bar.LoadboardList.removeEntry(entry);
-    }
     portClosed.emit();
     lost.emit();
-    bench.platform.dialogs.show({.text = "Loadboard disconnected!\r\nPlease press connect again!",
-                                 .title = "LoadBoard Communication Error!",
-                                 .icon = BoxIcon::Critical});
+    troubled.emit({PortTrouble::Kind::BoardLost, ToolError(invalidPort)});
 }
 
 void Connect::receive(char c) {
     push(bench.link.Last7, c, 7);
     push(bench.link.Last15, c, 15);
     push(bench.link.Last100, c, 100);
+    tellTap(WireBytes::Port::Working, WireBytes::Direction::FromBoard, {&c, 1});
     for (Wait* wait : waits) {
         hear(*wait, c);
     }
-    tellTap(WireBytes::Port::Working, WireBytes::Direction::FromBoard, {&c, 1});
     if (c == '\n') {
         return;
     }
@@ -273,7 +268,7 @@ void Connect::receive(char c) {
             mirror.receiver->append(shown);
         }
     }
-    bar.CommStatus.setText(bench.link.Last7 == LinkVariables::Last7OK ? "Comm. OK" : "reading...");
+    bench.CommStatus->setText(bench.link.Last7 == LinkVariables::Last7OK ? "Comm. OK" : "reading...");
 }
 
 void Connect::hear(Wait& wait, char c) const {
@@ -298,7 +293,8 @@ void Connect::hear(Wait& wait, char c) const {
 void Connect::tellTap(WireBytes::Port role, WireBytes::Direction direction, std::string_view bytes) {
     if (tap.bytes.heard()) {
         int number = role == WireBytes::Port::Working ? workingNumber : trial ? trial->number : 0;
-        tap.bytes.emit({role, number, direction, bytes, bench.platform.loop.now()});
+        bool awaited = role == WireBytes::Port::Search || anyWaiting();
+        tap.bytes.emit({role, number, direction, bytes, awaited, bench.platform.loop.now()});
     }
 }
 
@@ -326,7 +322,7 @@ void Connect::lineEvent(int code) {
         } else {
             endWaits(Ending::Lost);
             portClosed.emit();
-            bench.tellError(error, "LoadBoard Communication error");
+            troubled.emit({PortTrouble::Kind::ClosingFailed, error});
         }
     }
 }
@@ -354,13 +350,29 @@ void Connect::openTrial(int portNumber) {
     trial->port->open(portNumber, LineSettings{});
 }
 
-void Connect::writeToTrial(std::string_view bytes) {
-    trial->port->write(bytes);
-    tellTap(WireBytes::Port::Search, WireBytes::Direction::ToBoard, bytes);
+void Connect::askOnTrial(std::string_view line) {
+    trial->port->write(line);
+    trial->line = line;
+    trial->asked = bench.platform.loop.now();
+    Last100.clear();
+    tellTap(WireBytes::Port::Search, WireBytes::Direction::ToBoard, line);
 }
 
 void Connect::closeTrial() {
+    tellTrial();
     trial->port->close();
+}
+
+void Connect::tellTrial() {
+    if (!tap.exchanges.heard() || trial->line.empty()) {
+        return;
+    }
+    Exchange result;
+    result.answer = Last100;
+    result.outcome = Last7 == LinkVariables::Last7OK      ? Exchange::Outcome::Answered
+                     : Last7 == LinkVariables::Last7ERROR ? Exchange::Outcome::Refused
+                                                          : Exchange::Outcome::TimedOut;
+    tap.exchanges.emit({trial->number, trial->line, result, true, trial->asked, bench.platform.loop.now()});
 }
 
 void Connect::receiveOnTrial(char c) {

@@ -3,7 +3,6 @@
 
 #include "link/bench.h"
 #include "link/exchange.h"
-#include "link/link_bar.h"
 #include "link/usb_boards.h"
 #include "link/wire_tap.h"
 #include "platform/event_loop.h"
@@ -17,6 +16,13 @@
 
 namespace zor {
 
+/// What the port could not do.
+struct PortTrouble {
+    enum class Kind { SendFailed, ClosingFailed, BoardLost };
+    Kind kind;
+    ToolError error;
+};
+
 /// The command channel to a LoadBoard: the search port and the working port, the watchdog of the reply, and
 /// the one operation by which everybody talks to the board.
 ///
@@ -24,7 +30,7 @@ namespace zor {
 /// to a protocol, so a value is read out of the characters in front of the prompt. Owned by the main window.
 class Connect {
   public:
-    Connect(Bench& ownBench, LinkBar& ownBar);
+    explicit Connect(Bench& ownBench);
     ~Connect();
 
     /// Writes the command (its terminator included) and waits until a prompt came, the watchdog closed the
@@ -56,7 +62,8 @@ class Connect {
     void endTrial();
     /// Throws ToolError.
     void openTrial(int portNumber);
-    void writeToTrial(std::string_view bytes);
+    /// Writes the line and forgets what came before it.
+    void askOnTrial(std::string_view line);
     void closeTrial();
     /// The tails of the search port, not the working port's.
     std::string Last7;
@@ -69,6 +76,9 @@ class Connect {
     /// The working port has been closed and stays so, whoever did it: what the chip holds is not known any
     /// more.
     Signal<> portClosed;
+
+    /// A failure that the user has to know of.
+    Signal<const PortTrouble&> troubled;
 
     WireTap tap;
     UsbBoards usb;
@@ -94,6 +104,8 @@ class Connect {
     struct Trial {
         std::unique_ptr<SerialPort> port;
         int number = 0;
+        std::string line;
+        EventLoop::Duration asked{};
     };
 
     Exchange exchange(const std::string& command);
@@ -109,11 +121,11 @@ class Connect {
     void receive(char c);
     void hear(Wait& wait, char c) const;
     void receiveOnTrial(char c);
+    void tellTrial();
     void lineEvent(int code);
     void tellTap(WireBytes::Port role, WireBytes::Direction direction, std::string_view bytes);
 
     Bench& bench;
-    LinkBar& bar;
     std::unique_ptr<SerialPort> MSComm2;
     std::unique_ptr<Trial> trial;
     Timer Timer1;

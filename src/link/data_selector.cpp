@@ -12,9 +12,10 @@ constexpr const char* forcedTip = "Please disable the FIFO mode or the CW Link S
 
 } // namespace
 
-DataSelector::DataSelector(Bench& ownBench, LinkBar& ownBar, Connect& channel)
+DataSelector::DataSelector(Bench& ownBench, LinkBar& ownBar, LinkStateMachine& ownLink, Connect& channel)
     : bench(ownBench)
     , bar(ownBar)
+    , link(ownLink)
     , connect(channel) {
     bar.CB_Mode.setTip(freeTip);
     bar.CB_Mode.onChange = [this] { CB_Mode_Click(); };
@@ -91,14 +92,13 @@ void DataSelector::comeBack() {
     } marked(comingBack);
     if (connect.usb.IssueBreakByDriver(bench.link.UsbLocation) != 0) {
         bar.CB_Mode.putPosition(dataMode);
+        if (!bench.platform.ports.present(connect.portNumber())) {
+            link.goneInDataMode();
+        }
         throw ToolError(portUnavailable, "Commport is not available");
     }
     connect.open(connect.portNumber(), {.clearInput = true, .dtr = true, .rts = true});
-    bench.link.ListChangeBlocked = true;
-    bar.LoadboardList.select(bench.link.LoadBoardIndex);
-    bench.link.ListChangeBlocked = false;
-    bar.Connect.setEnabled(false);
-    bar.Disconnect.setEnabled(true);
+    link.leaveDataMode();
     // A bare carriage return brings the prompt back into step.
     connect.Send_To_LoadBoard("\r");
 }
@@ -108,14 +108,8 @@ void DataSelector::enterDataMode() {
         return;
     }
     connect.writeDirectly(command::enterDataMode);
-    bench.link.LoadBoardIndex = static_cast<std::int16_t>(bar.LoadboardList.position());
-    bench.link.ListChangeBlocked = true;
-    bar.LoadboardList.putPosition(-1);
-    bench.link.ListChangeBlocked = false;
+    link.enterDataMode();
     connect.closeOnPurpose();
-    bar.Connect.setEnabled(false);
-    bar.Disconnect.setEnabled(false);
-    bar.CommStatus.setText("Data mode");
     dataModeEntered.emit();
 }
 

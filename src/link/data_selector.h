@@ -2,6 +2,7 @@
 #pragma once
 
 #include "link/connect.h"
+#include "link/link_state.h"
 
 #include <cstdint>
 
@@ -20,7 +21,7 @@ class DataSelector {
   public:
     enum Index { internal = 0, external = 1, dataMode = 2 };
 
-    DataSelector(Bench& ownBench, LinkBar& ownBar, Connect& channel);
+    DataSelector(Bench& ownBench, LinkBar& ownBar, LinkStateMachine& ownLink, Connect& channel);
 
     /// Fills the list.
     void fill();
@@ -44,6 +45,7 @@ class DataSelector {
 
     Bench& bench;
     LinkBar& bar;
+    LinkStateMachine& link;
     Connect& connect;
     std::int16_t SavedDataSelectorIndex = 0;
     bool comingBack = false;

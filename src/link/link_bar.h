@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/button.h"
 #include "elements/label.h"
 #include "elements/list_box.h"
 #include "elements/menu.h"
@@ -21,7 +22,8 @@ struct LinkBar {
         , LoadboardList(main, "LoadboardList", {}, "Please select...")
         , Toolbar3(main, "Toolbar3")
         , Text1(main, "Text1", "Data Selector:")
-        , CB_Mode(main, "CB_Mode") {
+        , CB_Mode(main, "CB_Mode")
+        , Reconnect(main, "Reconnect", "Reconnect") {
         for (Element* element : {static_cast<Element*>(&CommStatus), static_cast<Element*>(&Text2),
                                  static_cast<Element*>(&LoadBoard), static_cast<Element*>(&LoadboardList)}) {
             element->setContainer(&Toolbar2);
@@ -29,6 +31,7 @@ struct LinkBar {
         Text1.setContainer(&Toolbar3);
         CB_Mode.setContainer(&Toolbar3);
         CommStatus.setTip("Comport status");
+        Reconnect.setTip("Opens the same port again and sets the board up as before");
     }
 
     Bar Toolbar2;
@@ -41,6 +44,8 @@ struct LinkBar {
     Bar Toolbar3;
     Label Text1;
     ListBox CB_Mode;
+    /// At the foot of the window, beside its notice: takes a board up again that was pulled out and is back.
+    Button Reconnect;
 };
 
 } // namespace zor

@@ -51,9 +51,9 @@ const Firmware* firmwareOfEntry(std::string_view entry) {
     return match == firmwares.end() ? nullptr : &*match;
 }
 
-PortSearch::PortSearch(Bench& ownBench, LinkBar& ownBar, Connect& channel)
+PortSearch::PortSearch(Bench& ownBench, LinkStateMachine& ownLink, Connect& channel)
     : bench(ownBench)
-    , bar(ownBar)
+    , link(ownLink)
     , connect(channel)
     , Timer1(ownBench.platform.loop, [this] { Timer1_Timer(); }) {}
 
@@ -66,9 +66,7 @@ void PortSearch::begin() {
     bench.platform.ports.renumber();
     claim = bench.link.port.seize(tryToOpen);
     Timer1.start(stepInterval);
-    bar.Connect.setEnabled(false);
-    bar.Disconnect.setEnabled(false);
-    bar.LoadboardList.setEnabled(false);
+    link.beginSearch();
 }
 
 void PortSearch::Timer1_Timer() {
@@ -96,8 +94,7 @@ void PortSearch::runStep(Step step) {
         claim.setStep(ask);
         break;
     case ask:
-        connect.writeToTrial(command::identify);
-        connect.Last100.clear();
+        connect.askOnTrial(command::identify);
         claim.setStep(listen);
         break;
     case listen:
@@ -111,8 +108,7 @@ void PortSearch::runStep(Step step) {
 
 void PortSearch::open() {
     connect.beginTrial();
-    bar.LoadboardList.putText("searching");
-    bar.CommStatus.setText("COM " + std::to_string(SearchComNr));
+    link.showTrial(SearchComNr);
     connect.openTrial(SearchComNr);
 }
 
@@ -131,11 +127,8 @@ void PortSearch::listenOnce() {
     SearchTicks = 0;
     if (const Firmware* firmware = recogniseFirmware(connect.Last100)) {
         std::string number = std::to_string(SearchComNr);
-        bar.LoadBoard.setText(std::string(firmware->foundText) + number);
-        bar.LoadboardList.addEntry(std::string(firmware->listEntry) + number);
-        auto tips = bar.LoadboardList.entryTips();
-        tips.push_back(bench.platform.ports.devicePath(SearchComNr));
-        bar.LoadboardList.setEntryTips(std::move(tips));
+        link.addBoard(std::string(firmware->foundText) + number, std::string(firmware->listEntry) + number,
+                      bench.platform.ports.devicePath(SearchComNr));
         bench.link.LoadBoardRev = firmware->loadBoardRev;
     }
     connect.closeTrial();
@@ -151,7 +144,7 @@ void PortSearch::nextPort() {
 void PortSearch::end() {
     Timer1.stop();
     claim.giveBack();
-    bar.CommStatus.setText("Finished");
+    link.endSearch();
     finished.emit();
 }
 

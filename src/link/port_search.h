@@ -2,6 +2,7 @@
 #pragma once
 
 #include "link/connect.h"
+#include "link/link_state.h"
 
 #include <cstdint>
 #include <functional>
@@ -20,7 +21,7 @@ namespace zor {
 /// It takes the port from whoever has it, so that no panel begins a sequence meanwhile.
 class PortSearch {
   public:
-    PortSearch(Bench& ownBench, LinkBar& ownBar, Connect& channel);
+    PortSearch(Bench& ownBench, LinkStateMachine& ownLink, Connect& channel);
 
     /// Starts at the first port of the range; buttons and boards' choice are out of reach until the end.
     void begin();
@@ -47,7 +48,7 @@ class PortSearch {
     void end();
 
     Bench& bench;
-    LinkBar& bar;
+    LinkStateMachine& link;
     Connect& connect;
     Timer Timer1;
     PortClaim claim;

@@ -20,6 +20,9 @@ struct PreferenceValues {
     std::int32_t Pref_RxLinkTimeout = 50;
     /// Supply of the radio board in V, as it was entered; its numeric prefix counts.
     std::string Pref_Voltage = "2.5";
+    /// A board that was pulled out is taken up again as soon as its adapter is back. Kept in a file beside
+    /// ZOR.ini.
+    bool ReconnectByItself = false;
 };
 
 } // namespace zor

@@ -18,6 +18,8 @@ struct WireBytes {
     int number = 0;
     Direction direction = Direction::ToBoard;
     std::string_view bytes;
+    /// A line waits for its answer, to which the character belongs.
+    bool awaited = false;
     /// When they were handed to the line, or arrived.
     EventLoop::Duration time{};
 };
@@ -28,6 +30,8 @@ struct WireExchange {
     /// Its terminator included.
     std::string_view line;
     const Exchange& result;
+    /// Somebody waited for the prompt; the loader's lines and the way into Data mode go without.
+    bool awaited = true;
     EventLoop::Duration sent{};
     EventLoop::Duration ended{};
 };

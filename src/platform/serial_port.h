@@ -91,6 +91,14 @@ class SerialPorts {
     virtual void renumber() = 0;
     /// What the system calls the numbered port ("/dev/ttyUSB0"); empty if there is none.
     [[nodiscard]] virtual std::string devicePath(int number) const = 0;
+    /// The numbered port's device is there now.
+    [[nodiscard]] virtual bool present(int number) const = 0;
+    /// What tells the numbered port's adapter from all others as long as it stays in its socket: a USB
+    /// device's location and serial number, else the device's path. Empty if there is no such port.
+    [[nodiscard]] virtual std::string identity(int number) const = 0;
+    /// The port number under which the adapter of that identity can be opened now; 0 if it is not there. A
+    /// USB adapter that came back under another device path keeps its number.
+    [[nodiscard]] virtual int find(const std::string& adapter) = 0;
 };
 
 } // namespace zor

@@ -27,10 +27,13 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , linkBar(*this)
     , menu(*this)
     , ownBench(platform, desk, tools)
-    , channel(ownBench, linkBar)
-    , selector(ownBench, linkBar, channel)
-    , search(ownBench, linkBar, channel)
-    , boardChoice(ownBench, linkBar, channel, selector)
+    , link(ownBench, linkBar)
+    , channel(ownBench)
+    , messages(ownBench, channel)
+    , selector(ownBench, linkBar, link, channel)
+    , search(ownBench, link, channel)
+    , boardChoice(ownBench, linkBar, link, channel, selector)
+    , reconnect(ownBench, linkBar, link, boardChoice, channel)
     , tools(ownBench)
     , registry(ownBench, menu, {TX, RX, TRX, EE})
     , workspace(ownBench)
@@ -44,9 +47,6 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     platform.loop.uncaught = [this](const ToolError& error) { ownBench.tellError(error, productTitle); };
     FactoryModeTimer.setInterval(factoryGestureTime);
     EE.setTip("EEPROM programmer");
-    linkBar.Toolbar3.setVisible(false);
-    // Nothing is connected, also where the start ends early.
-    linkBar.Disconnect.setEnabled(false);
     workspace.openPanel = [this](std::string_view panel) { registry.reopen(panel); };
     workspace.createPanel = [this](std::string_view panel) -> Form& { return registry.create(panel); };
     wireMenu();
@@ -111,8 +111,10 @@ void MainWindow::wireLink() {
     linkBar.Connect.onClick = [this] { Connect_Click(); };
     linkBar.Disconnect.onClick = [this] { Disconnect_Click(); };
     auto noLoader = [this] { menu.mnuload.setEnabled(false); };
+    subscriptions.push_back(link.entered.subscribe([this](LinkState state) { linkEntered(state); }));
     listen(search.finished, [this] { searchFinished(); });
     listen(selector.dataModeEntered, noLoader);
+    listen(channel.lost, [this] { link.lost(); });
     listen(channel.lost, noLoader);
     listen(boardChoice.otherBoardLeft, noLoader);
     listen(boardChoice.otherBoardLeft, [this] { disableLinkEntries(); });
@@ -172,26 +174,26 @@ void MainWindow::EnablePanelButtons(bool flag) {
     }
 }
 
+void MainWindow::linkEntered(LinkState state) {
+    if (state == LinkState::DataMode) {
+        Notice.setCaption(
+            "Data mode: choose one of the first two entries of the data selector to come back.");
+    } else if (state == LinkState::Connected) {
+        Notice.setCaption("");
+    }
+}
+
 void MainWindow::searchFinished() {
     tellDeniedDevices();
-    ListBox& list = linkBar.LoadboardList;
-    if (list.entries().empty()) {
+    if (link.state() == LinkState::None) {
         if (search.deniedDevices().empty()) {
             Notice.setCaption("No board found. The panels work without one; \"zor --demo\" simulates one.");
         }
-        linkBar.LoadBoard.setText("not found");
-        list.putText("Not found");
-        linkBar.Connect.setEnabled(true);
-        linkBar.Disconnect.setEnabled(false);
         EnablePanelButtons(true);
         return;
     }
-    list.putText("Please select...");
-    list.setEnabled(true);
-    linkBar.Connect.setEnabled(false);
-    linkBar.Disconnect.setEnabled(true);
-    if (list.entries().size() == 1) {
-        list.select(0);
+    if (linkBar.LoadboardList.entries().size() == 1) {
+        linkBar.LoadboardList.select(0);
     }
 }
 
@@ -238,17 +240,8 @@ void MainWindow::Disconnect_Click() {
     } catch (const ToolError& error) {
         ownBench.tellError(error, "Comm. port open error");
     }
-    linkBar.Connect.setEnabled(true);
-    linkBar.Disconnect.setEnabled(false);
-    linkBar.CommStatus.setText("No comm.");
-    ListBox& list = linkBar.LoadboardList;
-    for (int entry = static_cast<int>(list.entries().size()) - 1; entry >= 0; --entry) {
-        list.removeEntry(entry);
-    }
-    list.setLocked(false);
-    list.putText("Press connect");
+    link.disconnected();
     menu.mnuload.setEnabled(false);
-    linkBar.Toolbar3.setVisible(false);
 }
 
 void MainWindow::factoryGesture() {

@@ -9,7 +9,10 @@
 #include "link/connect.h"
 #include "link/data_selector.h"
 #include "link/link_bar.h"
+#include "link/link_messages.h"
+#include "link/link_state.h"
 #include "link/port_search.h"
+#include "link/reconnect.h"
 #include "shell/main_menu.h"
 #include "shell/panel_registry.h"
 #include "shell/tool_windows.h"
@@ -32,6 +35,7 @@ class MainWindow : public Form {
     ~MainWindow() override;
 
     [[nodiscard]] Bench& bench() { return ownBench; }
+    [[nodiscard]] LinkState linkState() const { return link.state(); }
     [[nodiscard]] const PortSearch& portSearch() const { return search; }
     [[nodiscard]] const DataSelector& dataSelector() const { return selector; }
     /// A double click on the empty window waits for a second one.
@@ -71,6 +75,7 @@ class MainWindow : public Form {
     void openTool(Tool tool);
     void wireLink();
     void startSearch();
+    void linkEntered(LinkState state);
     void searchFinished();
     void tellDeniedDevices();
     void factoryGesture();
@@ -81,10 +86,13 @@ class MainWindow : public Form {
     void closeOpenForms();
 
     Bench ownBench;
+    LinkStateMachine link;
     zor::Connect channel;
+    LinkMessages messages;
     DataSelector selector;
     PortSearch search;
     BoardChoice boardChoice;
+    zor::Reconnect reconnect;
     ToolWindows tools;
     PanelRegistry registry;
     Workspace workspace;

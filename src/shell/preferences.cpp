@@ -46,6 +46,8 @@ Preferences::Preferences(Bench& ownBench, MenuEntry& firmwareLoader)
     , LoadWS(*this, "LoadWS", "Load workspace on startup", ownBench.preferences.Pref_LoadWS == 1)
     , CCautoLoad(*this, "CCautoLoad", "Load chip configuration:", ownBench.preferences.Pref_CCautoLoad == 1)
     , EnLB_FWload(*this, "EnLB_FWload", "Enable LoadBoard Frimware loading", firmwareLoader.visible())
+    , ReconnectByItself(*this, "ReconnectByItself", "Reconnect by itself",
+                        ownBench.preferences.ReconnectByItself)
     , Save(*this, "Save", "Save && Exit")
     , Exit(*this, "Exit", "Cancel")
     , bench(ownBench)
@@ -60,6 +62,7 @@ Preferences::Preferences(Bench& ownBench, MenuEntry& firmwareLoader)
     ComNr_max.setTip("Last port of the search, 0 to 16");
     LoadWS.setTip("Opens the windows of the saved workspace at the start");
     CCautoLoad.setTip("A chip panel asks for its configuration file as it opens");
+    ReconnectByItself.setTip("Takes a board that was pulled out up again as soon as it is back");
     EnLB_FWload.setTip("Shows the entry of the firmware loader; acts at once");
 
     TabStrip1.onTurn = [this] { TabStrip1_Click(); };
@@ -96,7 +99,9 @@ void Preferences::stepLast(int step) {
 void Preferences::Save_Click() {
     StoredPreferences preferences{ComNr_min.text(), LoadWS.ticked(), CCautoLoad.ticked(), ComNr_max.text()};
     writePreferences(bench.platform, preferences);
+    writeOwnPreferences(bench.platform, {.reconnectByItself = ReconnectByItself.ticked()});
     takePreferences(bench, preferences);
+    bench.preferences.ReconnectByItself = ReconnectByItself.ticked();
     close();
 }
 

@@ -39,6 +39,8 @@ class Preferences : public Form {
     TickBox CCautoLoad;
 
     TickBox EnLB_FWload;
+    /// Of this program's own: kept in a file beside ZOR.ini.
+    TickBox ReconnectByItself;
 
     Button Save;
     Button Exit;

@@ -12,6 +12,8 @@ namespace zor {
 namespace {
 
 constexpr const char* iniName = "ZOR.ini";
+constexpr const char* ownName = "ZOR-more.ini";
+constexpr std::string_view ownBanner = "# ZOR more settings version 1";
 constexpr std::string_view iniBanner = "# ZOR ini file version 2.2.0";
 
 bool writable(const std::filesystem::path& folder) {
@@ -72,7 +74,31 @@ std::string formatPreferences(const StoredPreferences& preferences) {
     return writer.bytes();
 }
 
+OwnPreferences readOwnPreferences(const Platform& platform) {
+    OwnPreferences preferences;
+    try {
+        RecordReader reader(readFile(settingsFileToRead(platform, ownName)));
+        if (reader.text() == ownBanner) {
+            preferences.reconnectByItself = reader.boolean();
+        }
+    } catch (const ToolError&) {
+        return {};
+    }
+    return preferences;
+}
+
+void writeOwnPreferences(const Platform& platform, const OwnPreferences& preferences) {
+    if (preferences == readOwnPreferences(platform)) {
+        return;
+    }
+    RecordWriter writer;
+    writer.text(ownBanner);
+    writer.boolean(preferences.reconnectByItself);
+    writeFileWhole(settingsFileToWrite(platform, ownName), writer.bytes());
+}
+
 void readPreferences(Bench& bench) {
+    bench.preferences.ReconnectByItself = readOwnPreferences(bench.platform).reconnectByItself;
     std::filesystem::path file = settingsFileToRead(bench.platform, iniName);
     std::error_code ignored;
     if (!std::filesystem::exists(file, ignored)) {

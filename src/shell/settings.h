@@ -32,6 +32,17 @@ void parsePreferences(std::string bytes, StoredPreferences& preferences);
 /// The file's bytes.
 [[nodiscard]] std::string formatPreferences(const StoredPreferences& preferences);
 
+/// The preferences that ZOR.ini has no line for, in ZOR-more.ini: a banner and one line each. The file comes
+/// into being with the first preference that is not at its default.
+struct OwnPreferences {
+    bool reconnectByItself = false;
+    friend bool operator==(const OwnPreferences&, const OwnPreferences&) = default;
+};
+/// The defaults for a file that is missing or cannot be read: nothing but comfort is lost.
+[[nodiscard]] OwnPreferences readOwnPreferences(const Platform& platform);
+/// Throws ToolError; the old file is then still there.
+void writeOwnPreferences(const Platform& platform, const OwnPreferences& preferences);
+
 /// Reads the preferences of ZOR.ini. A missing file leaves the defaults. Throws ToolError for a file that
 /// cannot be read whole; what was read before stays.
 void readPreferences(Bench& bench);

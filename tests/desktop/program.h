@@ -20,6 +20,9 @@ class NoPorts : public SerialPorts {
     [[nodiscard]] std::unique_ptr<SerialPort> create() override { return std::make_unique<Port>(); }
     void renumber() override {}
     [[nodiscard]] std::string devicePath(int) const override { return {}; }
+    [[nodiscard]] bool present(int) const override { return false; }
+    [[nodiscard]] std::string identity(int) const override { return {}; }
+    [[nodiscard]] int find(const std::string&) override { return 0; }
 
   private:
     class Port : public SerialPort {

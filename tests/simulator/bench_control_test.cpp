@@ -94,11 +94,11 @@ TEST(TraceText, UnescapesWhatItQuotes) {
 }
 
 TEST(TraceText, NamesTheCommandOfATransfer) {
-    EXPECT_EQ(transferMeaning("S2 8080", Chip::KT3100), "Configuration Setting");
-    EXPECT_EQ(transferMeaning("S1B3", Chip::KT1100), "Power Setting");
-    EXPECT_EQ(transferMeaning("S2c039", Chip::KT1100), "Power Management");
-    EXPECT_EQ(transferMeaning("S2c03", Chip::KT1100), "");
-    EXPECT_EQ(transferMeaning("Z3", Chip::KT1100), "");
+    EXPECT_EQ(lineMeaning("S2 8080", Chip::KT3100), "Configuration Setting");
+    EXPECT_EQ(lineMeaning("S1B3", Chip::KT1100), "Power Setting");
+    EXPECT_EQ(lineMeaning("S2c039", Chip::KT1100), "Power Management");
+    EXPECT_EQ(lineMeaning("S2c03", Chip::KT1100), "");
+    EXPECT_EQ(lineMeaning("Z3", Chip::KT1100), "release line 3");
 }
 
 } // namespace zor::sim

@@ -7,6 +7,12 @@
 
 namespace zor::testing {
 
+namespace {
+
+constexpr std::chrono::milliseconds noticeDelay(500);
+
+} // namespace
+
 VirtualSeat::VirtualSeat(EventLoop& eventLoop, int seatNumber,
                          std::function<void(const std::string& line)> lineSeen,
                          std::function<void()> lineFeedSeen)
@@ -37,6 +43,7 @@ void VirtualSeat::unplug() {
     toPort.clear();
     if (VirtualSerialPort* port = std::exchange(holder, nullptr)) {
         port->seat = nullptr;
+        port->noticeLater();
     }
 }
 
@@ -59,6 +66,13 @@ std::unique_ptr<SerialPort> VirtualPorts::create() {
 
 std::string VirtualPorts::devicePath(int number) const {
     return find(number) == nullptr ? std::string() : "/dev/ttyS" + std::to_string(number);
+}
+
+int VirtualPorts::find(const std::string& adapter) {
+    auto place = std::find_if(members.begin(), members.end(), [&](const auto& member) {
+        return member.second->plugged() && devicePath(member.first) == adapter;
+    });
+    return place == members.end() ? 0 : place->first;
 }
 
 VirtualSeat& VirtualPorts::seat(int number) {
@@ -95,6 +109,19 @@ sim::Board& VirtualPorts::place(int number, sim::BoardKind kind) {
     return there.board();
 }
 
+VirtualSerialPort::VirtualSerialPort(VirtualPorts& machinePorts)
+    : ports(machinePorts)
+    , gone(machinePorts.loop, [this] {
+        gone.stop();
+        if (opened && seat == nullptr && deviceGone) {
+            deviceGone();
+        }
+    }) {}
+
+void VirtualSerialPort::noticeLater() {
+    gone.start(noticeDelay);
+}
+
 VirtualSerialPort::~VirtualSerialPort() {
     letGo();
 }
@@ -123,6 +150,7 @@ void VirtualSerialPort::open(int number, const LineSettings& settings) {
     seat->toBoard.setSpeed(baud);
     seat->toPort.setSpeed(baud);
     seat->board().lineOpened();
+    gone.stop();
 }
 
 void VirtualSerialPort::close() {

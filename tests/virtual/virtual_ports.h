@@ -69,6 +69,9 @@ class VirtualPorts : public SerialPorts {
     [[nodiscard]] std::unique_ptr<SerialPort> create() override;
     void renumber() override {}
     [[nodiscard]] std::string devicePath(int number) const override;
+    [[nodiscard]] bool present(int number) const override { return find(number) != nullptr; }
+    [[nodiscard]] std::string identity(int number) const override { return devicePath(number); }
+    [[nodiscard]] int find(const std::string& adapter) override;
 
     /// The port of that number; made, with a silent board, if it was not there.
     VirtualSeat& seat(int number);
@@ -88,6 +91,8 @@ class VirtualPorts : public SerialPorts {
     std::vector<SentLine> sent;
 
   private:
+    friend class VirtualSerialPort;
+
     EventLoop& loop;
     std::map<int, std::unique_ptr<VirtualSeat>> members;
 };
@@ -95,8 +100,7 @@ class VirtualPorts : public SerialPorts {
 /// A port object on one of the seats.
 class VirtualSerialPort : public SerialPort {
   public:
-    explicit VirtualSerialPort(VirtualPorts& machinePorts)
-        : ports(machinePorts) {}
+    explicit VirtualSerialPort(VirtualPorts& machinePorts);
     ~VirtualSerialPort() override;
 
     void open(int number, const LineSettings& settings) override;
@@ -107,11 +111,14 @@ class VirtualSerialPort : public SerialPort {
   private:
     friend class VirtualSeat;
     void letGo();
+    /// The system tells of a device that has gone a moment later.
+    void noticeLater();
 
     VirtualPorts& ports;
     /// nullptr while closed, and after the device went.
     VirtualSeat* seat = nullptr;
     bool opened = false;
+    Timer gone;
 };
 
 } // namespace zor::testing

@@ -94,7 +94,12 @@ QtSerialPort::QtSerialPort(EventLoop& eventLoop, SerialDevices& serialDevices)
         // A read or write may be the first to find that there is nothing at the other end any more.
         bool failed = error == QSerialPort::ReadError || error == QSerialPort::WriteError;
         if (isOpen() && (error == QSerialPort::ResourceError || (failed && !deviceExists(path)))) {
-            deviceGone();
+            noticeGone();
+        }
+    });
+    QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, &watcher, [this] {
+        if (isOpen() && !deviceExists(path)) {
+            noticeGone();
         }
     });
 }
@@ -131,6 +136,7 @@ void QtSerialPort::open(int number, const LineSettings& settings) {
     path = device;
     gone = false;
     devices.hold(path);
+    watcher.addPath(toQt(path));
     configure(settings);
 }
 
@@ -163,6 +169,7 @@ void QtSerialPort::close() {
         port.close();
     }
     devices.release(path);
+    watcher.removePath(toQt(path));
     path.clear();
     if (wasGone) {
         throw ToolError(invalidPort);
@@ -202,10 +209,21 @@ void QtSerialPort::write(std::string_view bytes) {
     port.flush();
 }
 
-void QtSerialPort::deviceGone() {
+void QtSerialPort::noticeGone() {
+    if (std::exchange(gone, true)) {
+        return;
+    }
     // Left open, a device that is not there would report its error again and again.
-    gone = true;
     port.close();
+    // Told from the loop: the error may have been found in the midst of a write.
+    QMetaObject::invokeMethod(
+        &port,
+        [this] {
+            if (isOpen() && gone && deviceGone) {
+                deviceGone();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void QtSerialPort::takeIncoming() {
@@ -267,6 +285,10 @@ void QtSerialPort::reportLineErrors() {
             return;
         }
     }
+}
+
+bool QtSerialPorts::present(int number) const {
+    return deviceExists(devices.path(number));
 }
 
 std::unique_ptr<SerialPort> QtSerialPorts::create() {

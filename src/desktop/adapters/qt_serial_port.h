@@ -5,6 +5,7 @@
 #include "platform/event_loop.h"
 #include "platform/serial_port.h"
 
+#include <QFileSystemWatcher>
 #include <QSerialPort>
 
 #include <array>
@@ -31,7 +32,7 @@ class QtSerialPort : public SerialPort {
     void takeIncoming();
     void deliver();
     void reportLineErrors();
-    void deviceGone();
+    void noticeGone();
     void waitUntilSent();
     [[nodiscard]] bool readErrorCounts(ErrorCounts& counts) const;
 
@@ -48,6 +49,8 @@ class QtSerialPort : public SerialPort {
     /// The device has gone though the port was not closed yet.
     bool gone = false;
     QSerialPort port;
+    /// Tells of a device file that the system takes away while nothing is sent.
+    QFileSystemWatcher watcher;
 };
 
 class QtSerialPorts : public SerialPorts {
@@ -59,6 +62,9 @@ class QtSerialPorts : public SerialPorts {
     [[nodiscard]] std::unique_ptr<SerialPort> create() override;
     void renumber() override { devices.renumber(); }
     [[nodiscard]] std::string devicePath(int number) const override { return devices.path(number); }
+    [[nodiscard]] bool present(int number) const override;
+    [[nodiscard]] std::string identity(int number) const override { return devices.identity(number); }
+    [[nodiscard]] int find(const std::string& adapter) override { return devices.find(adapter); }
 
   private:
     EventLoop& loop;

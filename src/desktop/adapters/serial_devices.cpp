@@ -71,10 +71,21 @@ void describe(SerialDevice& device, const fs::path& classEntry) {
         if (fs::exists(folder / "devpath", failed)) {
             device.description = firstLine(folder / "product");
             device.location = locationOf(folder);
+            device.serialNumber = firstLine(folder / "serial");
             return;
         }
         folder = folder.parent_path();
     }
+}
+
+/// Devices that were added by hand have a location of no bus; their path is what tells them apart.
+constexpr std::uint32_t firstAddedLocation = 0xFF000001U;
+
+std::string identityOf(const SerialDevice& device) {
+    if (device.location == 0 || device.location >= firstAddedLocation) {
+        return device.path;
+    }
+    return "usb " + std::to_string(device.location) + " " + device.serialNumber;
 }
 
 } // namespace
@@ -85,8 +96,8 @@ SerialDevices::SerialDevices(fs::path deviceFolder, fs::path classFolder)
 
 void SerialDevices::addDevice(std::string path, std::string description) {
     // Buses are numbered from 1, so no real device has a location that begins with 255.
-    auto location = 0xFF000001U + static_cast<std::uint32_t>(added.size());
-    added.push_back({std::move(path), std::move(description), location});
+    auto location = firstAddedLocation + static_cast<std::uint32_t>(added.size());
+    added.push_back({std::move(path), std::move(description), location, {}});
     renumber();
 }
 
@@ -108,7 +119,7 @@ std::vector<SerialDevice> SerialDevices::scan() const {
 
     std::vector<SerialDevice> found = added;
     for (const auto& name : names) {
-        SerialDevice device{(devices / name).string(), {}, 0};
+        SerialDevice device{(devices / name).string(), {}, 0, {}};
         describe(device, classes / name);
         found.push_back(std::move(device));
     }
@@ -118,6 +129,24 @@ std::vector<SerialDevice> SerialDevices::scan() const {
 std::string SerialDevices::path(int number) const {
     bool known = number >= 1 && static_cast<std::size_t>(number) <= numbered.size();
     return known ? numbered[static_cast<std::size_t>(number) - 1].path : std::string();
+}
+
+std::string SerialDevices::identity(int number) const {
+    bool known = number >= 1 && static_cast<std::size_t>(number) <= numbered.size();
+    return known ? identityOf(numbered[static_cast<std::size_t>(number) - 1]) : std::string();
+}
+
+int SerialDevices::find(const std::string& identity) {
+    auto sought = [&identity](const SerialDevice& device) { return identityOf(device) == identity; };
+    auto place = std::find_if(numbered.begin(), numbered.end(), sought);
+    std::vector<SerialDevice> present = scan();
+    auto there = std::find_if(present.begin(), present.end(), sought);
+    std::error_code missing;
+    if (place == numbered.end() || there == present.end() || !fs::exists(there->path, missing)) {
+        return 0;
+    }
+    place->path = there->path;
+    return static_cast<int>(place - numbered.begin()) + 1;
 }
 
 void SerialDevices::release(const std::string& path) {

@@ -16,6 +16,8 @@ struct SerialDevice {
     std::string description;
     /// Bus and port path of a USB device, the same as long as it stays in its socket; 0 for any other.
     std::uint32_t location = 0;
+    /// What a USB device gives as its serial number; often empty.
+    std::string serialNumber;
 };
 
 /// The serial devices in the order in which ports are numbered: those that were added by hand, then the USB
@@ -36,6 +38,13 @@ class SerialDevices {
     void renumber() { numbered = scan(); }
     /// The device that was given the number, also when it has gone since; an empty path if there is none.
     [[nodiscard]] std::string path(int number) const;
+
+    /// What tells the numbered device from all others as long as it stays in its socket; empty if there is
+    /// none.
+    [[nodiscard]] std::string identity(int number) const;
+    /// The number of the device with that identity if it is there now, else 0. A USB device that came back
+    /// under another path keeps its number.
+    [[nodiscard]] int find(const std::string& identity);
 
     /// Which devices this program's ports have open.
     void hold(const std::string& path) { held.push_back(path); }
