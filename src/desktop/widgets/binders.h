@@ -10,6 +10,7 @@
 #include "elements/menu.h"
 #include "elements/monitor.h"
 #include "elements/options.h"
+#include "elements/plot.h"
 #include "elements/range.h"
 #include "elements/tab_strip.h"
 #include "elements/text_field.h"
@@ -78,6 +79,10 @@ enum class Tone { Normal, Soft, Reminder, Error, Title };
 /// What a monitor's widget shows at most.
 inline constexpr int monitorCharacters = 200'000;
 inline constexpr int monitorLines = 5'000;
+
+/// Values over an axis, with ticks at round numbers, as many as there is room for. Its menu copies it as a
+/// picture or as values; hovering tells the nearest value.
+[[nodiscard]] QWidget* plot(Plot& element, int columns = 80, int lines = 12);
 
 /// A strip of tabs over its pages, all of the same size whatever page is up.
 [[nodiscard]] QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages);

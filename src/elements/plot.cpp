@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "elements/plot.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+/// The low end of a logarithmic axis that has no positive value to go by.
+constexpr double smallestOfNone = 0.1;
+
+using Scale = PlotAxis::Scale;
+
+PlotPoint checked(PlotPoint point) {
+    if (point.y && !std::isfinite(*point.y)) {
+        point.y.reset();
+    }
+    return point;
+}
+
+/// From the least to the greatest value; nothing where there is none. A logarithmic axis counts positive
+/// values alone.
+template <class Value>
+std::optional<PlotRange> spanOf(const std::deque<PlotPoint>& points, Scale scale, Value value) {
+    std::optional<PlotRange> span;
+    for (const PlotPoint& point : points) {
+        std::optional<double> number = value(point);
+        if (!number || (scale == Scale::Logarithmic && *number <= 0)) {
+            continue;
+        }
+        if (!span) {
+            span = PlotRange{*number, *number};
+        }
+        span->low = std::min(span->low, *number);
+        span->high = std::max(span->high, *number);
+    }
+    return span;
+}
+
+/// The values' span, stretched to where the axis ends at least.
+PlotRange stretched(std::optional<PlotRange> span, const PlotAxis& axis) {
+    if (!span) {
+        bool decades = axis.scale == Scale::Logarithmic;
+        double low = axis.from.value_or(decades ? smallestOfNone : 0);
+        return {low, std::max(axis.to.value_or(decades ? low : low + 1), low)};
+    }
+    return {std::min(span->low, axis.from.value_or(span->low)),
+            std::max(span->high, axis.to.value_or(span->high))};
+}
+
+PlotRange endsOf(const std::optional<PlotRange>& span, const PlotAxis& axis, int most) {
+    PlotRange range = stretched(span, axis);
+    return axis.scale == Scale::Logarithmic
+               ? decadeRange(range, smallestOfNone)
+               : roundedRange(range, most, axis.ticks == PlotAxis::Ticks::WholeNumbers);
+}
+
+std::vector<PlotTick> ticksOf(PlotRange range, const PlotAxis& axis, int most) {
+    return axis.scale == Scale::Logarithmic
+               ? decadeTicks(range, most)
+               : roundTicks(range, most, axis.ticks == PlotAxis::Ticks::WholeNumbers);
+}
+
+std::string number(double value) {
+    std::array<char, 40> text{};
+    auto end = std::to_chars(text.data(), text.data() + text.size(), value);
+    return {text.data(), end.ptr};
+}
+
+/// A CSV field; one with a comma, a quotation mark or a line end in it is quoted.
+std::string quoted(const std::string& text) {
+    if (text.find_first_of(",\"\r\n") == std::string::npos) {
+        return text;
+    }
+    std::string field = "\"";
+    for (char c : text) {
+        field += c;
+        if (c == '"') {
+            field += c;
+        }
+    }
+    return field + '"';
+}
+
+} // namespace
+
+Plot::Plot(Form& owner, std::string name, Traits plotTraits)
+    : Element(owner, std::move(name))
+    , own(std::move(plotTraits)) {
+    setCaption(own.title);
+}
+
+void Plot::setAxes(PlotAxis x, PlotAxis y) {
+    own.x = std::move(x);
+    own.y = std::move(y);
+    changed.emit();
+}
+
+void Plot::add(PlotPoint point) {
+    if (!std::isfinite(point.x)) {
+        return;
+    }
+    held.push_back(checked(point));
+    keepNewest();
+    changed.emit();
+}
+
+void Plot::setPoints(std::vector<PlotPoint> points) {
+    held.clear();
+    for (const PlotPoint& point : points) {
+        if (std::isfinite(point.x)) {
+            held.push_back(checked(point));
+        }
+    }
+    keepNewest();
+    changed.emit();
+}
+
+void Plot::clear() {
+    if (!held.empty()) {
+        held.clear();
+        changed.emit();
+    }
+}
+
+void Plot::keepNewest() {
+    while (held.size() > own.capacity) {
+        held.pop_front();
+    }
+}
+
+PlotRange Plot::xRange(int most) const {
+    auto span =
+        spanOf(held, own.x.scale, [](const PlotPoint& point) { return std::optional<double>(point.x); });
+    if (own.x.scale == Scale::Linear) {
+        // The axis runs from the oldest to the newest value: room before and behind them would say nothing.
+        PlotRange range = stretched(span, own.x);
+        if (own.style == Style::Bars) {
+            return {range.low - 0.5, range.high + 0.5};
+        }
+        return range.high > range.low ? range : roundedRange(range, most);
+    }
+    return endsOf(span, own.x, most);
+}
+
+PlotRange Plot::yRange(int most) const {
+    return endsOf(spanOf(held, own.y.scale, [](const PlotPoint& point) { return point.y; }), own.y, most);
+}
+
+std::vector<PlotTick> Plot::xTicks(int most) const {
+    return ticksOf(xRange(most), own.x, most);
+}
+
+std::vector<PlotTick> Plot::yTicks(int most) const {
+    return ticksOf(yRange(most), own.y, most);
+}
+
+double Plot::share(double value, PlotRange range, Scale scale) {
+    double place = 0;
+    if (scale == Scale::Logarithmic) {
+        place = value > 0 ? std::log(value / range.low) / std::log(range.high / range.low) : 0;
+    } else {
+        place = (value - range.low) / (range.high - range.low);
+    }
+    return std::isfinite(place) ? std::clamp(place, 0.0, 1.0) : 0;
+}
+
+std::string Plot::csv() const {
+    std::string text = quoted(own.x.text()) + "," + quoted(own.y.text()) + "\r\n";
+    for (const PlotPoint& point : held) {
+        text += number(point.x) + "," + (point.y ? number(*point.y) : std::string()) + "\r\n";
+    }
+    return text;
+}
+
+} // namespace zor

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "link/plot_file.h"
+
+#include "elements/plot.h"
+#include "link/bench.h"
+#include "support/error.h"
+#include "support/record_file.h"
+
+namespace zor {
+
+namespace {
+
+constexpr const char* pattern = "*.png";
+
+std::string bytesFor(const Plot& plot, const std::string& name) {
+    if (std::filesystem::path(name).has_extension() && !extensionDiffers(name, "csv")) {
+        return plot.csv();
+    }
+    std::string picture = plot.picture ? plot.picture() : std::string();
+    if (picture.empty()) {
+        // Nothing draws it at present, so there is no picture to be had.
+        throw ToolError(deviceInputOutput);
+    }
+    return picture;
+}
+
+} // namespace
+
+void savePlot(const Bench& bench, const Plot& plot, const std::string& title) {
+    try {
+        FileChoice choice =
+            bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
+                                               .title = title,
+                                               .folder = {},
+                                               .startName = pattern,
+                                               .filter = "Pictures (*.png)|*.png|Values (*.csv)|*.csv",
+                                               .defaultExtension = "png"});
+        if (choice.name != pattern) {
+            writeFileWhole(choice.name, bytesFor(plot, choice.name));
+        }
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, "File save error", "Please try again");
+    }
+}
+
+} // namespace zor

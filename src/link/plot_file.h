@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace zor {
+
+struct Bench;
+class Plot;
+
+/// Asks for a file and saves the plot there: its values as CSV where the name ends so, else its picture as
+/// PNG. A failure is told in a box and leaves an older file whole.
+/// @param title  of the file dialog
+void savePlot(const Bench& bench, const Plot& plot, const std::string& title);
+
+} // namespace zor
