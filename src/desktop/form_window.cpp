@@ -11,6 +11,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -25,6 +26,9 @@ int pixels(Twips length) {
 Twips twips(int length) {
     return static_cast<Twips>(length) * twipsPerPixel;
 }
+
+/// How much of a window's upper edge has to be in sight for a mouse to take hold of it, in pixels.
+constexpr int grip = 64;
 
 /// Escape asks to close, as the window's own button does.
 class FormDialog : public QDialog {
@@ -113,6 +117,9 @@ void FormWindow::follow() {
         fitContent();
     }
     putGeometry();
+    if (opens) {
+        bringWithinReach();
+    }
     if (outer->isHidden() == form->isOpen()) {
         outer->setVisible(form->isOpen());
     }
@@ -141,10 +148,14 @@ QSize FormWindow::neededSize() const {
         inner->layout()->activate();
     }
     QSize needed = inner->sizeHint().expandedTo(inner->minimumSizeHint()) + decoration();
-    if (qobject_cast<QMdiSubWindow*>(outer) != nullptr) {
-        needed = needed.boundedTo(mdi.viewport()->size().expandedTo({320, 240}));
+    return withinMainWindow(needed);
+}
+
+QSize FormWindow::withinMainWindow(QSize size) const {
+    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
+        return size;
     }
-    return needed;
+    return size.boundedTo(mdi.viewport()->size().expandedTo({320, 240}));
 }
 
 /// The form says how large it likes to be; its content says how large it must be, and the main window how
@@ -153,9 +164,11 @@ void FormWindow::fitContent() {
     if (form->sizing() == Form::Sizing::ByContent) {
         return;
     }
-    QSize needed = neededSize();
     QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
-    QSize size = wanted.expandedTo(needed);
+    QSize size = wanted.expandedTo(neededSize());
+    if (form->hasUsersExtent()) {
+        size = withinMainWindow(wanted);
+    }
     if (size != wanted) {
         form->setExtent({twips(size.height()), twips(size.width())});
     }
@@ -168,8 +181,8 @@ void FormWindow::putGeometry() {
     if (!size.isEmpty() && outer->size() != size) {
         outer->resize(size);
     }
-    if (form->place() == Place{}) {
-        // Nobody has placed it: the toolkit may.
+    if (!form->isPlaced()) {
+        // The toolkit may choose.
         return;
     }
     QPoint place(pixels(form->place().left), pixels(form->place().top));
@@ -178,6 +191,19 @@ void FormWindow::putGeometry() {
         place = mdi.window()->mapToGlobal(place);
     }
     if (outer->pos() != place) {
+        outer->move(place);
+    }
+}
+
+/// A workspace of a larger screen may have put it where nobody could take hold of it.
+void FormWindow::bringWithinReach() {
+    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
+        return;
+    }
+    QSize room = mdi.viewport()->size().expandedTo({320, 240});
+    QPoint place(std::clamp(outer->x(), std::min(0, grip - outer->width()), room.width() - grip),
+                 std::clamp(outer->y(), 0, room.height() - grip));
+    if (place != outer->pos()) {
         outer->move(place);
     }
 }
@@ -191,7 +217,10 @@ void FormWindow::tellPlace() {
         place = mdi.window()->mapFromGlobal(place);
     }
     if (QPoint(pixels(form->place().left), pixels(form->place().top)) != place) {
+        // A size that came with the move is yet to be told.
+        following = true;
         form->userMove({twips(place.y()), twips(place.x())});
+        following = false;
     }
 }
 

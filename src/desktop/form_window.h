@@ -45,6 +45,9 @@ class FormWindow : public QObject {
     void fitContent();
     /// What the content needs, as far as the main window has room.
     [[nodiscard]] QSize neededSize() const;
+    /// No larger than the room in the main window.
+    [[nodiscard]] QSize withinMainWindow(QSize size) const;
+    void bringWithinReach();
     void showFocus();
     void tellPlace();
     void tellExtent();

@@ -87,7 +87,7 @@ void Workbench::follow() {
     setWindowTitle(toQt(main.title()));
     auto pixels = [](Twips length) { return static_cast<int>(std::lround(length / twipsPerPixel)); };
     resize(pixels(main.extent().width), pixels(main.extent().height));
-    if (main.place() != Place{}) {
+    if (main.isPlaced()) {
         move(pixels(main.place().left), pixels(main.place().top));
     }
     if (isHidden() == main.isOpen()) {
@@ -100,9 +100,12 @@ void Workbench::tellGeometry() {
     if (following || !isVisible() || isMinimized()) {
         return;
     }
+    // What the form makes of it is known here already.
+    following = true;
     main.userMove({static_cast<Twips>(y()) * twipsPerPixel, static_cast<Twips>(x()) * twipsPerPixel});
     main.userResize(
         {static_cast<Twips>(height()) * twipsPerPixel, static_cast<Twips>(width()) * twipsPerPixel});
+    following = false;
 }
 
 void Workbench::closeEvent(QCloseEvent* event) {

@@ -82,6 +82,11 @@ void Form::close() {
     closed.emit();
 }
 
+void Form::restoreExtent(Extent extent) {
+    extentIsUsers = true;
+    setExtent(extent);
+}
+
 bool Form::acceptsUser() const {
     const Form* modal = ownDesk.modalForm();
     return open && (modal == nullptr || modal == this);
@@ -145,7 +150,7 @@ bool Form::userResize(Extent extent) {
     if (!acceptsUser()) {
         return false;
     }
-    setExtent(extent);
+    restoreExtent(extent);
     return true;
 }
 

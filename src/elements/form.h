@@ -4,6 +4,7 @@
 #include "elements/signal.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -52,10 +53,16 @@ class Form {
     [[nodiscard]] const std::string& name() const { return formName; }
     [[nodiscard]] const std::string& title() const { return titleText; }
     void setTitle(std::string title);
-    [[nodiscard]] Place place() const { return ownPlace; }
+    /// The top left corner as long as nobody has placed it.
+    [[nodiscard]] Place place() const { return ownPlace.value_or(Place{}); }
+    /// The program, a workspace or the user has put it somewhere; else the desk may.
+    [[nodiscard]] bool isPlaced() const { return ownPlace.has_value(); }
     void setPlace(Place place);
     [[nodiscard]] Extent extent() const { return ownExtent; }
     void setExtent(Extent extent);
+    /// The size that a user once gave it: to be taken as it is, also where the content would like more.
+    void restoreExtent(Extent extent);
+    [[nodiscard]] bool hasUsersExtent() const { return extentIsUsers; }
     [[nodiscard]] Kind kind() const { return formKind; }
     [[nodiscard]] Sizing sizing() const { return formSizing; }
     [[nodiscard]] Desk& desk() const { return ownDesk; }
@@ -129,8 +136,9 @@ class Form {
     std::string titleText;
     Kind formKind;
     Sizing formSizing = Sizing::OfWindow;
-    Place ownPlace;
+    std::optional<Place> ownPlace;
     Extent ownExtent;
+    bool extentIsUsers = false;
     std::vector<Element*> members;
     std::unordered_map<std::string_view, Element*> byName;
     Element* focus = nullptr;

@@ -55,11 +55,12 @@ void takePreferences(Bench& bench, const StoredPreferences& preferences) {
 
 void parsePreferences(std::string bytes, StoredPreferences& preferences) {
     RecordReader reader(std::move(bytes));
-    std::string banner = reader.text();
+    // A first line that cannot be read is that of another version too.
+    bool present = reader.isText(iniBanner);
     preferences.Commport_min = reader.text();
     preferences.Pref_LoadWS = reader.integer();
     preferences.Pref_CCautoLoad = reader.integer();
-    if (banner == iniBanner) {
+    if (present) {
         preferences.Commport_max = reader.text();
     }
 }

@@ -38,18 +38,6 @@ const Values& valuesOf(WorkspaceValues kept) {
     return nothing;
 }
 
-/// A first line of another form is no banner either; only an empty file is something else.
-bool startsWithBanner(RecordReader& reader) {
-    try {
-        return reader.text() == banner;
-    } catch (const ToolError& error) {
-        if (error.number() == typeMismatch) {
-            return false;
-        }
-        throw;
-    }
-}
-
 TickBox* scriptTick(const Form& form) {
     return dynamic_cast<TickBox*>(form.find("En_ScriptWindow"));
 }
@@ -87,10 +75,10 @@ void apply(std::int32_t number, Form& form, Value value) {
         form.setPlace({form.place().top, length});
         return;
     case Value::Height:
-        form.setExtent({length, form.extent().width});
+        form.restoreExtent({length, form.extent().width});
         return;
     case Value::Width:
-        form.setExtent({form.extent().height, length});
+        form.restoreExtent({form.extent().height, length});
         return;
     }
 }
@@ -181,7 +169,7 @@ void Workspace::load() {
 
 void Workspace::open(std::string bytes) {
     RecordReader reader(std::move(bytes));
-    if (!startsWithBanner(reader)) {
+    if (!reader.isText(banner)) {
         throw ToolError(wrongBanner, "Incorrect workspace file version");
     }
     std::vector<bool> switches;

@@ -135,7 +135,7 @@ void RecordWriter::position(float value) {
     line(numberText(value));
 }
 
-std::string_view RecordReader::record() {
+std::string_view RecordReader::line() {
     if (atEnd()) {
         throw ToolError(inputPastEnd);
     }
@@ -144,14 +144,35 @@ std::string_view RecordReader::record() {
     std::size_t end = rest.find_first_of("\r\n");
     if (end == std::string_view::npos) {
         next = content.size();
-        return trimmed(rest);
+        return rest;
     }
     std::size_t behind = end + 1;
     if (rest[end] == '\r' && behind < rest.size() && rest[behind] == '\n') {
         ++behind;
     }
     next += behind;
-    return trimmed(rest.substr(0, end));
+    return rest.substr(0, end);
+}
+
+std::string_view RecordReader::record() {
+    return trimmed(line());
+}
+
+bool RecordReader::isText(std::string_view expected) {
+    try {
+        return text() == expected;
+    } catch (const ToolError& error) {
+        if (error.number() == typeMismatch) {
+            return false;
+        }
+        throw;
+    }
+}
+
+bool RecordReader::isExactly(std::string_view expected) {
+    std::string_view found = line();
+    return found.size() == expected.size() + 2 && found.front() == '"' && found.back() == '"' &&
+           found.substr(1, expected.size()) == expected;
 }
 
 std::string RecordReader::text() {

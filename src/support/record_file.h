@@ -41,6 +41,11 @@ class RecordReader {
         : content(std::move(bytes)) {}
 
     [[nodiscard]] std::string text();
+    /// Whether the next record is this text; one of another form is not. Throws inputPastEnd alone.
+    [[nodiscard]] bool isText(std::string_view expected);
+    /// Whether the next line is this text in its marks and nothing else, not even a blank before or behind
+    /// it. Throws inputPastEnd alone.
+    [[nodiscard]] bool isExactly(std::string_view expected);
     [[nodiscard]] bool boolean();
     /// A whole number that fits 32 bits; a fraction is rounded, ties to even.
     [[nodiscard]] std::int32_t integer();
@@ -48,7 +53,9 @@ class RecordReader {
     [[nodiscard]] bool atEnd() const { return next >= content.size(); }
 
   private:
-    /// The next record without its line end and outer blanks.
+    /// The next line without its end.
+    std::string_view line();
+    /// The next line without its end and outer blanks.
     std::string_view record();
 
     std::string content;

@@ -5,9 +5,16 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 
 namespace zor {
@@ -23,13 +30,35 @@ void whenShown(const std::function<void(QMessageBox&)>& action) {
     });
 }
 
+void whenFileDialogShown(const std::function<void(QFileDialog&)>& action) {
+    QTimer::singleShot(0, [action] {
+        auto* window = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(window, nullptr);
+        action(*window);
+    });
+}
+
+FileRequest configurationRequest(FileRequest::Mode mode) {
+    return {.mode = mode,
+            .title = "KT1102 Configuration File",
+            .folder = "/no/such/folder",
+            .startName = "*.tc2",
+            .filter = "KT1101 Configuration files (*.tc1)|*.tc2|All files (*.*)|*.*",
+            .defaultExtension = "tc2"};
+}
+
 } // namespace
 
 TEST(FileFilters, PairsOfLabelAndPatternBecomeFilters) {
     EXPECT_EQ(fileFilters("Text files (*.txt) | *.txt |All files (*.*)| *.*"),
-              (QStringList{"Text files (*.txt)", "All files (*.*)"}));
+              (QStringList{"Text files (*.txt) (*.txt)", "All files (*.*) (*.*)"}));
     EXPECT_EQ(fileFilters("Documentation files (*.PDF)|*.pdf|All files (*.*)|*.*"),
-              (QStringList{"Documentation files (*.pdf)", "All files (*.*)"}));
+              (QStringList{"Documentation files (*.PDF) (*.pdf)", "All files (*.*) (*.*)"}));
+}
+
+TEST(FileFilters, KeepALabelThatNamesAnotherPatternThanItsOwn) {
+    EXPECT_EQ(fileFilters("KT1101 Configuration files (*.tc1)|*.tc2|All files (*.*)|*.*"),
+              (QStringList{"KT1101 Configuration files (*.tc1) (*.tc2)", "All files (*.*) (*.*)"}));
 }
 
 TEST(FileChoice, ACancelledDialogGivesTheStartNameBack) {
@@ -79,24 +108,60 @@ TEST(Boxes, ShowTheTextWithItsLineBreaksAndNoMarkup) {
               Answer::Ok);
 }
 
-TEST(FileDialogs, OfferTheFiltersAndTheStartNameAndCancelGivesTheLatterBack) {
+TEST(FileDialogs, OfferTheLabelsAsTheyAreAndTheStartNameInTheirNameField) {
+    for (auto mode : {FileRequest::Mode::Save, FileRequest::Mode::Load}) {
+        bool save = mode == FileRequest::Mode::Save;
+        SCOPED_TRACE(save ? "save" : "load");
+        QtDialogs dialogs;
+        whenFileDialogShown([save](QFileDialog& window) {
+            EXPECT_EQ(window.windowTitle(), "KT1102 Configuration File");
+            EXPECT_EQ(window.defaultSuffix(), "tc2");
+            EXPECT_EQ(window.acceptMode(), save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+            EXPECT_EQ(window.findChild<QLineEdit*>("fileNameEdit")->text(), "*.tc2");
+            auto* types = window.findChild<QComboBox*>("fileTypeCombo");
+            EXPECT_EQ(types->itemText(0), "KT1101 Configuration files (*.tc1)");
+            EXPECT_EQ(types->itemText(1), "All files (*.*)");
+            window.reject();
+        });
+        EXPECT_EQ(dialogs.chooseFile(configurationRequest(mode)).name, "*.tc2");
+    }
+}
+
+TEST(FileDialogs, OfferTheFilesOfThePatternBesideTheLabel) {
+    QTemporaryDir folder;
+    for (const char* name : {"a.tc1", "b.tc2"}) {
+        QFile(folder.filePath(name)).open(QIODevice::WriteOnly);
+    }
     QtDialogs dialogs;
-    QTimer::singleShot(0, [] {
-        auto* window = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(window, nullptr);
-        EXPECT_EQ(window->windowTitle(), "Save Script File");
-        EXPECT_EQ(window->defaultSuffix(), "txt");
-        EXPECT_EQ(window->acceptMode(), QFileDialog::AcceptSave);
-        EXPECT_EQ(window->nameFilters(), (QStringList{"Text files (*.txt)", "All files (*.*)"}));
-        window->reject();
+    FileRequest request = configurationRequest(FileRequest::Mode::Load);
+    request.folder = folder.path().toStdString();
+    whenFileDialogShown([](QFileDialog& window) {
+        auto* files = window.findChild<QListView*>("listView");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return files->model()->rowCount(files->rootIndex()) > 0; }));
+        ASSERT_EQ(files->model()->rowCount(files->rootIndex()), 1);
+        EXPECT_EQ(files->model()->index(0, 0, files->rootIndex()).data(), "b.tc2");
+        window.findChild<QLineEdit*>("fileNameEdit")->setText("b.tc2");
+        window.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Open)->click();
     });
-    FileChoice choice = dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                            .title = "Save Script File",
-                                            .folder = "/no/such/folder",
-                                            .startName = "*.txt",
-                                            .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
-                                            .defaultExtension = "txt"});
-    EXPECT_EQ(choice.name, "*.txt");
+    EXPECT_EQ(dialogs.chooseFile(request).name, (std::filesystem::path(request.folder) / "b.tc2").string());
+}
+
+TEST(FileDialogs, TakeTheirButtonPressedOnThePatternForCancelling) {
+    QtDialogs dialogs;
+    whenFileDialogShown([](QFileDialog& window) {
+        window.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Save)->click();
+        EXPECT_FALSE(window.isVisible());
+        // A failing test shall not stand there for ever.
+        window.reject();
+    });
+    EXPECT_EQ(dialogs.chooseFile(configurationRequest(FileRequest::Mode::Save)).name, "*.tc2");
+    whenFileDialogShown([](QFileDialog& window) {
+        // There is no file of that name to load.
+        EXPECT_FALSE(
+            window.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Open)->isEnabled());
+        window.reject();
+    });
+    EXPECT_EQ(dialogs.chooseFile(configurationRequest(FileRequest::Mode::Load)).name, "*.tc2");
 }
 
 } // namespace zor

@@ -3,6 +3,7 @@
 
 #include "desktop/views/registry.h"
 #include "desktop/widgets/binding.h"
+#include "panels/common/chip_panel.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDialog>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -105,6 +107,14 @@ QStringList clippedTexts(const QWidget& root) {
         check(*field, field->text(), needed);
     }
     return clipped;
+}
+
+QStringList labelTexts(const QWidget& root) {
+    QStringList texts;
+    for (const auto* label : root.findChildren<QLabel*>()) {
+        texts += label->text();
+    }
+    return texts;
 }
 
 /// How each window of the registry comes onto the desk in a test.
@@ -330,6 +340,77 @@ TEST(Workbench, MovingAndSizingAnInnerWindowIsToldInTwips) {
     EXPECT_EQ(shell.pos(), QPoint(10, 20));
 }
 
+TEST(Workbench, APanelOpensInTheTopLeftCornerWhateverElseIsOpen) {
+    Program program;
+    program.start();
+    program.main.menu.mnutoolsTerminal.click();
+    program.main.menu.mnuViewTx2.click();
+    QCoreApplication::processEvents();
+    Form* panel = program.desk.find("KT1102");
+    EXPECT_EQ(program.window.windowOf(*panel)->shell().pos(), QPoint(0, 0));
+    EXPECT_EQ(panel->place(), (Place{0, 0}));
+}
+
+/// The file of a workspace with the terminal at this place and of this size.
+std::string terminalWorkspace(const std::string& values) {
+    return "\"# ZOR workspace file version 1.3.4\"\r\n#TRUE#\r\n" +
+           [] {
+               std::string others;
+               for (int window = 0; window < 10; ++window) {
+                   others += "#FALSE#\r\n";
+               }
+               return others;
+           }() +
+           "0\r\n" + values;
+}
+
+/// Starts with a workspace of these values, gives the terminal's window, and the values that saving it again
+/// writes.
+std::pair<QRect, std::string> restored(const std::string& values) {
+    Program program;
+    auto write = [&program](const char* name, const std::string& bytes) {
+        QFile file(program.folder.filePath(name));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    };
+    write("ZOR.ini", "\"# ZOR ini file version 2.2.0\"\r\n\"1\"\r\n1\r\n0\r\n\"8\"\r\n");
+    write("ZOR.wsp", terminalWorkspace(values));
+    program.start();
+    program.main.menu.mnuSaveWorkspace.click();
+    QFile saved(program.folder.filePath("ZOR.wsp"));
+    saved.open(QIODevice::ReadOnly);
+    std::string bytes = saved.readAll().toStdString();
+    return {program.window.windowOf(*program.desk.find("Terminal"))->shell().geometry(),
+            bytes.substr(terminalWorkspace("").size())};
+}
+
+TEST(Workbench, AWorkspaceBringsAWindowBackWhereItWasAndAsLargeAsItWas) {
+    struct Row {
+        const char* values;
+        QRect window;
+    };
+    for (const Row& row : {Row{"0\r\n0\r\n3000\r\n4500\r\n", {0, 0, 300, 200}},
+                           Row{"360\r\n600\r\n2400\r\n3000\r\n", {40, 24, 200, 160}},
+                           Row{"15\r\n0\r\n9000\r\n10500\r\n", {0, 1, 700, 600}}}) {
+        SCOPED_TRACE(row.values);
+        auto [window, values] = restored(row.values);
+        EXPECT_EQ(window, row.window);
+        EXPECT_EQ(values, row.values);
+    }
+}
+
+TEST(Workbench, AWorkspaceOfALargerScreenLeavesItsWindowsWithinReach) {
+    for (const char* values :
+         {"30000\r\n45000\r\n9000\r\n10500\r\n", "-30000\r\n-45000\r\n9000\r\n10500\r\n"}) {
+        QRect window = restored(values).first;
+        QRect upperEdge(window.topLeft(), QSize(window.width(), 1));
+        QRect visible = upperEdge.intersected({0, 0, 1280, 700});
+        EXPECT_GE(visible.width(), 60) << values;
+        EXPECT_EQ(window.size(), QSize(700, 600));
+    }
+    EXPECT_LE(restored("0\r\n0\r\n90000\r\n105000\r\n").first.width(), 1280);
+}
+
 TEST(Workbench, AModalFormIsADialogThatEscapeCloses) {
     Program program;
     program.start();
@@ -473,6 +554,31 @@ TEST(Workbench, MarksAndReasonsThatComeAndGoMoveNothing) {
             }
         }
     }
+}
+
+TEST(Workbench, EveryWordStandsBesideItsWholeCaption) {
+    for (const PanelRow& row : panelRows()) {
+        SCOPED_TRACE(row.name);
+        Program program;
+        program.start();
+        std::unique_ptr<Form> none;
+        openForm(program, row.name, none);
+        auto* panel = dynamic_cast<ChipPanel*>(program.desk.find(row.name));
+        QStringList shown = labelTexts(program.window.windowOf(*panel)->content());
+        for (const ControlWord* word : panel->words()) {
+            EXPECT_TRUE(word->caption().ends_with(":")) << word->caption();
+            EXPECT_TRUE(shown.contains(QString::fromStdString(word->caption()))) << word->caption();
+        }
+    }
+}
+
+TEST(Workbench, TheUpperBitsOfTheFifoLevelSayWhatTheyAre) {
+    Program program;
+    program.start();
+    std::unique_ptr<Form> none;
+    openForm(program, "Coral", none);
+    QStringList shown = labelTexts(program.window.windowOf(*program.desk.find("Coral"))->content());
+    EXPECT_TRUE(shown.contains("Bit[1-0] are the upper bits of the FIFO IT level"));
 }
 
 TEST(Workbench, AListsTextOfAnyLengthMovesNothing) {

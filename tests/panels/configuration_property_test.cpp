@@ -163,6 +163,13 @@ TYPED_TEST(ConfigurationFiles, CompareTheBannerToTheByte) {
         lines[0] = "\"" + other + "\"";
         EXPECT_EQ(errorOf(panel, bytesOf(lines)), 1226) << other;
     }
+    std::string whole = "\"" + banner + "\"";
+    for (const std::string& other : {" " + whole, whole + " ", whole + ",1", whole + "x", banner}) {
+        lines[0] = other;
+        EXPECT_EQ(errorOf(panel, bytesOf(lines)), 1226) << other;
+    }
+    lines[0] = whole;
+    EXPECT_EQ(errorOf(panel, bytesOf(lines)), 0);
 }
 
 } // namespace zor

@@ -45,6 +45,18 @@ TEST(PreferencesFile, OfAnotherVersionKeepsTheLastPort) {
     EXPECT_EQ(preferences.Commport_max, "8");
 }
 
+TEST(PreferencesFile, WithAFirstLineThatIsNoTextIsOfAnotherVersion) {
+    for (const char* first : {"ZOR ini file", "2", "\"# ZOR ini file version 2.2.0", ""}) {
+        SCOPED_TRACE(first);
+        StoredPreferences preferences{"1", 0, 0, "8"};
+        EXPECT_EQ(errorOf(std::string(first) + "\r\n\"2\"\r\n1\r\n1\r\n\"12\"\r\n", preferences), 0);
+        EXPECT_EQ(preferences.Commport_min, "2");
+        EXPECT_EQ(preferences.Pref_LoadWS, 1);
+        EXPECT_EQ(preferences.Pref_CCautoLoad, 1);
+        EXPECT_EQ(preferences.Commport_max, "8");
+    }
+}
+
 TEST(PreferencesFile, ThatBreaksOffLeavesWhatWasReadBefore) {
     StoredPreferences preferences{"1", 0, 0, "8"};
     EXPECT_EQ(errorOf("", preferences), 62);

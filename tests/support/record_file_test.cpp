@@ -133,6 +133,29 @@ TEST(RecordReader, ATextEndsAtItsSecondMark) {
     EXPECT_EQ(textError("\""), 13);
 }
 
+TEST(RecordReader, TellsALineThatIsExactlyATextFromOneWithMoreInIt) {
+    auto exactly = [](const std::string& line) { return RecordReader(line).isExactly("a b"); };
+    EXPECT_TRUE(exactly("\"a b\"\r\n"));
+    EXPECT_TRUE(exactly("\"a b\"\n"));
+    EXPECT_TRUE(exactly("\"a b\""));
+    for (const char* other :
+         {" \"a b\"\r\n", "\"a b\" \r\n", "\t\"a b\"\r\n", "\"a b\",1\r\n", "\"a b\"x\r\n", "\"a  b\"\r\n",
+          "a b\r\n", "\"a b\r\n", "a b\"\r\n", "\r\n", "\"\r\n"}) {
+        EXPECT_FALSE(exactly(other)) << other;
+    }
+    EXPECT_EQ(errorOf([] { (void)RecordReader("").isExactly("a b"); }), 62);
+}
+
+TEST(RecordReader, TellsATextFromARecordOfAnotherForm) {
+    RecordReader reader(" \"a\" \r\n\"b\"\r\na\r\n1\r\n\"a\r\n\"a\"");
+    std::string seen;
+    while (!reader.atEnd()) {
+        seen += reader.isText("a") ? '1' : '0';
+    }
+    EXPECT_EQ(seen, "100001");
+    EXPECT_EQ(errorOf([&] { (void)reader.isText("a"); }), 62);
+}
+
 TEST(RecordReader, ARecordOfAnotherFormIsATypeMismatch) {
     for (const char* bytes : {"1\r\n", "#TRUE#\r\n", "abc\r\n", "\r\n", "'a'\r\n", "a\"b\"\r\n"}) {
         EXPECT_EQ(textError(bytes), 13) << bytes;

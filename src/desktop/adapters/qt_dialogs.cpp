@@ -55,6 +55,7 @@ FileChoice QtDialogs::chooseFile(const FileRequest& request) {
     bool save = request.mode == FileRequest::Mode::Save;
     window.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    window.setOption(QFileDialog::HideNameFilterDetails);
     window.setNameFilters(fileFilters(request.filter));
     window.setDefaultSuffix(toQt(request.defaultExtension));
     std::error_code missing;
@@ -62,9 +63,7 @@ FileChoice QtDialogs::chooseFile(const FileRequest& request) {
         auto folder = std::filesystem::weakly_canonical(request.folder, missing);
         window.setDirectory(toQt(folder.string()));
     }
-    if (save) {
-        window.selectFile(toQt(request.startName));
-    }
+    window.selectFile(toQt(request.startName));
     bool accepted = window.exec() == QDialog::Accepted && !window.selectedFiles().isEmpty();
     return fileChoice(request, accepted ? fromQt(window.selectedFiles().constFirst()) : std::string());
 }
@@ -76,11 +75,8 @@ QStringList fileFilters(const std::string& filter) {
         QString label = parts[i].trimmed();
         QString patterns = parts[i + 1].trimmed();
         patterns.replace(QLatin1Char(';'), QLatin1Char(' '));
-        // The toolkit reads the pattern from the last brackets.
-        qsizetype bracket = label.lastIndexOf(QLatin1String("("));
-        if (bracket > 0 && label.endsWith(QLatin1Char(')'))) {
-            label = label.left(bracket).trimmed();
-        }
+        // The toolkit reads the pattern from the last brackets and shows what stands before them: the whole
+        // label, whatever pattern that names itself.
         filters += label + QLatin1String(" (") + patterns + QLatin1Char(')');
     }
     return filters;

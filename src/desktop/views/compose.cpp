@@ -24,6 +24,18 @@ QLabel* softLabel(const QString& text) {
     return label;
 }
 
+/// Of a control word's caption in one line, in average characters: the words column shall stay narrow.
+constexpr int widestWordCaption = 27;
+
+/// A longer text takes a second line.
+void wrapBeyond(QLabel& label, int characters) {
+    int limit = label.fontMetrics().averageCharWidth() * characters;
+    int needed = label.sizeHint().width();
+    label.setWordWrap(true);
+    label.setMinimumWidth(std::min(needed, limit));
+    label.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+}
+
 /// The widget inside a composed one that takes the focus, for a caption's mnemonic.
 QWidget* focusTarget(QWidget* widget) {
     if (widget->focusPolicy() != Qt::NoFocus) {
@@ -230,6 +242,7 @@ QWidget* wordsGroup(const QString& title, const std::vector<std::pair<QString, Q
     int row = 0;
     for (const auto& [name, widget] : words) {
         Cell cell = labelled(name, widget);
+        wrapBeyond(*static_cast<QLabel*>(cell.caption), widestWordCaption);
         table->addWidget(cell.caption, row, 0);
         table->addWidget(cell.widget, row, 1, Qt::AlignRight | Qt::AlignVCenter);
         ++row;

@@ -98,8 +98,6 @@ template <class... Cells>
 [[nodiscard]] QWidget* wordsGroup(const QString& title,
                                   const std::vector<std::pair<QString, QWidget*>>& words);
 
-/// The same for control words, each by its own caption.
-
 /// The whole content of a window. The line at `grows` takes the height that is left over; -1 leaves it at
 /// the bottom.
 [[nodiscard]] QWidget* window(Lines lines, int grows = -1);

@@ -29,21 +29,10 @@ class FoldWatcher : public QObject {
     Subscription subscription;
 };
 
-/// "Frequency Setting" of "Frequency Setting Command:": under a title that says what they all are.
-QString shortCaption(const ControlWord& word) {
-    QString name = toQt(word.caption());
-    for (const char* tail : {":", " Command", " command"}) {
-        if (name.endsWith(QLatin1String(tail))) {
-            name.chop(static_cast<int>(std::char_traits<char>::length(tail)));
-        }
-    }
-    return name;
-}
-
 QWidget* wordsColumn(const ChipPanel& panel) {
     std::vector<std::pair<QString, QWidget*>> rows;
     for (ControlWord* control : panel.words()) {
-        rows.emplace_back(shortCaption(*control), word(*control));
+        rows.emplace_back(toQt(control->caption()), word(*control));
     }
     return wordsGroup("Control words", rows);
 }

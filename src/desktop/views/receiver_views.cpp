@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/adapters/qt_text.h"
 #include "desktop/views/receiving_parts.h"
 #include "desktop/views/views.h"
 #include "panels/receivers/amber_v1.h"
@@ -44,7 +45,7 @@ QWidget* coralView(Form& form) {
     more.wakeUp = {line(labelled("D", field(p.WKUPD, 5)))};
     more.battery = {tick(p.CB32kHz)};
     more.filter = {tick(p.cb_ewi)};
-    more.fifo = {line(labelled("Upper level bits", field(p.TB_F5F4, 4)))};
+    more.fifo = {line(labelled(toQt(p.TB_F5F4.caption()), field(p.TB_F5F4, 4)))};
     more.further = {
         synchronPage(p.page(8), p),
         plain(p.page(9),

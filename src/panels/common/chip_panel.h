@@ -132,6 +132,9 @@ class ChipPanel : public Form {
     /// All lines of a file have been read: the commits of the fields that were only filled, and the status
     /// line.
     virtual void configurationRead() = 0;
+    /// A file may have brought what the panel's present form does not offer: sets that right. Runs behind
+    /// each load, a broken one too.
+    virtual void excludeForeignSettings() {}
     /// Around the transfers of a status read: before the first, and after the last.
     virtual void beforeStatusRead() {}
     virtual void afterStatusRead() {}

@@ -113,9 +113,15 @@ std::string ChipPanel::savedConfiguration() {
 }
 
 void ChipPanel::takeConfiguration(std::string bytes) {
-    readConfigurationText(std::move(bytes), ownTraits.file.banner, ownTraits.file.wrongBanner,
-                          configuration());
-    configurationRead();
+    try {
+        readConfigurationText(std::move(bytes), ownTraits.file.banner, ownTraits.file.wrongBanner,
+                              configuration());
+        configurationRead();
+    } catch (const ToolError&) {
+        excludeForeignSettings();
+        throw;
+    }
+    excludeForeignSettings();
     bench.showSupply();
     sendLoadedSupply();
 }

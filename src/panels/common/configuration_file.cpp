@@ -146,26 +146,10 @@ std::string configurationText(const std::string& banner, const ConfigurationLine
     return writer.bytes();
 }
 
-namespace {
-
-/// The first line is the banner and nothing else.
-bool beginsWithBanner(RecordReader& reader, const std::string& banner) {
-    try {
-        return reader.text() == banner;
-    } catch (const ToolError& error) {
-        if (error.number() == typeMismatch) {
-            return false;
-        }
-        throw;
-    }
-}
-
-} // namespace
-
 void readConfigurationText(std::string bytes, const std::string& banner, const std::string& wrongBannerText,
                            const ConfigurationLines& lines) {
     RecordReader reader(std::move(bytes));
-    if (!beginsWithBanner(reader, banner)) {
+    if (!reader.isExactly(banner)) {
         throw ToolError(wrongBanner, wrongBannerText);
     }
     for (const ConfigurationLine& line : lines) {

@@ -112,6 +112,12 @@ void AmberV1::switchRevision(const RevisionRow& row) {
     FIFOstrt_Click();
 }
 
+void AmberV1::excludeForeignSettings() {
+    if (!isF()) {
+        dataratepresc.setTicked(false);
+    }
+}
+
 void AmberV1::showStatusOf(const RevisionRow& row) {
     status(9).setCaption(row.ninthIndicator);
     for (int indicator = firstNewIndicator; indicator <= lastNewIndicator; ++indicator) {

@@ -19,6 +19,7 @@ class AmberV1 : public ReceiverPanel {
   protected:
     void setDefaults() override;
     [[nodiscard]] ConfigurationLines configuration() override;
+    void excludeForeignSettings() override;
     [[nodiscard]] IntegerRange dataRateRange() const override { return {0, isF() ? 127 : 255}; }
     /// The older generation's second byte begins with the last bit of the newer one's first.
     [[nodiscard]] int statusShift() const override { return isF() ? 0 : 1; }

@@ -11,6 +11,9 @@ class BerylV3 : public TransceiverPanel {
     explicit BerylV3(Bench& ownBench);
 
     void SetFrameMode() override;
+
+  protected:
+    void excludeForeignSettings() override { SetFrameMode(); }
 };
 
 } // namespace zor

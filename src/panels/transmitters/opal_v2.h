@@ -22,6 +22,7 @@ class OpalV2 : public AutoPowerTransmitter {
     void setDefaults() override;
     [[nodiscard]] int ookMark() const override;
     [[nodiscard]] ConfigurationLines configuration() override;
+    void excludeForeignSettings() override { SetFrameMode(); }
 
   private:
     void Revision_Click();
