@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/widgets/bench_style.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -6,8 +8,11 @@
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The fonts that the build found, and no others that this machine happens to have.
+    qputenv("FONTCONFIG_FILE", ZOR_TEST_FONTS);
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
+    QApplication::setStyle(new zor::BenchStyle);
     return RUN_ALL_TESTS();
 }

@@ -94,7 +94,7 @@ QWidget* onyxTransmitterGroup(KT1102& p) {
     return group(
         "Transmitter",
         {
-            line(labelled("Power", list(p.OutputPower, 6)), labelled("Revision", list(p.Revision, 10))),
+            line(labelled("Power", list(p.OutputPower, 6)), labelled("Revision", list(p.Revision, 12))),
             line(labelled("Polarity", list(p.ModPol, 6)), labelled("Deviation", list(p.ModFreq, 4), "kHz")),
         });
 }

@@ -219,6 +219,9 @@ int BenchStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
         return (option != nullptr ? option->fontMetrics.height() : 16) + 12;
     case PM_MdiSubWindowFrameWidth:
         return 3;
+    case PM_TabBarTabHSpace:
+        // Nine titles stand side by side beside the words.
+        return 16;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -218,6 +218,8 @@ QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages) {
     auto* strip = new QTabBar;
     strip->setDrawBase(false);
     strip->setExpanding(false);
+    // In a narrow room the window scrolls, as a whole; arrows that scroll the titles would hide some of them.
+    strip->setUsesScrollButtons(false);
     for (const auto& title : element.titles()) {
         strip->addTab(literalCaption(title));
     }
