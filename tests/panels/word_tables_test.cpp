@@ -74,6 +74,45 @@ TYPED_TEST(WordTables, NoSettingCarriesIntoAnotherField) {
     EXPECT_GT(seen.size(), 250U);
 }
 
+TYPED_TEST(WordTables, EveryWordIsReadBackAsItsTipExplainsIt) {
+    auto& panel = this->bench.open();
+    testing::RandomUser user(2);
+    std::size_t compared = 0;
+    for (int round = 0; round < 100; ++round) {
+        user.set(panel);
+        for (const ControlWord* word : panel.words()) {
+            std::uint32_t value = word->value();
+            EXPECT_TRUE(word->fits(value)) << word->name() << " " << word->text();
+            for (const BitField& field : word->fields()) {
+                EXPECT_EQ(ControlWord::part(value, field), field.value())
+                    << word->name() << " " << field.name;
+                if (field.meaning && field.meaningOf) {
+                    EXPECT_EQ(field.meaningOf(field.value()), field.meaning())
+                        << word->name() << " " << field.name;
+                    ++compared;
+                }
+            }
+        }
+    }
+    EXPECT_GT(compared, 300U);
+}
+
+TYPED_TEST(WordTables, AValueWithABitBesideTheTableIsNoneOfTheWord) {
+    for (const ControlWord* word : this->bench.open().words()) {
+        std::uint32_t inTable = 0;
+        for (const BitField& field : word->fields()) {
+            if (field.kind != BitField::Kind::AlwaysOne) {
+                inTable |= mask(field);
+            }
+        }
+        int width = word->size() == ControlWord::Size::OneByte ? 8 : 16;
+        for (int bit = 0; bit < width; ++bit) {
+            std::uint32_t flipped = word->value() ^ (1U << bit);
+            EXPECT_EQ(word->fits(flipped), (inTable >> bit & 1U) != 0) << word->name() << " bit " << bit;
+        }
+    }
+}
+
 TYPED_TEST(WordTables, UpdateSendsEveryWordAsItsTextStands) {
     PanelBench<TypeParam> connected(testing::With::LoadBoard2);
     auto& panel = connected.open();

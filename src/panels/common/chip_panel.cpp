@@ -149,9 +149,11 @@ void ChipPanel::wireCommon() {
         }
     });
     feed(Cxtal, Ctrlw);
-    Freqw.define(0xA000, {bits(
-                             11, 0, "frequency parameter", [this] { return frequencyField(FreqCode); },
-                             [this] { return FreqCenter.text() + " MHz"; })});
+    Freqw.define(0xA000,
+                 {explained(bits(
+                                11, 0, "frequency parameter", [this] { return frequencyField(FreqCode); },
+                                [this] { return FreqCenter.text() + " MHz"; }),
+                            [this](int code) { return frequencyText(code, BandCode); })});
     Wkupw.define(0xE000, {bits(12, 8, "R", [this] { return wakeUp.exponent; }),
                           bits(7, 0, "M", [this] { return wakeUpLowByte(wakeUp.mantissa); })});
 }

@@ -45,6 +45,13 @@ class ChipPanel : public Form {
     virtual void SetFrameMode() {}
     /// Crystal frequency in Hz.
     [[nodiscard]] std::int32_t GetXtalFrequency() const;
+    /// The centre frequency of a frequency parameter at the panel's crystal, in MHz.
+    /// @param bandField  the band as the configuration word has it
+    [[nodiscard]] std::string frequencyText(int parameter, int bandField) const;
+    /// The band as the configuration word has it now.
+    [[nodiscard]] std::int32_t bandField() const { return BandCode; }
+    /// The time of a wake-up setting at the panel's crystal, with its unit.
+    [[nodiscard]] std::string wakeUpText(const WakeUpSetting& setting) const;
     /// The registry took the panel off the screen: repeats of the status read end, the rest stays.
     void hidden();
 

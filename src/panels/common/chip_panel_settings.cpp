@@ -93,9 +93,36 @@ std::string ChipPanel::bandCaption() const {
     return chosen == nullptr ? std::string() : chosen->caption();
 }
 
+std::string ChipPanel::frequencyText(int parameter, int bandField) const {
+    for (Band which : ownTraits.offeredBands) {
+        const BandConstants& constants = bandConstants(*ownTraits.bands, which);
+        if (constants.code == bandField) {
+            FrequencyScale scale = frequencyScale();
+            scale.multiplier = constants.multiplier;
+            scale.base = constants.base.value_or(scale.base);
+            return shownFrequency(static_cast<float>(parameter), scale).megahertz.text + " MHz";
+        }
+    }
+    return "parameter " + std::to_string(parameter) + " in a band that the chip has not";
+}
+
+std::string ChipPanel::wakeUpText(const WakeUpSetting& setting) const {
+    WakeUpTime time = wakeUpTime(ownTraits.wakeUp.timer, setting, CrystalRatio);
+    return time.shown.text + " " + std::string(time.unit);
+}
+
 BitField ChipPanel::bandBits(int lowBit) const {
-    return bits(
-        lowBit + 1, lowBit, "band", [this] { return BandCode; }, [this] { return bandCaption(); });
+    return explained(
+        bits(
+            lowBit + 1, lowBit, "band", [this] { return BandCode; }, [this] { return bandCaption(); }),
+        [this](int code) {
+            for (Band which : ownTraits.offeredBands) {
+                if (bandConstants(*ownTraits.bands, which).code == code) {
+                    return band(which)->caption();
+                }
+            }
+            return "code " + std::to_string(code) + ", not a band of the chip";
+        });
 }
 
 BitField ChipPanel::capacitanceBits(int lowBit) const {
@@ -103,8 +130,10 @@ BitField ChipPanel::capacitanceBits(int lowBit) const {
 }
 
 BitField ChipPanel::thresholdBits(int highBit) const {
-    return bits(
-        highBit, 0, "threshold", [this] { return lowBattery; }, [this] { return LBDV.text() + " V"; });
+    return explained(
+        bits(
+            highBit, 0, "threshold", [this] { return lowBattery; }, [this] { return LBDV.text() + " V"; }),
+        [this](int code) { return thresholdVoltage(code, ownTraits.threshold).text + " V"; });
 }
 
 void ChipPanel::showStep() {

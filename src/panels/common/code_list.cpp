@@ -33,6 +33,16 @@ void CodeList::fill(const std::vector<std::string>& texts) {
     setEntries(texts);
 }
 
+std::optional<std::string> CodeList::textOfCode(int code) const {
+    for (std::size_t row = 0; row < codes.size(); ++row) {
+        const std::string& entry = entries()[row];
+        if ((codeOfText ? codeOfText(entry).value_or(-1) : codes[row]) == code) {
+            return entry;
+        }
+    }
+    return std::nullopt;
+}
+
 void CodeList::takeCode() {
     if (codeOfText) {
         ownCode = codeOfText(text()).value_or(ownCode);

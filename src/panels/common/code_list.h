@@ -28,6 +28,8 @@ class CodeList : public ListBox {
     void fill(const std::vector<std::string>& texts);
 
     [[nodiscard]] int code() const { return ownCode; }
+    /// The entry that stands for a code; nothing if there is none.
+    [[nodiscard]] std::optional<std::string> textOfCode(int code) const;
 
     /// For a list whose code comes from the text itself; nothing keeps the code.
     std::function<std::optional<int>(const std::string& text)> codeOfText;

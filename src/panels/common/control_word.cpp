@@ -26,23 +26,43 @@ std::string bitRange(const BitField& field) {
 } // namespace
 
 BitField bits(int high, int low, std::string name, const CodeList& list, std::string unit) {
-    return {
-        high, low, std::move(name), [&list] { return list.code(); },
-        [&list, unit = std::move(unit)] { return unit.empty() ? list.text() : list.text() + " " + unit; }};
+    auto withUnit = [unit = std::move(unit)](const std::string& text) {
+        return unit.empty() ? text : text + " " + unit;
+    };
+    return {high,
+            low,
+            std::move(name),
+            [&list] { return list.code(); },
+            [&list, withUnit] { return withUnit(list.text()); },
+            [&list, withUnit](int code) {
+                std::optional<std::string> entry = list.textOfCode(code);
+                return entry ? withUnit(*entry) : "code " + std::to_string(code) + ", not in the list";
+            },
+            BitField::Kind::Number};
 }
 
 BitField bits(int high, int low, std::string name, std::function<int()> value,
               std::function<std::string()> meaning) {
-    return {high, low, std::move(name), std::move(value), std::move(meaning)};
+    return {high, low, std::move(name), std::move(value), std::move(meaning), {}, BitField::Kind::Number};
+}
+
+BitField explained(BitField field, std::function<std::string(int code)> meaningOf) {
+    field.meaningOf = std::move(meaningOf);
+    return field;
 }
 
 BitField bit(int position, std::string name, const TickBox& tick) {
-    return {position, position, std::move(name), [&tick] { return tick.ticked() ? 1 : 0; },
-            [&tick] { return std::string(tick.ticked() ? "on" : "off"); }};
+    return {position,
+            position,
+            std::move(name),
+            [&tick] { return tick.ticked() ? 1 : 0; },
+            [&tick] { return std::string(tick.ticked() ? "on" : "off"); },
+            {},
+            BitField::Kind::Tick};
 }
 
 BitField fixedBit(int position, std::string name) {
-    return {position, position, std::move(name), [] { return 1; }, {}};
+    return {position, position, std::move(name), [] { return 1; }, {}, {}, BitField::Kind::AlwaysOne};
 }
 
 ControlWord::ControlWord(Form& owner, std::string name, std::string caption)
@@ -72,6 +92,41 @@ std::uint32_t ControlWord::value() const {
         sum += static_cast<std::uint32_t>(field.value()) << field.lowBit;
     }
     return sum;
+}
+
+int ControlWord::part(std::uint32_t value, const BitField& field) {
+    auto width = static_cast<unsigned>(field.highBit - field.lowBit + 1);
+    return static_cast<int>((value >> field.lowBit) & ((1U << width) - 1U));
+}
+
+bool ControlWord::fits(std::uint32_t value) const {
+    std::uint32_t open = 0;
+    std::uint32_t fixed = ownBase;
+    for (const BitField& field : table) {
+        auto width = static_cast<unsigned>(field.highBit - field.lowBit + 1);
+        std::uint32_t mask = ((1U << width) - 1U) << field.lowBit;
+        (field.kind == BitField::Kind::AlwaysOne ? fixed : open) |= mask;
+    }
+    return (value & ~open) == fixed;
+}
+
+std::string ControlWord::explain(std::uint32_t value) const {
+    std::string phrases;
+    bool anyTick = false;
+    for (const BitField& field : table) {
+        int code = part(value, field);
+        bool tick = field.kind == BitField::Kind::Tick;
+        anyTick = anyTick || tick;
+        if (field.kind == BitField::Kind::AlwaysOne || (tick && code == 0)) {
+            continue;
+        }
+        std::string phrase = field.name;
+        if (!tick) {
+            phrase += " " + (field.meaningOf ? field.meaningOf(code) : std::to_string(code));
+        }
+        phrases += (phrases.empty() ? "" : ", ") + phrase;
+    }
+    return phrases.empty() && anyTick ? "all off" : phrases;
 }
 
 void ControlWord::rebuild() {

@@ -21,6 +21,11 @@ struct BitField {
     std::function<int()> value;
     /// What the present value means to the engineer.
     std::function<std::string()> meaning;
+    /// What any other value of the field means on the panel as it is set now; nothing where a value alone
+    /// means nothing.
+    std::function<std::string(int code)> meaningOf;
+    enum class Kind { Number, Tick, AlwaysOne };
+    Kind kind = Kind::Number;
 };
 
 /// Bits high to low that hold a list's code.
@@ -28,6 +33,8 @@ struct BitField {
 /// Bits high to low that hold a number.
 [[nodiscard]] BitField bits(int high, int low, std::string name, std::function<int()> value,
                             std::function<std::string()> meaning = {});
+/// The field with what each of its values means.
+[[nodiscard]] BitField explained(BitField field, std::function<std::string(int code)> meaningOf);
 /// One bit that a tick sets.
 [[nodiscard]] BitField bit(int position, std::string name, const TickBox& tick);
 /// One bit that does not depend on a setting.
@@ -64,6 +71,14 @@ class ControlWord : public TextField {
 
     /// Explains the shown word anew, when what its fields mean has changed and their values have not.
     void refreshTip();
+
+    /// The value could be one of this word's: it has the base, and nothing where the table has no field.
+    [[nodiscard]] bool fits(std::uint32_t value) const;
+    /// A field's part of a value.
+    [[nodiscard]] static int part(std::uint32_t value, const BitField& field);
+    /// What a value that fits means, by the same table as the tool tip: one phrase a field, ticks by their
+    /// name where they are set.
+    [[nodiscard]] std::string explain(std::uint32_t value) const;
 
     /// The command line that sends what is shown.
     [[nodiscard]] std::string line() const;

@@ -33,12 +33,22 @@ AutoPowerTransmitter::AutoPowerTransmitter(Bench& ownBench, const PanelTraits& p
 
     Ctrlw.define(0x8000, {bandBits(), bits(10, 8, "clock output", CLKout, "MHz"), capacitanceBits(),
                           bits(3, 3, "polarity", ModPol), bits(2, 0, "deviation", ModFreq, "kHz")});
-    OutPowerw.define(0xB0,
-                     {bits(
-                         3, 0, "output power and keying",
-                         [this] { return OutputPower.code() + (Modulation.code() != 0 ? ookMark() : 0); },
-                         [this] { return OutputPower.text() + ", " + Modulation.text(); })},
-                     ControlWord::Size::OneByte);
+    OutPowerw.define(
+        0xB0,
+        {explained(bits(
+                       3, 0, "output power and keying",
+                       [this] { return OutputPower.code() + (Modulation.code() != 0 ? ookMark() : 0); },
+                       [this] { return OutputPower.text() + ", " + Modulation.text(); }),
+                   [this](int code) { return powerText(code); })},
+        ControlWord::Size::OneByte);
+}
+
+std::string AutoPowerTransmitter::powerText(int code) const {
+    int keying = code / ookMark();
+    std::optional<std::string> power = OutputPower.textOfCode(code % ookMark());
+    std::optional<std::string> modulation = Modulation.textOfCode(keying);
+    return power && modulation ? *power + ", " + *modulation
+                               : "code " + std::to_string(code) + ", not one of the chip's";
 }
 
 void AutoPowerTransmitter::setDefaults() {

@@ -17,6 +17,8 @@ class AutoPowerTransmitter : public TransmitterPanel {
     void setDefaults() override;
     /// What on-off keying adds to the power word.
     [[nodiscard]] virtual int ookMark() const { return 8; }
+    /// What a power word's field means: power step and keying.
+    [[nodiscard]] std::string powerText(int code) const;
     void powerChanged() { OutPowerw.rebuild(); }
 };
 
