@@ -108,7 +108,7 @@ bool Form::userClose() {
     if (!acceptsUser()) {
         return false;
     }
-    perform([this] { close(); });
+    perform([this] { closeButton(); });
     return true;
 }
 

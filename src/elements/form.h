@@ -125,6 +125,8 @@ class Form {
     void setSizing(Sizing sizing) { formSizing = sizing; }
     /// What closing does before the form goes.
     virtual void unload() {}
+    /// What the window's close button does; a window that is kept for another only hides.
+    virtual void closeButton() { close(); }
 
   private:
     friend class Element;

@@ -16,6 +16,14 @@ void Frame::setBordered(bool border) {
     }
 }
 
+bool Frame::click() {
+    return act([this] {
+        if (onClick) {
+            onClick();
+        }
+    });
+}
+
 Swatch::Swatch(Form& owner, std::string name, Colour colour)
     : Element(owner, std::move(name)) {
     setBackground(colour);

@@ -14,13 +14,17 @@ class Label : public Button {
     }
 };
 
-/// A titled or plain group that hides and disables what stands in it.
+/// A titled or plain group that hides and disables what stands in it. A few act on a click beside what stands
+/// in them.
 class Frame : public Element {
   public:
     Frame(Form& owner, std::string name, std::string caption = {});
 
     [[nodiscard]] bool bordered() const { return hasBorder; }
     void setBordered(bool border);
+
+    bool click() override;
+    std::function<void()> onClick;
 
   private:
     bool hasBorder = true;

@@ -231,6 +231,8 @@ constexpr StatementRow rows[] = {
     {"at",       3, 3, at},
     {"sized",    3, 3, sized},
     {"state",    2, 2, state},
+    {"line",     3, 3, expectLogLine},
+    {"lines",    2, 2, expectNoLogLines},
     {"sent",     0, StatementRow::anyCount, expectSent},
     {"box",      2, 3, expectBox},
     {"nobox",    0, 0, [](World& w, const Arguments&) { expectNoBox(w); }},

@@ -14,6 +14,10 @@ void expectNumber(const std::string& what, double expected, double found);
 void expectLines(const std::string& what, const std::vector<std::string>& expected,
                  const std::vector<std::string>& found);
 
+/// The oldest line of a coloured log that was not seen yet, or that there is none.
+void expectLogLine(World& world, const Arguments& arguments);
+void expectNoLogLines(World& world, const Arguments& arguments);
+
 // Checks of what lies outside the windows.
 
 void expectSent(World& world, const Arguments& arguments);

@@ -4,10 +4,12 @@
 #include "transcript_runner/transcript.h"
 #include "virtual/virtual_machine.h"
 
+#include <map>
 #include <memory>
 #include <optional>
 
 namespace zor {
+class ColouredLog;
 class Desk;
 class Element;
 class Form;
@@ -49,6 +51,9 @@ class World {
 
     /// The mark of `clock`.
     std::optional<EventLoop::Duration> clockMark;
+
+    /// How many lines of each log were seen, those that were cleared included.
+    std::map<const ColouredLog*, std::size_t> seenLines;
 
     /// A file of the program's folder, or the path itself if it is absolute.
     [[nodiscard]] std::filesystem::path file(const std::string& name) const;
