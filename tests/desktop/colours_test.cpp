@@ -36,6 +36,13 @@ TEST_P(Schemes, EveryTextCanBeReadOnItsGround) {
     EXPECT_GE(contrast(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight)),
               readable);
     EXPECT_GE(contrast(palette.color(QPalette::WindowText), colours.titleBar), readable);
+    for (const QColor& ink : {colours.logBlue, colours.logGreen, colours.error}) {
+        EXPECT_GE(contrast(ink, base), readable) << ink.name().toStdString();
+    }
+    for (const QColor& ink : {palette.color(QPalette::Text), colours.softText, colours.error}) {
+        EXPECT_GE(contrast(ink, colours.pickedRow), readable) << ink.name().toStdString();
+    }
+    EXPECT_GE(contrast(palette.color(QPalette::Text), colours.lockedGround), readable);
 }
 
 TEST_P(Schemes, LampsAndOutlinesStandOutFromTheWindow) {

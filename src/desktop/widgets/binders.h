@@ -5,6 +5,8 @@
 
 #include "desktop/widgets/binding.h"
 #include "elements/button.h"
+#include "elements/coloured_log.h"
+#include "elements/grid.h"
 #include "elements/label.h"
 #include "elements/list_box.h"
 #include "elements/menu.h"
@@ -19,6 +21,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <initializer_list>
 #include <vector>
 
@@ -85,7 +88,25 @@ inline constexpr int monitorLines = 5'000;
 [[nodiscard]] QWidget* plot(Plot& element, int columns = 80, int lines = 12);
 
 /// A strip of tabs over its pages, all of the same size whatever page is up.
-[[nodiscard]] QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages);
+/// @param fill  how full a page is, 0 to 1, by its place from 0: shown by a thin bar under its title
+[[nodiscard]] QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages,
+                            std::function<double(int page)> fill = {});
+
+/// A table; it is `lines` rows high at first and takes what room there is.
+[[nodiscard]] QWidget* gridView(Grid& element, int lines = 10);
+/// A log of coloured lines.
+[[nodiscard]] QWidget* logView(ColouredLog& element, int columns = 80, int lines = 6);
+
+/// A stretch of a text, by characters.
+struct DigitStretch {
+    std::size_t begin = 0;
+    std::size_t count = 0;
+};
+/// A field of bytes or of their digits over several rows, so many characters in each. Every byte can be shown
+/// and is kept.
+/// @param marked  the stretch that is marked now; Binding::redraw looks again
+[[nodiscard]] QWidget* byteArea(TextField& element, int columns, int rows,
+                                std::function<DigitStretch()> marked = {});
 
 /// Fills a menu bar with the form's menus, or a menu with an entry's children.
 void buildMenus(QMenuBar& bar, const Form& form);

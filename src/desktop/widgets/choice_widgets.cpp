@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -26,6 +27,45 @@ void bindClick(QAbstractButton& widget, Binding& binding) {
     QObject::connect(&widget, &QAbstractButton::clicked, &binding,
                      [&binding] { binding.gesture([&] { binding.element()->click(); }); });
 }
+
+/// A strip of tabs with a thin bar under each title that says how full its page is.
+class FilledTabBar : public QTabBar {
+  public:
+    explicit FilledTabBar(std::function<double(int)> pageFill)
+        : fill(std::move(pageFill)) {}
+
+  protected:
+    [[nodiscard]] QSize tabSizeHint(int tab) const override {
+        QSize hint = QTabBar::tabSizeHint(tab);
+        return fill ? hint + QSize(0, barHeight + 1) : hint;
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QTabBar::paintEvent(event);
+        if (!fill) {
+            return;
+        }
+        const RoleColours& colours = roles(palette());
+        QPainter painter(this);
+        for (int tab = 0; tab < count(); ++tab) {
+            QRect room = tabRect(tab).adjusted(sideGap, 0, -sideGap, 0);
+            room.setTop(room.bottom() - barHeight - 1);
+            room.setHeight(barHeight);
+            painter.fillRect(room, palette().color(QPalette::Mid));
+            double share = std::clamp(fill(tab), 0.0, 1.0);
+            if (share > 0) {
+                room.setWidth(std::max(barHeight, static_cast<int>(room.width() * share)));
+                painter.fillRect(room, colours.accent);
+            }
+        }
+    }
+
+  private:
+    static constexpr int barHeight = 3;
+    static constexpr int sideGap = 9;
+
+    std::function<double(int)> fill;
+};
 
 /// A combo box that shows the element's text, whether or not an entry has it.
 class ListView : public QComboBox {
@@ -210,18 +250,19 @@ QWidget* spin(TextField& text, UpDown& arrows, int columns) {
     return row;
 }
 
-QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages) {
+QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages, std::function<double(int)> fill) {
     auto* whole = new QWidget;
     auto* layout = new QVBoxLayout(whole);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    auto* strip = new QTabBar;
+    auto* strip = new FilledTabBar(std::move(fill));
     strip->setDrawBase(false);
     strip->setExpanding(false);
     // In a narrow room the window scrolls, as a whole; arrows that scroll the titles would hide some of them.
     strip->setUsesScrollButtons(false);
     for (const auto& title : element.titles()) {
-        strip->addTab(literalCaption(title));
+        // A mark before a letter makes it the tab's key.
+        strip->addTab(toQt(title));
     }
     layout->addWidget(strip);
     auto* frame = new QFrame;

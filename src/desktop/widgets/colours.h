@@ -14,15 +14,19 @@ struct RoleColours {
     QColor accent;     ///< back of the one strong button
     QColor accentText; ///< on accent
     QColor pendingBack;
-    QColor pendingText; ///< on pendingBack: a word that was not sent yet
-    QColor reminder;    ///< on the window: "Update needed"
-    QColor error;       ///< on the window
-    QColor softText;    ///< on the window and in a field: units, remarks
-    QColor lit;         ///< a lit lamp
-    QColor litEdge;     ///< a lit lamp's edge, on the window
-    QColor darkEdge;    ///< a dark lamp's edge, on the window
-    QColor edge;        ///< outline of boxes, radio circles and fields
-    QColor titleBar;    ///< of the active inner window
+    QColor pendingText;  ///< on pendingBack: a word that was not sent yet
+    QColor reminder;     ///< on the window: "Update needed"
+    QColor error;        ///< on the window
+    QColor softText;     ///< on the window and in a field: units, remarks
+    QColor lit;          ///< a lit lamp
+    QColor litEdge;      ///< a lit lamp's edge, on the window
+    QColor darkEdge;     ///< a dark lamp's edge, on the window
+    QColor edge;         ///< outline of boxes, radio circles and fields
+    QColor titleBar;     ///< of the active inner window
+    QColor pickedRow;    ///< ground of a table's picked row and of what it stands for
+    QColor logBlue;      ///< in a field: a run begins or ends
+    QColor logGreen;     ///< in a field: something was found right
+    QColor lockedGround; ///< of a field that takes no typing until it is unlocked
 };
 
 enum class Scheme { Light, Dark };

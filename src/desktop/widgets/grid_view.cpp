@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/widgets/binders.h"
+#include "desktop/widgets/colours.h"
+#include "desktop/widgets/grid_model.h"
+
+#include <QHeaderView>
+#include <QTableView>
+
+namespace zor {
+
+namespace {
+
+constexpr int leastRows = 3;
+
+/// Rows of one line, one row picked at most, the last column as wide as there is room.
+class GridView : public QTableView {
+  public:
+    GridView(Grid& element, int lineCount)
+        : lines(lineCount) {
+        verticalHeader()->hide();
+        setShowGrid(false);
+        setAlternatingRowColors(true);
+        setWordWrap(false);
+        setTabKeyNavigation(false);
+        setSelectionBehavior(QAbstractItemView::SelectRows);
+        setSelectionMode(QAbstractItemView::SingleSelection);
+        setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+        horizontalHeader()->setStretchLastSection(true);
+        horizontalHeader()->setHighlightSections(false);
+
+        binding = new Binding(element, *this);
+        binding->followFocus();
+        setModel(new GridModel(*binding));
+        connect(selectionModel(), &QItemSelectionModel::currentRowChanged, binding,
+                [this](const QModelIndex& current) { pick(current.row()); });
+        binding->keep(element.pickChanged.subscribe([this] { showPicked(); }));
+        binding->onDraw([this] { showPicked(); });
+        fitColumns();
+        tintPicked();
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        int width = 2 * frameWidth();
+        for (const GridColumn& column : elementOf<Grid>(*binding)->columns()) {
+            width += columnWidthOf(column);
+        }
+        return {width, heightOf(lines)};
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {width() / 4, heightOf(leastRows)}; }
+
+  protected:
+    void changeEvent(QEvent* event) override {
+        QTableView::changeEvent(event);
+        if (event->type() == QEvent::FontChange) {
+            fitColumns();
+        } else if (event->type() == QEvent::PaletteChange && !tinting) {
+            tintPicked();
+        }
+    }
+
+  private:
+    [[nodiscard]] int rowHeightWanted() const { return fontMetrics().height() + 4; }
+    [[nodiscard]] int heightOf(int rowCount) const {
+        return horizontalHeader()->sizeHint().height() + rowHeightWanted() * rowCount + 2 * frameWidth();
+    }
+    [[nodiscard]] int columnWidthOf(const GridColumn& column) const {
+        return fontMetrics().horizontalAdvance(QLatin1Char('0')) * (column.characters + 1) + 8;
+    }
+
+    void fitColumns() {
+        verticalHeader()->setMinimumSectionSize(rowHeightWanted());
+        verticalHeader()->setDefaultSectionSize(rowHeightWanted());
+        horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance(QLatin1Char('0')));
+        const std::vector<GridColumn>& columns = elementOf<Grid>(*binding)->columns();
+        for (std::size_t column = 0; column < columns.size(); ++column) {
+            setColumnWidth(static_cast<int>(column), columnWidthOf(columns[column]));
+        }
+    }
+
+    /// A picked row is told quietly: its texts keep their colours.
+    void tintPicked() {
+        tinting = true;
+        QPalette colours = palette();
+        colours.setColor(QPalette::Highlight, roles(colours).pickedRow);
+        colours.setColor(QPalette::HighlightedText, colours.color(QPalette::Text));
+        setPalette(colours);
+        tinting = false;
+    }
+
+    void pick(int row) {
+        if (row >= 0 && !showing) {
+            binding->gesture([&] { elementOf<Grid>(*binding)->pickRow(static_cast<std::size_t>(row)); });
+        }
+    }
+
+    void showPicked() {
+        std::optional<std::size_t> picked = elementOf<Grid>(*binding)->picked();
+        int row = picked ? static_cast<int>(*picked) : -1;
+        if (currentIndex().row() == row) {
+            return;
+        }
+        showing = true;
+        if (row < 0) {
+            selectionModel()->clear();
+        } else {
+            selectRow(row);
+        }
+        showing = false;
+    }
+
+    int lines;
+    Binding* binding;
+    bool showing = false;
+    bool tinting = false;
+};
+
+} // namespace
+
+QWidget* gridView(Grid& element, int lines) {
+    return new GridView(element, lines);
+}
+
+} // namespace zor
