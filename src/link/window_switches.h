@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace zor {
@@ -28,11 +29,15 @@ struct WindowSwitches {
     bool SplashOn = false;
 };
 
-/// What the chip buttons remember: the key of the last choice of their class, empty before the first.
+/// What windows remember of the user's choices. The chip buttons' key of the last choice of their class is
+/// empty before the first.
 struct Selections {
     std::string SelectedTx;
     std::string SelectedRx;
     std::string SelectedTrx;
+    /// The command editor was first opened without the KT1101's panel; nothing before it was opened. It lasts
+    /// for the program's run.
+    std::optional<bool> ForOpal;
 };
 
 } // namespace zor

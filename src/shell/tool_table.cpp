@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/tool_table.h"
 
+#include "eeprom/ecet.h"
+#include "eeprom/frm_cmd_sequence.h"
 #include "shell/about.h"
 #include "utilities/power_supply.h"
 #include "utilities/terminal.h"
@@ -33,8 +35,8 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::Terminal,               "Terminal",               &Switch::Terminalon,       &Menu::mnutoolsTerminal,       make<Terminal>, script},
         {Tool::frm_PowerSupply,        "frm_PowerSupply",        &Switch::PowerSupplyOn,    nullptr,                       make<PowerSupply>},
         {Tool::eeprom,                 "eeprom",                 &Switch::EEPROMon,         nullptr,                       nullptr, sized},
-        {Tool::ECET,                   "ECET",                   nullptr,                   &Menu::mnutoolsECET,           nullptr},
-        {Tool::Frm_CmdSequence,        "Frm_CmdSequence",        nullptr,                   nullptr,                       nullptr},
+        {Tool::ECET,                   "ECET",                   nullptr,                   &Menu::mnutoolsECET,           make<ECET>},
+        {Tool::Frm_CmdSequence,        "Frm_CmdSequence",        nullptr,                   nullptr,                       make<Frm_CmdSequence>},
         {Tool::frm_Link,               "frm_Link",               &Switch::CWLinkTXOn,       &Menu::mnutoolsRFSetup_TX,     nullptr},
         {Tool::frm_Link_RX,            "frm_Link_RX",            &Switch::CWLinkRXOn,       &Menu::mnutoolsRFSetup_RX,     nullptr},
         {Tool::AmberV1rflink,          "AmberV1rflink",          &Switch::RxLinkOn,         nullptr,                       nullptr, sized},

@@ -121,6 +121,10 @@ INSTANTIATE_TEST_SUITE_P(Panel, EveryCheck, ::testing::Values(
     Row{"choose main.TX Opal\nlit OpalV2.status(1)", "t:6: expected OpalV2.status(1) lit, found it dark"},
     Row{"choose main.TX Opal\nboard 1 status FF\nclick OpalV2.ReadStatus\nrun 2000\ndark OpalV2.status(1)", "t:9: expected OpalV2.status(1) dark, found it lit"},
     Row{"choose main.TX Opal\nback OpalV2.OnColor as OpalV2.OffColor", "t:6: expected background 240 240 240 of OpalV2.OnColor, found 255 255 0"},
+    Row{"choose main.TX Opal\nclick main.mnutoolsECET\nline ECET.TB_ErrorLog blue x", R"(t:7: expected line blue "x" in ECET.TB_ErrorLog, found none)"},
+    Row{"choose main.TX Opal\nclick main.mnutoolsECET\nclick ECET.PB_GenerateRom\nlines ECET.TB_ErrorLog none", R"(t:8: expected no further line in ECET.TB_ErrorLog, found blue "EEPROM Code Generation started.")"},
+    Row{"choose main.TX Opal\nclick main.mnutoolsECET\nclick ECET.PB_GenerateRom\nline ECET.TB_ErrorLog red \"EEPROM Code Generation started.\"", R"(t:8: expected line red "EEPROM Code Generation started." in ECET.TB_ErrorLog, found blue "EEPROM Code Generation started.")"},
+    Row{"choose main.TX Opal\nclick main.mnutoolsECET\nlines ECET.PB_Call none", "t:7: expected a coloured log, but ECET.PB_Call is none"},
     Row{"choose main.TX Onyx\nvalue KT1102.SL_WakeUpR 31", "t:6: expected value of KT1102.SL_WakeUpR 31, found 1"},
     Row{"choose main.TX Onyx\nslide KT1102.SL_WakeUpR 32000", "t:6: expected a whole number from 0 to 15, found 32000"}));
 

@@ -14,6 +14,8 @@ const std::map<std::string, View>& allViews() {
         {"FRM_Topaz", {topazView}},
         {"AmberV1", {amberView}},
         {"Coral", {coralView}},
+        {"ECET", {contentEditorView}},
+        {"Frm_CmdSequence", {commandEditorView}},
         {"Help_R1", {dataFilterHelpView}},
         {"Preferences", {preferencesView, FormWindow::Frame::Titled}},
         {"Products", {productsView}},

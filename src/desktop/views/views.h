@@ -16,6 +16,8 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* aboutView(Form& form);
 [[nodiscard]] QWidget* amberView(Form& form);
 [[nodiscard]] QWidget* berylView(Form& form);
+[[nodiscard]] QWidget* commandEditorView(Form& form);
+[[nodiscard]] QWidget* contentEditorView(Form& form);
 [[nodiscard]] QWidget* coralView(Form& form);
 [[nodiscard]] QWidget* topazView(Form& form);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);

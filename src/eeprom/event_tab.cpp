@@ -1,0 +1,386 @@
+// SPDX-License-Identifier: MIT
+#include "eeprom/event_tab.h"
+
+#include "eeprom/ecet.h"
+#include "eeprom/frm_cmd_sequence.h"
+#include "eeprom/transmitter_words.h"
+#include "support/numbers.h"
+
+#include <optional>
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+constexpr const char* startPattern = "2DD4";
+constexpr const char* startFill = "00";
+constexpr std::string_view preamble = "AA";
+constexpr std::size_t fillDigits = 2;
+constexpr std::size_t patternDigits = 4;
+/// What a routine keeps free of payload: the head of its transmit command and a sleep command.
+constexpr std::size_t commandRoom = transmitHead + sleepCommand.size();
+/// Less than this and not even a sleep command and one byte go in.
+constexpr std::size_t leastFillRoom = 5;
+constexpr const char* oddDigits = "ERROR: Hexadecimal data must be entered in two character format.";
+
+std::vector<GridColumn> readingColumns() {
+    using Access = GridColumn::Access;
+    return {{"", Access::ReadOnly, 1, false},
+            {"At", Access::ReadOnly, 3, true},
+            {"Bytes", Access::ReadOnly, 7, true},
+            {"Command", Access::ReadOnly, 20, false},
+            {"Meaning", Access::ReadOnly, 40, false}};
+}
+
+/// A command's bytes as its row shows them, shortened.
+std::string shownDigits(std::string_view digits) {
+    constexpr std::size_t shown = 6;
+    return digits.size() <= shown ? std::string(digits) : std::string(digits.substr(0, 4)) + "...";
+}
+
+GridRow readingRow(const RoutineCommand& command, std::string_view routine) {
+    bool wrong = command.kind == RoutineCommand::Kind::Unreadable;
+    bool soft = command.kind == RoutineCommand::Kind::Padding;
+    CellLook look = wrong ? CellLook::Wrong : soft ? CellLook::Soft : CellLook::Plain;
+    std::string at = hexText(static_cast<std::uint32_t>(command.begin / 2), 2);
+    return {GridCell(wrong ? "!" : "", wrong ? CellLook::Wrong : CellLook::Mark),
+            GridCell(at, wrong ? look : CellLook::Soft),
+            GridCell(shownDigits(routine.substr(command.begin, command.count)), look),
+            GridCell(command.name, look), GridCell(command.meaning, look)};
+}
+
+std::size_t roundedHalf(std::size_t digits) {
+    return static_cast<std::size_t>(roundToInt(static_cast<double>(digits) / 2));
+}
+
+} // namespace
+
+EventTab::EventTab(ECET& contentEditor, Bench& ownBench, int eventIndex)
+    : Frm_ECETEvents(contentEditor, indexed("Frm_ECETEvents", eventIndex),
+                     eventRows[static_cast<std::size_t>(eventIndex)].frame)
+    , TB_EventContent(contentEditor, indexed("TB_EventContent", eventIndex))
+    , TB_Payload(contentEditor, indexed("TB_Payload", eventIndex))
+    , OB_HexView(contentEditor, viewGroup, indexed("OB_HexView", eventIndex), "Hex View")
+    , OB_Ascii_View(contentEditor, viewGroup, indexed("OB_Ascii_View", eventIndex), "ASCII view")
+    , TB_FillData(contentEditor, indexed("TB_FillData", eventIndex), startFill)
+    , TB_Pattern(contentEditor, indexed("TB_Pattern", eventIndex), startPattern)
+    , CB_FillEmptieswithC4(contentEditor, indexed("CB_FillEmptieswithC4", eventIndex),
+                           "Append Sleep Command if empty")
+    , PB_GetData(contentEditor, indexed("PB_GetData", eventIndex), "&Get settings from Control Panel")
+    , PB_InsertCommand(contentEditor, indexed("PB_InsertCommand", eventIndex), "Insert &Commands")
+    , PB_InsertTx(contentEditor, indexed("PB_InsertTx", eventIndex), "Insert Data &Transmit Command")
+    , PB_InsertSleep(contentEditor, indexed("PB_InsertSleep", eventIndex), "Insert &Sleep Command")
+    , PB_Fill(contentEditor, indexed("PB_Fill", eventIndex), "&Fill EEPROM with")
+    , PB_Preamble(contentEditor, indexed("PB_Preamble", eventIndex), "Insert P&reamble")
+    , PB_SynchPattern(contentEditor, indexed("PB_SynchPattern", eventIndex), "Insert &Pattern")
+    , PB_PN9(contentEditor, indexed("PB_PN9", eventIndex), "Insert &PN9 Sequence")
+    , PB_ClearEventRoutine(contentEditor, indexed("PB_ClearEventRoutine", eventIndex), "C&lear Event")
+    , PB_CmdSequence(contentEditor, indexed("PB_CmdSequence", eventIndex), "&Open Command Editor")
+    , Label3(contentEditor, indexed("Label3", eventIndex), "Payload")
+    , Reading(contentEditor, indexed("Reading", eventIndex), readingColumns())
+    , ReadingFault(contentEditor, indexed("ReadingFault", eventIndex))
+    , RoutineSize(contentEditor, indexed("RoutineSize", eventIndex))
+    , LockHint(contentEditor, indexed("LockHint", eventIndex), "Locked: double click the payload to edit it")
+    , editor(contentEditor)
+    , bench(ownBench)
+    , index(eventIndex) {
+    TB_EventContent.setLimit(routineDigits);
+    TB_Payload.setLimit(routineDigits - commandRoom);
+    TB_FillData.setLimit(fillDigits);
+    TB_FillData.setEmptied(startFill);
+    TB_Pattern.setLimit(patternDigits);
+    TB_Pattern.setEmptied("0000");
+    OB_HexView.putChosen();
+    PB_PN9.setVisible(false);
+    LockHint.setVisible(false);
+    lockRoutine();
+    wire();
+    setButtons();
+    routineChanged = TB_EventContent.changed.subscribe([this] { read(); });
+    read();
+}
+
+std::string EventTab::indexed(const char* name, int index) {
+    return std::string(name) + "(" + std::to_string(index) + ")";
+}
+
+void EventTab::wire() {
+    for (auto [field, edit] : {std::pair(&TB_EventContent, &EventTab::editRoutine),
+                               std::pair(&TB_Payload, &EventTab::editPayload)}) {
+        auto ask = [this, ownField = field, ownEdit = edit] {
+            bool locked = ownField->readOnly();
+            if (locked) {
+                (this->*ownEdit)();
+            }
+            return locked;
+        };
+        field->onKey = [ask](char) { return ask(); };
+        field->onDoubleClick = [ask] { (void)ask(); };
+    }
+    OB_HexView.onChoose = [this] { showAs(View::Hex); };
+    OB_Ascii_View.onChoose = [this] { showAs(View::Ascii); };
+    TB_FillData.onCommit = [this] { TB_FillData_LostFocus(); };
+    TB_Pattern.onCommit = [this] { TB_Pattern_LostFocus(); };
+    TB_Pattern.onDigits = [this] { patternFaultTold = false; };
+    Frm_ECETEvents.onClick = [this] { editor.frameClicked(); };
+    TB_EventContent.setTip("Event routine in hexadecimal digits; double click or type to edit it");
+    TB_Payload.setTip("Data to transmit");
+    TB_FillData.setTip("Fill byte, two hexadecimal digits");
+    TB_Pattern.setTip("Synchronisation pattern, four hexadecimal digits");
+}
+
+void EventTab::setButtons() {
+    onTab(PB_GetData, &EventTab::PB_GetData_Click);
+    onTab(PB_InsertCommand, &EventTab::PB_InsertCommand_Click);
+    onTab(PB_InsertTx, &EventTab::PB_InsertTx_Click);
+    onTab(PB_InsertSleep, &EventTab::PB_InsertSleep_Click);
+    onTab(PB_Fill, &EventTab::PB_Fill_Click);
+    onTab(PB_Preamble, &EventTab::PB_Preamble_Click);
+    onTab(PB_SynchPattern, &EventTab::PB_SynchPattern_Click);
+    onTab(PB_PN9, &EventTab::PB_PN9_Click);
+    onTab(PB_ClearEventRoutine, &EventTab::PB_ClearEventRoutine_Click);
+    onTab(PB_CmdSequence, &EventTab::PB_CmdSequence_Click);
+}
+
+void EventTab::onTab(Button& button, void (EventTab::*action)()) {
+    button.onClick = [this, action] {
+        // The command editor works for the tab that is up.
+        editor.turnUp(index);
+        (this->*action)();
+    };
+}
+
+void EventTab::read() {
+    std::string digits = routine();
+    std::string size = std::to_string((digits.size() + 1) / 2) + " of " + std::to_string(routineDigits / 2);
+    RoutineSize.setCaption(size + " bytes");
+    readCommands = readRoutine(digits, {transmitterPanel(bench), transmitterCrystal(bench)});
+    std::vector<GridRow> rows;
+    std::size_t faults = 0;
+    for (const RoutineCommand& command : readCommands) {
+        faults += command.kind == RoutineCommand::Kind::Unreadable ? 1 : 0;
+        rows.push_back(readingRow(command, digits));
+    }
+    Reading.setRows(std::move(rows));
+    ReadingFault.setCaption(faults == 0   ? std::string()
+                            : faults == 1 ? "1 place cannot be read"
+                                          : std::to_string(faults) + " places cannot be read");
+}
+
+const RoutineCommand* EventTab::picked() const {
+    std::optional<std::size_t> row = Reading.picked();
+    return row && *row < readCommands.size() ? &readCommands[*row] : nullptr;
+}
+
+void EventTab::log(LogColour colour, const std::string& text) const {
+    editor.TB_ErrorLog.append(colour, text);
+}
+
+void EventTab::logWithCaption(LogColour colour, const std::string& text) const {
+    log(colour, text + " ( " + caption() + " )");
+}
+
+bool EventTab::growRoutine(const std::string& digits) {
+    if (routine().size() + digits.size() > routineDigits) {
+        logWithCaption(LogColour::Red, "Event Routine is full.");
+        return false;
+    }
+    putRoutine(routine() + digits);
+    return true;
+}
+
+void EventTab::showAs(View wanted) {
+    if (std::exchange(view, wanted) == wanted) {
+        return;
+    }
+    bool hex = view == View::Hex;
+    (hex ? OB_HexView : OB_Ascii_View).putChosen();
+    std::size_t limit = TB_Payload.limit().value_or(0);
+    TB_Payload.setLimit(hex ? limit * 2 : roundedHalf(limit));
+    std::string text = TB_Payload.text();
+    Hex2Ascii2Hex(text, hex);
+    TB_Payload.setFiltered(hex);
+    TB_Payload.put(std::move(text));
+}
+
+void EventTab::inHexView(const std::function<void()>& action) {
+    View kept = view;
+    showAs(View::Hex);
+    action();
+    showAs(kept);
+}
+
+void EventTab::lockRoutine() {
+    TB_EventContent.setReadOnly(true);
+    TB_EventContent.setBackground(TB_LockedColor);
+}
+
+void EventTab::unlockRoutine() {
+    TB_EventContent.setReadOnly(false);
+    TB_EventContent.setBackground(std::nullopt);
+}
+
+std::array<Button*, 7> EventTab::payloadButtons() {
+    return {&PB_Fill,     &PB_InsertTx,     &PB_InsertSleep, &PB_InsertCommand,
+            &PB_Preamble, &PB_SynchPattern, &PB_PN9};
+}
+
+void EventTab::lockPayload() {
+    TB_Payload.setReadOnly(true);
+    TB_Payload.setBackground(TB_LockedColor);
+    LockHint.setVisible(true);
+    for (Button* button : payloadButtons()) {
+        button->setEnabled(false);
+    }
+}
+
+void EventTab::freePayload() {
+    TB_Payload.setReadOnly(false);
+    TB_Payload.setBackground(std::nullopt);
+    LockHint.setVisible(false);
+    for (Button* button : payloadButtons()) {
+        button->setEnabled(true);
+    }
+}
+
+bool EventTab::mayEdit(const char* question) const {
+    return bench.platform.dialogs.show(
+               {.text = question, .icon = BoxIcon::Question, .buttons = BoxButtons::YesNo}) == Answer::Yes;
+}
+
+void EventTab::editRoutine() {
+    if (!mayEdit("Do you want to edit Event Data?\r\nEdit mode will erase the Event Data from the end of the "
+                 "last Data Transmit Command.")) {
+        return;
+    }
+    unlockRoutine();
+    putRoutine(withoutTail(routine()));
+    editor.dropImage();
+}
+
+void EventTab::editPayload() {
+    if (!mayEdit("Do you want to edit Transmit Data?\r\nEdit mode will erase the Event Data from the end of "
+                 "the first Data Transmit Command.")) {
+        return;
+    }
+    freePayload();
+    putRoutine(withoutTransmits(routine()));
+    editor.dropImage();
+}
+
+void EventTab::PB_GetData_Click() {
+    editor.commands().CheckControlWindow();
+    if (!IsTXPanelOn(bench)) {
+        return;
+    }
+    putRoutine(editor.GetDataFromControlPanel(index));
+    freePayload();
+    std::size_t room = routineDigits - routine().size() - commandRoom;
+    TB_Payload.setLimit(view == View::Hex ? room : roundedHalf(room));
+    showRoom("Payload  [ max. ", room);
+    editor.dropImage();
+}
+
+void EventTab::showRoom(const char* before, std::size_t digits) {
+    Label3.setCaption(before + numberText(static_cast<double>(digits) / 2) + " bytes ]");
+}
+
+void EventTab::PB_InsertCommand_Click() {
+    editor.commands().ShowInsertCommandWindow();
+}
+
+void EventTab::PB_CmdSequence_Click() {
+    editor.commands().ShowCommandEditor();
+}
+
+void EventTab::PB_InsertTx_Click() {
+    inHexView([this] { insertTransmit(); });
+}
+
+void EventTab::insertTransmit() {
+    std::string payload = TB_Payload.text();
+    if (payload.size() % 2 != 0) {
+        logWithCaption(LogColour::Red, oddDigits);
+        log(LogColour::Red, "Data Transmit Command has not been added.");
+        return;
+    }
+    if (!growRoutine(transmitCommand(payload))) {
+        return;
+    }
+    std::size_t room = routineDigits - routine().size();
+    if (room > payload.size() + commandRoom) {
+        TB_Payload.setLimit(room);
+        showRoom("Payload [ max. ", room);
+        return;
+    }
+    Label3.setCaption("Payload [ full ]");
+    if (room < leastFillRoom) {
+        PB_Fill.setEnabled(false);
+    }
+}
+
+void EventTab::PB_InsertSleep_Click() {
+    if (growRoutine(std::string(sleepCommand))) {
+        lockPayload();
+    }
+}
+
+void EventTab::PB_Fill_Click() {
+    std::size_t reserved = PB_InsertSleep.enabled() ? sleepCommand.size() : 0;
+    std::string filling;
+    for (int count = fillCount(routine().size(), reserved); count > 0; --count) {
+        filling += TB_FillData.text();
+    }
+    putRoutine(routine() + filling);
+}
+
+void EventTab::appendToPayload(std::string_view digits) {
+    std::string grown = TB_Payload.text() + std::string(digits);
+    if (grown.size() > TB_Payload.limit().value_or(grown.size())) {
+        logWithCaption(LogColour::Red, "Payload is full.");
+        return;
+    }
+    TB_Payload.put(std::move(grown));
+}
+
+void EventTab::PB_Preamble_Click() {
+    inHexView([this] { appendToPayload(preamble); });
+}
+
+void EventTab::PB_PN9_Click() {
+    inHexView([this] { appendToPayload(pn9Sequence); });
+}
+
+void EventTab::PB_SynchPattern_Click() {
+    inHexView([this] {
+        const std::string payload = TB_Payload.text();
+        if (payload.size() > preamble.size() && !payload.starts_with(preamble)) {
+            logWithCaption(LogColour::Red, "WARNING: No preamble bytes found before synchronic pattern.");
+            log(LogColour::Red,
+                "It is recommended to send at least two bytes of preamble before start filling the FIFO.");
+        }
+        appendToPayload(TB_Pattern.text());
+    });
+}
+
+void EventTab::PB_ClearEventRoutine_Click() {
+    putRoutine({});
+    freePayload();
+}
+
+void EventTab::TB_FillData_LostFocus() {
+    std::string byte = TB_FillData.text();
+    byte.insert(0, fillDigits - std::min(byte.size(), fillDigits), '0');
+    TB_FillData.put(std::move(byte));
+}
+
+void EventTab::TB_Pattern_LostFocus() {
+    if (TB_Pattern.text().size() >= patternDigits || std::exchange(patternFaultTold, true)) {
+        return;
+    }
+    logWithCaption(LogColour::Red, oddDigits);
+    log(LogColour::Red, "Please correct pattern bytes.");
+}
+
+} // namespace zor
