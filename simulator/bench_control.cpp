@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/bench_control.h"
 
+#include "simulator/loader_firmware.h"
 #include "simulator/trace_text.h"
+#include "support/error.h"
 #include "support/numbers.h"
+#include "support/record_file.h"
 
 #include <charconv>
 #include <vector>
@@ -205,6 +208,35 @@ bool setEeprom(Board& board, std::string_view text) {
     return good;
 }
 
+bool setFlowTime(Board& board, std::string_view text) {
+    auto value = readCount(text, 3'600'000);
+    if (value) {
+        board.setFlowTime(std::chrono::milliseconds(*value));
+    }
+    return value.has_value();
+}
+
+bool stallAt(Board& board, std::string_view text) {
+    auto value = readCount(text, 1'000'000'000);
+    if (value) {
+        board.stallAt(static_cast<std::size_t>(*value));
+    }
+    return value.has_value();
+}
+
+bool keepImage(Board& board, std::string_view text) {
+    const LoaderFirmware* loader = board.loader();
+    if (loader == nullptr || text.empty()) {
+        return false;
+    }
+    try {
+        writeFileWhole(text, imageText(loader->image()));
+    } catch (const ToolError&) {
+        return false;
+    }
+    return true;
+}
+
 struct Statement {
     std::string_view word;
     std::string_view form;
@@ -229,6 +261,9 @@ constexpr Statement statements[] = {
     {"chip",    "chip NAME",        "mount another radio chip",                             mountChip},
     {"eeprom",  "eeprom [none | busy MS|always | ADDRESS XX...]",
                                     "a serial EEPROM in place of the radio chip; its bytes", setEeprom},
+    {"slow",    "slow MS",          "a loader takes so long for each of XOFF and XON",      setFlowTime},
+    {"stall",   "stall N",          "a loader falls silent at line N of a download, 0 never", stallAt},
+    {"image",   "image PATH",       "write what a loader was given to a file, as text",     keepImage},
 };
 // clang-format on
 

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/board.h"
 
+#include "simulator/loader_firmware.h"
+#include "simulator/monitor_firmware.h"
+
 #include <utility>
 
 namespace zor::sim {
@@ -49,31 +52,44 @@ void Board::completeLine() {
     if (lineReceived) {
         lineReceived(complete);
     }
-    std::string answer = answerTo(complete, whole);
-    if (!mute && !answer.empty()) {
-        say(std::move(answer), delay);
+    Answer answer = answerTo(complete, whole);
+    if (mute || answer.text.empty()) {
+        return;
+    }
+    if (answer.pace.count() == 0) {
+        say(std::move(answer.text), delay);
+        return;
+    }
+    std::chrono::milliseconds later = delay;
+    for (char byte : answer.text) {
+        later += answer.pace;
+        say(std::string(1, byte), later);
     }
 }
 
-std::string Board::answerTo(const std::string& complete, bool whole) {
+/// What the board says to a line, prompt included.
+Answer Board::answerTo(const std::string& complete, bool whole) {
     if (boardKind == BoardKind::Silent) {
-        return {};
+        return Answer::silence();
     }
     if (auto refused = refusals.find(complete); !whole || refused != refusals.end()) {
         if (whole) {
             refusals.erase(refused);
         }
-        return std::string(errorPrompt);
+        return Answer::paced(std::string(errorPrompt), std::chrono::milliseconds(0));
     }
     Answer answer = firmware->execute(complete);
     if (answer.kind == Answer::Kind::silence || answer.kind == Answer::Kind::bare) {
-        return answer.text;
+        return answer;
     }
     if (auto reply = replies.find(complete); reply != replies.end()) {
-        return reply->second + std::string(successPrompt);
+        answer.text = reply->second + std::string(successPrompt);
+    } else if (answer.kind == Answer::Kind::success) {
+        answer.text += successPrompt;
+    } else {
+        answer.text = errorPrompt;
     }
-    return answer.kind == Answer::Kind::success ? answer.text + std::string(successPrompt)
-                                                : std::string(errorPrompt);
+    return answer;
 }
 
 void Board::lineOpened() {
@@ -102,6 +118,28 @@ void Board::refuseNext(std::string refused) {
 
 void Board::setReply(std::string replied, std::string text) {
     replies[withoutLineFeed(std::move(replied))] = std::move(text);
+}
+
+void Board::setFlowTime(std::chrono::milliseconds value) {
+    if (auto* taking = dynamic_cast<LoaderFirmware*>(firmware.get())) {
+        taking->setFlowTime(value);
+    }
+}
+
+void Board::stallAt(std::size_t lineNumber) {
+    if (auto* taking = dynamic_cast<LoaderFirmware*>(firmware.get())) {
+        taking->stallAt(lineNumber);
+    }
+}
+
+const LoaderFirmware* Board::loader() const {
+    return dynamic_cast<const LoaderFirmware*>(firmware.get());
+}
+
+void Board::reportPacket() {
+    if (auto* monitor = dynamic_cast<MonitorFirmware*>(firmware.get())) {
+        emit(monitor->nextPacket());
+    }
 }
 
 void Board::emit(std::string text) {

@@ -16,6 +16,8 @@
 
 namespace zor::sim {
 
+class LoaderFirmware;
+
 /// A LoadBoard in software, as the PC finds it at the end of a serial line. It has no clock, no device and no
 /// thread: an answer is transmitted from inside `receive`, at the moment a line's carriage return comes.
 class Board : public LineEnd {
@@ -30,6 +32,7 @@ class Board : public LineEnd {
     void receive(char byte) override;
     /// Leaves Data mode and forgets a half line, as a break does.
     void lineOpened() override;
+    void lineSpeedChanged(int baud) override { firmware->lineSpeedChanged(baud); }
     void breakReceived() override;
 
     /// Every complete command line as it came, without its carriage return, before it is answered. Not called
@@ -58,6 +61,12 @@ class Board : public LineEnd {
     /// A packet of these bytes comes from the air: an armed board reports it whole and is then disarmed, any
     /// other loses it. The report of a mute board waits for "F15".
     void hearPacket(std::string_view packet);
+    /// The loader takes so long for each of its two flow-control characters. Nothing on another board.
+    void setFlowTime(std::chrono::milliseconds value);
+    /// The loader falls silent at this line of a download, 1 the first; 0 for none. Nothing on another board.
+    void stallAt(std::size_t lineNumber);
+    /// The packet monitor prints its next packet. Nothing on another board.
+    void reportPacket();
     /// Fixes what the converter reads in each range, 0 to 1023, over what the load model says.
     void setCurrentCounts(int high, int low) { hardware.setCurrentCounts(high, low); }
 
@@ -69,6 +78,8 @@ class Board : public LineEnd {
     [[nodiscard]] OutputState output(std::size_t number) const { return hardware.output(number); }
     [[nodiscard]] DataSelector dataSelector() const { return hardware.dataSelector; }
     [[nodiscard]] Modulation modulation() const { return hardware.modulation; }
+    /// What the loader was given; nullptr on another board.
+    [[nodiscard]] const LoaderFirmware* loader() const;
     [[nodiscard]] RadioChip& radio() { return hardware.radio(); }
     [[nodiscard]] const RadioChip& radio() const { return hardware.radio(); }
     /// The circuits themselves, for putting another chip on the bus.
@@ -76,7 +87,7 @@ class Board : public LineEnd {
 
   private:
     void completeLine();
-    [[nodiscard]] std::string answerTo(const std::string& complete, bool whole);
+    [[nodiscard]] Answer answerTo(const std::string& complete, bool whole);
     void say(std::string bytes, std::chrono::milliseconds later);
 
     BoardKind boardKind;

@@ -41,6 +41,7 @@ class FaultyLine : public LineEnd {
 
     void receive(char byte) override { board.receive(byte); }
     void lineOpened() override { board.lineOpened(); }
+    void lineSpeedChanged(int baud) override { board.lineSpeedChanged(baud); }
     void breakReceived() override { board.breakReceived(); }
 
   private:

@@ -3,6 +3,7 @@
 
 #include "simulator/hardware.h"
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,12 +15,16 @@ struct Answer {
     enum class Kind { success, refusal, bare, silence };
     Kind kind = Kind::success;
     /// Success: the value in front of the prompt. Bare: the bytes as they are, without a prompt.
-    std::string text;
+    std::string text = {};
+    /// Bare: how long each byte takes before it is said.
+    std::chrono::milliseconds pace{0};
 
-    static Answer success(std::string value = {}) { return {Kind::success, std::move(value)}; }
-    static Answer refusal() { return {Kind::refusal, {}}; }
-    static Answer bare(std::string bytes) { return {Kind::bare, std::move(bytes)}; }
-    static Answer silence() { return {Kind::silence, {}}; }
+    static Answer success(std::string value = {}) { return {.text = std::move(value)}; }
+    static Answer refusal() { return {.kind = Kind::refusal}; }
+    static Answer paced(std::string bytes, std::chrono::milliseconds pace) {
+        return {.kind = Kind::bare, .text = std::move(bytes), .pace = pace};
+    }
+    static Answer silence() { return {.kind = Kind::silence}; }
 };
 
 /// The program in a board's controller: takes complete lines, drives the hardware.
@@ -38,6 +43,8 @@ class Firmware {
     virtual void reportUnheard(std::string_view) {}
     /// A break of the serial line.
     virtual void interrupted() {}
+    /// The PC's side of the line goes at this speed from now on.
+    virtual void lineSpeedChanged(int /*baud*/) {}
 };
 
 /// @param hardware  must outlive the firmware

@@ -26,6 +26,8 @@ class LineEnd {
     virtual void receive(char byte) = 0;
     /// The PC opened its port again.
     virtual void lineOpened() = 0;
+    /// The PC's side of the line goes at this speed from now on, in bits a second.
+    virtual void lineSpeedChanged(int baud) = 0;
     /// The line was held low for longer than a character.
     virtual void breakReceived() = 0;
 

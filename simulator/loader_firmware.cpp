@@ -2,7 +2,9 @@
 #include "simulator/loader_firmware.h"
 
 #include "simulator/loadboard_firmware.h"
-#include "support/numbers.h"
+#include "simulator/monitor_firmware.h"
+
+#include <algorithm>
 
 namespace zor::sim {
 
@@ -10,71 +12,64 @@ namespace {
 
 constexpr char xoff = '\x13';
 constexpr char xon = '\x11';
+/// The line's speed before and after a download.
+constexpr int commandSpeed = 19200;
 
-/// A record is ":", its length, two bytes of address, its type, the data and a sum that makes all bytes add
-/// up to 0.
-struct Record {
-    bool valid = false;
-    std::uint8_t type = 0;
-};
-
-constexpr std::uint8_t endRecord = 1;
-
-Record readRecord(std::string_view text) {
-    if (!text.starts_with(':') || text.size() < 11 || text.size() % 2 == 0) {
-        return {};
-    }
-    text.remove_prefix(1);
-    std::uint8_t sum = 0;
-    for (std::size_t at = 0; at < text.size(); at += 2) {
-        auto byte = readHex(text.substr(at, 2));
-        if (!byte) {
-            return {};
-        }
-        sum = static_cast<std::uint8_t>(sum + *byte);
-    }
-    auto length = readHex(text.substr(0, 2));
-    return {.valid = sum == 0 && text.size() / 2 == *length + 5u,
-            .type = static_cast<std::uint8_t>(*readHex(text.substr(6, 2)))};
+bool isSpeedCommand(std::string_view line) {
+    return line == "C192" || line == "C384" || line == "C576";
 }
 
 } // namespace
 
 Answer LoaderFirmware::execute(std::string_view line) {
     if (downloading) {
-        return takeRecord(line);
+        return takeLine(line);
     }
     if (line == "i") {
         return Answer::success(bannerText(BoardKind::Loader));
     }
     if (line == "C") {
         downloading = true;
-        recordCount = 0;
+        stalled = false;
+        ended = false;
+        lines = 0;
+        downloaded.clear();
         return Answer::silence();
     }
-    bool known = line.empty() || line == "C192" || line == "C384" || line == "C576";
-    return known ? Answer::success() : Answer::refusal();
+    return line.empty() || isSpeedCommand(line) ? Answer::success() : Answer::refusal();
 }
 
-Answer LoaderFirmware::takeRecord(std::string_view line) {
-    // The first line of an image begins with the load command's letter.
-    if (recordCount == 0 && line.starts_with('L')) {
-        line.remove_prefix(1);
-    }
-    Record record = readRecord(line);
-    if (!record.valid) {
+void LoaderFirmware::lineSpeedChanged(int baud) {
+    // A download goes at 57600 baud; back at the speed of commands, the PC has ended it.
+    downloading = downloading && baud != commandSpeed;
+}
+
+Answer LoaderFirmware::takeLine(std::string_view line) {
+    if (isSpeedCommand(line)) {
         return Answer::silence();
     }
-    ++recordCount;
-    downloading = record.type != endRecord;
-    return Answer::bare({xoff, xon});
+    stalled = stalled || ++lines == stallLine;
+    if (stalled) {
+        return Answer::silence();
+    }
+    // What stands in front of the colon is passed over: the "L" of an image's first line. A line without a
+    // colon holds no record and has nothing to write.
+    std::size_t colon = line.find(':');
+    if (colon == std::string_view::npos) {
+        return flow();
+    }
+    HexRecord record = readRecord(line.substr(colon));
+    if (record.fault != RecordFault::none) {
+        return Answer::silence();
+    }
+    downloaded.take(record);
+    ended = record.type == RecordType::end;
+    downloading = !ended;
+    return flow();
 }
 
-Answer MonitorFirmware::execute(std::string_view line) {
-    if (line == "i") {
-        return Answer::success(bannerText(BoardKind::Monitor));
-    }
-    return line.empty() ? Answer::success() : Answer::refusal();
+Answer LoaderFirmware::flow() const {
+    return Answer::paced({xoff, xon}, flowTime);
 }
 
 std::unique_ptr<Firmware> makeFirmware(BoardKind kind, Hardware& hardware) {

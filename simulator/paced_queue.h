@@ -22,6 +22,9 @@ class PacedQueue {
     explicit PacedQueue(std::chrono::nanoseconds character)
         : characterTime(character) {}
 
+    /// Characters that are not through go at the new speed.
+    void setCharacterTime(std::chrono::nanoseconds character) { characterTime = character; }
+
     /// @param notBefore  the first start bit leaves no sooner
     void push(std::string bytes, TimePoint notBefore);
     /// The characters that are through by now.

@@ -84,6 +84,12 @@ constexpr Option options[] = {
      [](Options& o, const std::string& v) { addSetup(o, "current", v); }},
     {"--eeprom", "FILE", "a serial EEPROM in place of the radio chip; FILE keeps its 1024 bytes",
      [](Options& o, const std::string& v) { o.eepromFile = v; }},
+    {"--packets", "RATE", "a monitor prints so many packets a second, 0.01 to 1000, once nobody asks it anything",
+     [](Options& o, const std::string& v) { o.packetsPerSecond = readNumber(v, 0.01, 1000.0); }},
+    {"--slow", "MS", "a loader takes so long for each of its two flow-control characters",
+     [](Options& o, const std::string& v) { addSetup(o, "slow", v); }},
+    {"--stall", "N", "fault: a loader falls silent at line N of a download",
+     [](Options& o, const std::string& v) { addSetup(o, "stall", v); }},
     {"--delay", "MS", "fault: every answer comes so much later",
      [](Options& o, const std::string& v) { o.faults.delay = milliseconds(readNumber(v, 0, 3'600'000)); }},
     {"--mute-after", "N", "fault: nothing is said after N answers",
@@ -127,7 +133,7 @@ Kinds of boards:
   lb1       LoadBoard generation 1: no data selector, no current converter
   lb2       LoadBoard generation 2
   loader    the loader firmware: banner, speed commands, download by XOFF and XON
-  monitor   the packet monitor: banner only
+  monitor   the packet monitor: its banner, and packets if --packets asks for them
   silent    opens and never says a word
 
 The wire: a command is a line ended by a carriage return. It is answered with LF CR "OK" LF CR ">", or with
@@ -149,6 +155,8 @@ Examples:
   loadboard-sim --status 5F,A0 --irq low         status bytes 5F and A0, interrupt pending
   loadboard-sim --delay 1500                     a board too slow for the PC's patience of 1.2 s
   loadboard-sim --noise 0.02 --seed 7            a bad cable, bad in the same way each time
+  loadboard-sim --kind monitor --packets 20      a packet monitor with much to say
+  loadboard-sim --kind loader --slow 20          a loader that takes 40 ms for each line
   loadboard-sim --link /tmp/board --control      a fixed name, and statements typed in by hand
 
 Exit status: 0 when ended by a signal, "quit" or the end of standard input; 1 when the terminal cannot be made;

@@ -17,6 +17,8 @@ struct Options {
     std::vector<std::string> setup;
     FaultPlan faults;
     bool paced = true;
+    /// What a packet monitor prints; 0 for nothing.
+    double packetsPerSecond = 0;
     bool trace = false;
     bool control = false;
     bool exitWithStdin = false;

@@ -12,6 +12,7 @@
 #include <system_error>
 #include <termios.h>
 #include <unistd.h>
+#include <utility>
 
 namespace zor::sim {
 
@@ -109,6 +110,21 @@ std::string PseudoTerminal::read() {
     std::array<char, 4096> buffer{};
     ssize_t got = ::read(master, buffer.data(), buffer.size());
     return got > 0 ? std::string(buffer.data(), static_cast<std::size_t>(got)) : std::string();
+}
+
+std::optional<int> PseudoTerminal::speed() const {
+    constexpr std::pair<speed_t, int> speeds[] = {
+        {B9600, 9600}, {B19200, 19200}, {B38400, 38400}, {B57600, 57600}, {B115200, 115200}};
+    termios settings{};
+    if (::tcgetattr(master, &settings) != 0) {
+        return std::nullopt;
+    }
+    for (auto [code, baud] : speeds) {
+        if (::cfgetospeed(&settings) == code) {
+            return baud;
+        }
+    }
+    return std::nullopt;
 }
 
 void PseudoTerminal::write(std::string_view bytes) {

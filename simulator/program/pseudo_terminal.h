@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,8 @@ class PseudoTerminal {
     ClientEvent takeEvent();
     /// What the client wrote, at most 4096 bytes; empty if there is nothing.
     std::string read();
+    /// The speed that the client set, in bits a second; nothing if it is none of the usual ones.
+    [[nodiscard]] std::optional<int> speed() const;
     /// To the client. What it has no room for is lost, as on a real line without flow control.
     void write(std::string_view bytes);
 

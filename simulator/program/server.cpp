@@ -32,8 +32,16 @@ constexpr std::size_t longestStatement = 65536;
 /// in time for that one and watches the clock.
 constexpr std::chrono::microseconds wakeUpTime{150};
 
-std::chrono::nanoseconds characterTime(bool paced) {
-    return paced ? PacedQueue::characterAt19200 : std::chrono::nanoseconds{0};
+/// A monitor prints no packet so soon after a command: a search must see its prompt.
+constexpr std::chrono::seconds quietTime{2};
+
+/// What waits on its way to the PC when a packet is due is heard before it; a line that is full loses
+/// packets.
+constexpr std::size_t fullLine = 128;
+
+/// A character of 8N1 has ten bits.
+std::chrono::nanoseconds characterTime(bool paced, int baud = 19200) {
+    return std::chrono::nanoseconds{paced ? 10'000'000'000LL / baud : 0};
 }
 
 PacedQueue::TimePoint now() {
@@ -64,6 +72,9 @@ Server::Server(const Options& chosen)
     };
     board.lineReceived = [this](const std::string& text) {
         trace("<", quotedBytes(text), lineMeaning(text, board.radio().chip()));
+        if (options.packetsPerSecond > 0) {
+            packetTime = boardTime + quietTime;
+        }
     };
     makeLink();
 }
@@ -123,6 +134,7 @@ void Server::run(int signals) {
     ::prctl(PR_SET_TIMERSLACK, 1000UL, 0UL, 0UL, 0UL);
     while (running) {
         sleep(signals);
+        reportPacket();
         moveCharacters();
     }
 }
@@ -140,6 +152,9 @@ void Server::sleep(int signals) {
     if (auto next = toPc.next()) {
         TimePoint ready = toPc.size() == 1 ? *next - wakeUpTime : *next;
         wake = wake ? std::min(*wake, ready) : ready;
+    }
+    if (packetTime != TimePoint::max()) {
+        wake = wake ? std::min(*wake, packetTime) : packetTime;
     }
     timespec timeout{};
     if (wake) {
@@ -192,7 +207,36 @@ void Server::handleClient() {
 }
 
 void Server::readTerminal() {
+    followSpeed();
     fromPc.push(terminal.read(), now());
+}
+
+/// A client sets the speed behind its opening, so it is looked at with the first characters that come at it.
+void Server::followSpeed() {
+    std::optional<int> speed = terminal.speed();
+    if (!speed || *speed == lineSpeed) {
+        return;
+    }
+    lineSpeed = *speed;
+    trace("-", std::to_string(lineSpeed) + " baud", {});
+    fromPc.setCharacterTime(characterTime(options.paced, lineSpeed));
+    toPc.setCharacterTime(characterTime(options.paced, lineSpeed));
+    line.lineSpeedChanged(lineSpeed);
+}
+
+void Server::reportPacket() {
+    TimePoint moment = now();
+    if (moment < packetTime) {
+        return;
+    }
+    auto interval = std::chrono::duration_cast<TimePoint::duration>(
+        std::chrono::duration<double>(1 / options.packetsPerSecond));
+    // A program that was held up goes on from here instead of making up for it all at once.
+    packetTime = std::max(packetTime + interval, moment - interval);
+    if (terminal.hasClient() && toPc.size() < fullLine) {
+        boardTime = moment;
+        board.reportPacket();
+    }
 }
 
 void Server::moveCharacters() {

@@ -39,6 +39,8 @@ class Server {
     void handleClient();
     void moveCharacters();
     void readTerminal();
+    void followSpeed();
+    void reportPacket();
     void readControl();
     void executeControl(std::string_view statement);
     void trace(std::string_view direction, std::string_view text, std::string_view meaning);
@@ -52,6 +54,9 @@ class Server {
     TimePoint started;
     /// The moment in which the board acts: that of the character it hears.
     TimePoint boardTime;
+    /// When the monitor's next packet is due; the end of time if it prints none.
+    TimePoint packetTime = TimePoint::max();
+    int lineSpeed = 19200;
     std::string controlText;
     bool controlOpen;
     bool linked = false;

@@ -47,8 +47,12 @@ QString DemoBoard::start(const QStringList& arguments) {
     return QString::fromLocal8Bit(line.trimmed());
 }
 
+void DemoBoard::tell(const QString& statement) {
+    process.write(statement.toLocal8Bit() + '\n');
+}
+
 void DemoBoard::mount(const QString& chip) {
-    process.write("chip " + chip.toLatin1() + "\n");
+    tell(QStringLiteral("chip ") + chip);
 }
 
 void DemoBoard::stop() {

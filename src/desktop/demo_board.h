@@ -19,6 +19,8 @@ class DemoBoard {
     /// @return the terminal's path; empty if it cannot be started
     [[nodiscard]] QString start(const QStringList& arguments = {QStringLiteral("--kind"),
                                                                 QStringLiteral("lb2")});
+    /// Gives it a statement of the bench ("status 5F").
+    void tell(const QString& statement);
     /// Mounts the radio chip of that name ("kt1100"), as an engineer does before opening its panel.
     void mount(const QString& chip);
     /// Pulls the board out at once.

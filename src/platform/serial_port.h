@@ -67,6 +67,11 @@ class SerialPort {
 
     [[nodiscard]] virtual bool isOpen() const = 0;
 
+    /// Changes speed, parity, data bits and stop bits of an open port; what was written before still goes out
+    /// as it was. A closed port, and one whose device has gone, takes no notice.
+    /// @param format  as in LineSettings
+    virtual void setFormat(const std::string& format) = 0;
+
     /// Hands all bytes to the line in one operation. Throws ToolError portNotOpen if closed,
     /// deviceInputOutput if the system refuses. What is written to a device that has gone is lost without an
     /// error.

@@ -29,6 +29,7 @@ class NoPorts : public SerialPorts {
         void open(int, const LineSettings&) override { throw ToolError(invalidPort); }
         void close() override {}
         [[nodiscard]] bool isOpen() const override { return false; }
+        void setFormat(const std::string&) override {}
         void write(std::string_view) override { throw ToolError(portNotOpen); }
     };
 };

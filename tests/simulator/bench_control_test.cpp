@@ -3,9 +3,12 @@
 
 #include "simulator/bench.h"
 #include "simulator/trace_text.h"
+#include "support/record_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace zor::sim {
 
@@ -57,6 +60,26 @@ TEST(BenchControl, BytesFromTheAirReachAReceivingChip) {
     EXPECT_EQ(bench.board.radio().fifoFill(), 3u);
 }
 
+TEST(BenchControl, SetsWhatALoaderDoesAndKeepsWhatItWasGiven) {
+    Bench bench(BoardKind::Loader);
+    EXPECT_EQ(say(bench, "slow 20"), ControlOutcome::done);
+    EXPECT_EQ(say(bench, "stall 2"), ControlOutcome::done);
+    bench.ask("C");
+    bench.delays.clear();
+    EXPECT_EQ(bench.ask("L:0300300002337A1E"), "\x13\x11");
+    EXPECT_THAT(bench.delays, testing::ElementsAre(20, 40));
+    EXPECT_EQ(bench.ask(":0300300002337A1E"), "");
+    std::string path = testing::TempDir() + "zor_image_test.txt";
+    EXPECT_EQ(say(bench, "image " + path), ControlOutcome::done);
+    EXPECT_EQ(readFile(path), "000030: 02 33 7A\n");
+    std::filesystem::remove(path);
+    EXPECT_EQ(say(bench, "image /no such folder/image"), ControlOutcome::failed);
+    EXPECT_EQ(say(bench, "image"), ControlOutcome::failed);
+    Bench other;
+    EXPECT_EQ(say(other, "image " + path), ControlOutcome::failed);
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
 TEST(BenchControl, RefusesWhatItCannotReadAndChangesNothing) {
     Bench bench;
     bench.board.setStatus(0x12, 0x34);
@@ -64,7 +87,8 @@ TEST(BenchControl, RefusesWhatItCannotReadAndChangesNothing) {
          {"status", "status 123", "status 1 2 3",   "status 5F zz", "irq",       "irq up",
           "data 2", "mute now",   "unmute now",     "delay",        "delay -1",  "delay 5x",
           "emit",   "current 1",  "current 1 1024", "offset",       "offset 33", "offset --1",
-          "air",    "air 100",    "air 1 x",        "chip kt9",     "nothing",   "Status 5F"}) {
+          "air",    "air 100",    "air 1 x",        "chip kt9",     "nothing",   "Status 5F",
+          "slow",   "slow x",     "stall",          "stall -1"}) {
         EXPECT_EQ(say(bench, statement), ControlOutcome::failed) << statement;
     }
     EXPECT_EQ(bench.ask("S20000"), "1234 \n\rOK\n\r>");

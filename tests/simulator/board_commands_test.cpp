@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/bench.h"
+#include "simulator/loader_firmware.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -288,12 +289,85 @@ TEST(Loader, AcknowledgesEachRecordByXoffAndXonUntilTheLast) {
 }
 
 TEST(Loader, DoesNotAcknowledgeABadRecord) {
-    for (const char* record : {":0300300002337A1F", "0300300002337A1E", ":0300300002337A1",
-                               ":0400300002337A1E", ":03x0300002337A1E"}) {
+    for (const char* record : {":0300300002337A1F", ":0300300002337A1", ":0400300002337A1E",
+                               ":03x0300002337A1E", "L:0300300002337A1F", ":00000006FA"}) {
         Bench bench(BoardKind::Loader);
         bench.ask("C");
         EXPECT_EQ(bench.ask(record), "") << record;
+        EXPECT_TRUE(bench.board.loader()->image().bytes().empty()) << record;
     }
+}
+
+TEST(Loader, PassesOverWhatHoldsNoRecord) {
+    Bench bench(BoardKind::Loader);
+    bench.ask("C");
+    EXPECT_EQ(bench.ask("L"), "\x13\x11");
+    EXPECT_EQ(bench.ask(""), "\x13\x11");
+    EXPECT_EQ(bench.ask("0300300002337A1E"), "\x13\x11");
+    EXPECT_TRUE(bench.board.loader()->image().bytes().empty());
+    EXPECT_EQ(bench.ask("anything :0300300002337A1E"), "\x13\x11");
+    EXPECT_EQ(bench.board.loader()->image().bytes().size(), 3u);
+    EXPECT_EQ(bench.board.loader()->lineCount(), 4u);
+    EXPECT_FALSE(bench.board.loader()->complete());
+}
+
+TEST(Loader, KeepsWhatItWasGivenUntilTheNextDownload) {
+    Bench bench(BoardKind::Loader);
+    bench.ask("C");
+    bench.ask("L:0300300002337A1E");
+    bench.ask(":00000001FF");
+    EXPECT_TRUE(bench.board.loader()->complete());
+    EXPECT_EQ(imageText(bench.board.loader()->image()), "000030: 02 33 7A\n");
+    bench.ask("C");
+    EXPECT_TRUE(bench.board.loader()->image().bytes().empty());
+    EXPECT_FALSE(bench.board.loader()->complete());
+}
+
+TEST(Loader, TakesItsTimeForEachFlowControlCharacter) {
+    Bench bench(BoardKind::Loader);
+    bench.board.setFlowTime(std::chrono::milliseconds(40));
+    bench.board.setDelay(std::chrono::milliseconds(5));
+    bench.ask("C");
+    bench.delays.clear();
+    EXPECT_EQ(bench.ask("L:0300300002337A1E"), "\x13\x11");
+    EXPECT_THAT(bench.delays, testing::ElementsAre(45, 85));
+}
+
+TEST(Loader, FallsSilentAtALineUntilTheNextDownload) {
+    Bench bench(BoardKind::Loader);
+    bench.board.stallAt(2);
+    bench.ask("C");
+    EXPECT_EQ(bench.ask("L:0300300002337A1E"), "\x13\x11");
+    EXPECT_EQ(bench.ask(":0300300002337A1E"), "");
+    EXPECT_EQ(bench.ask(":0300300002337A1E"), "");
+    bench.board.stallAt(0);
+    EXPECT_EQ(bench.ask(":0300300002337A1E"), "");
+    bench.board.lineSpeedChanged(19200);
+    bench.ask("C");
+    EXPECT_EQ(bench.ask("L:0300300002337A1E"), "\x13\x11");
+    EXPECT_EQ(bench.ask(":0300300002337A1E"), "\x13\x11");
+}
+
+TEST(Loader, ALineAtTheSpeedOfCommandsEndsADownload) {
+    Bench bench(BoardKind::Loader);
+    bench.ask("C");
+    bench.board.lineSpeedChanged(57600);
+    EXPECT_EQ(bench.ask("C384"), "");
+    EXPECT_EQ(bench.ask("L:0300300002337A1E"), "\x13\x11");
+    bench.board.lineSpeedChanged(19200);
+    EXPECT_EQ(bench.ask(""), good);
+    EXPECT_EQ(bench.ask(":0300300002337A1E"), refused);
+    EXPECT_EQ(bench.board.loader()->image().bytes().size(), 3u);
+}
+
+TEST(Loader, OtherBoardsHaveNone) {
+    Bench bench;
+    EXPECT_EQ(bench.board.loader(), nullptr);
+    bench.board.stallAt(1);
+    bench.board.setFlowTime(std::chrono::milliseconds(1));
+    bench.board.reportPacket();
+    EXPECT_EQ(bench.said, "");
+    EXPECT_EQ(bench.ask("Z3"), good);
 }
 
 TEST(Loader, ABreakEndsADownload) {
@@ -307,6 +381,23 @@ TEST(Monitor, KnowsOnlyItsBanner) {
     Bench bench(BoardKind::Monitor);
     EXPECT_EQ(bench.ask("Z3"), refused);
     EXPECT_EQ(bench.ask(""), good);
+}
+
+TEST(Monitor, PrintsPacketAfterPacketTheSameOnesEachTime) {
+    Bench bench(BoardKind::Monitor);
+    bench.board.reportPacket();
+    std::string first = bench.said;
+    EXPECT_TRUE(first.starts_with("00001 CID ")) << first;
+    EXPECT_TRUE(first.ends_with("\n\r")) << first;
+    for (int packet = 2; packet <= 300; ++packet) {
+        bench.said.clear();
+        bench.board.reportPacket();
+        EXPECT_LE(bench.said.size(), 80u);
+    }
+    EXPECT_TRUE(bench.said.starts_with("00300 CID ")) << bench.said;
+    Bench again(BoardKind::Monitor);
+    again.board.reportPacket();
+    EXPECT_EQ(again.said, first);
 }
 
 TEST(SilentPort, NeverAnswers) {

@@ -53,6 +53,12 @@ TEST(SimulatorOptions, ReadsEveryOption) {
                                     "3",
                                     "--refuse",
                                     "F1,13,10",
+                                    "--packets",
+                                    "2.5",
+                                    "--slow",
+                                    "30",
+                                    "--stall",
+                                    "4",
                                     "--noise",
                                     "0.25",
                                     "--refusal-rate",
@@ -69,8 +75,10 @@ TEST(SimulatorOptions, ReadsEveryOption) {
                                     "--help"});
     EXPECT_EQ(options.kind, BoardKind::LoadBoard1);
     EXPECT_FALSE(options.paced);
-    EXPECT_THAT(options.setup, testing::ElementsAre("chip kt3100", "status 5F A0", "irq low",
-                                                    "current 100 200", "refuse F1,13,10"));
+    EXPECT_THAT(options.setup,
+                testing::ElementsAre("chip kt3100", "status 5F A0", "irq low", "current 100 200",
+                                     "refuse F1,13,10", "slow 30", "stall 4"));
+    EXPECT_EQ(options.packetsPerSecond, 2.5);
     EXPECT_EQ(options.faults.delay, std::chrono::milliseconds(40));
     EXPECT_EQ(options.faults.muteAfter, 3u);
     EXPECT_EQ(options.faults.noiseRate, 0.25);
@@ -90,32 +98,19 @@ TEST(SimulatorOptions, NamesTheOptionThatIsWrong) {
     EXPECT_EQ(complaint({"--delay", "-1"}), "--delay: \"-1\" is no number in range");
     EXPECT_EQ(complaint({"--seed", "12x"}), "--seed: \"12x\" is no number in range");
     EXPECT_EQ(complaint({"--status", "5G"}), "--status: \"5G\" cannot be read");
+    EXPECT_EQ(complaint({"--packets", "0"}), "--packets: \"0\" is no number in range");
+    EXPECT_EQ(complaint({"--stall", "x"}), "--stall: \"x\" cannot be read");
     EXPECT_EQ(complaint({"--pace", "fast"}), "--pace: \"fast\" is no pace");
 }
 
 TEST(SimulatorOptions, HelpNamesEveryOptionAndStatement) {
     std::string help = helpText();
-    for (const char* word : {"--kind KIND",
-                             "--chip NAME",
-                             "--pace PACE",
-                             "--status XX[,YY]",
-                             "--irq LEVEL",
-                             "--current HIGH,LOW",
-                             "--delay MS",
-                             "--mute-after N",
-                             "--refuse LINE",
-                             "--refusal-rate RATE",
-                             "--noise RATE",
-                             "--split N",
-                             "--seed N",
-                             "--link PATH",
-                             "--trace",
-                             "--control",
-                             "--exit-with-stdin",
-                             "--help",
-                             "Examples:",
-                             "status XX [YY]",
-                             "quit"}) {
+    for (const char* word :
+         {"--kind KIND",        "--chip NAME", "--pace PACE",    "--status XX[,YY]", "--irq LEVEL",
+          "--current HIGH,LOW", "--delay MS",  "--mute-after N", "--refuse LINE",    "--refusal-rate RATE",
+          "--packets RATE",     "--slow MS",   "--stall N",      "image PATH",       "--noise RATE",
+          "--split N",          "--seed N",    "--link PATH",    "--trace",          "--control",
+          "--exit-with-stdin",  "--help",      "Examples:",      "status XX [YY]",   "quit"}) {
         EXPECT_NE(help.find(word), std::string::npos) << word;
     }
 }

@@ -25,6 +25,16 @@ TEST(PacedQueue, ACharacterIsThroughAfterTenBits) {
     EXPECT_EQ(queue.take(after(1563)), "c");
 }
 
+TEST(PacedQueue, ACharacterThatIsNotThroughGoesAtTheNewSpeed) {
+    PacedQueue queue(PacedQueue::characterAt19200);
+    queue.push("abc", after(0));
+    EXPECT_EQ(queue.take(after(521)), "a");
+    queue.setCharacterTime(std::chrono::nanoseconds(173'611));
+    EXPECT_EQ(queue.take(after(694)), "");
+    EXPECT_EQ(queue.take(after(695)), "b");
+    EXPECT_EQ(queue.take(after(869)), "c");
+}
+
 TEST(PacedQueue, SevenCharactersOfAPromptTake3646Microseconds) {
     PacedQueue queue(PacedQueue::characterAt19200);
     queue.push("\n\rOK\n\r>", after(0));

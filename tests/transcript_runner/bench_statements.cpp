@@ -71,6 +71,22 @@ void eeprom(VirtualSeat& seat, const Arguments& a) {
     }
 }
 
+void expectLoader(VirtualSeat& seat) {
+    if (seat.board().loader() == nullptr) {
+        throw Failure("the board on port " + std::to_string(seat.number()) + " is no loader");
+    }
+}
+
+void slow(VirtualSeat& seat, const Arguments& a) {
+    expectLoader(seat);
+    seat.board().setFlowTime(a.milliseconds(2));
+}
+
+void stall(VirtualSeat& seat, const Arguments& a) {
+    expectLoader(seat);
+    seat.board().stallAt(static_cast<std::size_t>(a.integer(2, 0, highestPort)));
+}
+
 // clang-format off
 constexpr BoardRow boardRows[] = {
     {"status",  1, 2, status},
@@ -84,6 +100,8 @@ constexpr BoardRow boardRows[] = {
     {"emit",    1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.board().emit(a.text(2)); }},
     {"packet",  1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.board().hearPacket(a.text(2)); }},
     {"fault",   1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.fault(a.integer(2, 1, 9999)); }},
+    {"slow",    1, 1, slow},
+    {"stall",   1, 1, stall},
     {"unplug",  0, 0, [](VirtualSeat& seat, const Arguments&) { seat.unplug(); }},
     {"plug",    0, 0, [](VirtualSeat& seat, const Arguments&) { seat.plug(); }},
     {"eeprom",  0, 2, eeprom},

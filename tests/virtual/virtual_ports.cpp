@@ -47,6 +47,14 @@ void VirtualSeat::unplug() {
     }
 }
 
+void VirtualSeat::setFormat(const std::string& format) {
+    lineFormat = format;
+    int baud = std::atoi(format.c_str());
+    toBoard.setSpeed(baud);
+    toPort.setSpeed(baud);
+    sittingBoard->lineSpeedChanged(baud);
+}
+
 void VirtualSeat::fault(int code) {
     if (holder != nullptr && holder->eventRaised) {
         loop.perform([this, code] { holder->eventRaised(code); });
@@ -146,11 +154,15 @@ void VirtualSerialPort::open(int number, const LineSettings& settings) {
     seat = there;
     seat->holder = this;
     opened = true;
-    int baud = std::atoi(settings.format.c_str());
-    seat->toBoard.setSpeed(baud);
-    seat->toPort.setSpeed(baud);
+    seat->setFormat(settings.format);
     seat->board().lineOpened();
     gone.stop();
+}
+
+void VirtualSerialPort::setFormat(const std::string& format) {
+    if (seat != nullptr) {
+        seat->setFormat(format);
+    }
 }
 
 void VirtualSerialPort::close() {

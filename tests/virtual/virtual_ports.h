@@ -42,12 +42,15 @@ class VirtualSeat {
     /// Reports a line error on the port that is open here, if one is.
     void fault(int code);
 
+    /// How the line was set up last, on this port: "19200,N,8,1"; empty before the first opening.
+    [[nodiscard]] const std::string& format() const { return lineFormat; }
     /// A serial port of this program is open on it.
     [[nodiscard]] bool heldByPort() const { return holder != nullptr; }
 
   private:
     friend class VirtualSerialPort;
     void fromBoard(char byte);
+    void setFormat(const std::string& format);
 
     EventLoop& loop;
     int portNumber;
@@ -57,6 +60,7 @@ class VirtualSeat {
     VirtualSerialPort* holder = nullptr;
     PacedLine toBoard;
     PacedLine toPort;
+    std::string lineFormat;
     bool isPlugged = true;
 };
 
@@ -106,6 +110,7 @@ class VirtualSerialPort : public SerialPort {
     void open(int number, const LineSettings& settings) override;
     void close() override;
     [[nodiscard]] bool isOpen() const override { return opened; }
+    void setFormat(const std::string& format) override;
     void write(std::string_view bytes) override;
 
   private:

@@ -176,6 +176,18 @@ void QtSerialPort::close() {
     }
 }
 
+void QtSerialPort::setFormat(const std::string& format) {
+    if (!isOpen() || gone) {
+        return;
+    }
+    Format changed = parseFormat(format);
+    waitUntilSent();
+    port.setBaudRate(changed.baud);
+    port.setParity(changed.parity);
+    port.setDataBits(changed.dataBits);
+    port.setStopBits(changed.stopBits);
+}
+
 /// Closing puts the line back to its former speed, which would spoil what is still on its way out.
 void QtSerialPort::waitUntilSent() {
     port.flush();

@@ -21,6 +21,7 @@ class QtSerialPort : public SerialPort {
 
     void open(int number, const LineSettings& settings) override;
     void close() override;
+    void setFormat(const std::string& format) override;
     [[nodiscard]] bool isOpen() const override { return !path.empty(); }
     void write(std::string_view bytes) override;
 
