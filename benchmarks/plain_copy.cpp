@@ -7,6 +7,8 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
@@ -47,6 +49,17 @@ QWidget* plainWidget(const QWidget& original) {
     }
     if (const auto* button = qobject_cast<const QPushButton*>(&original)) {
         return new QPushButton(button->text());
+    }
+    if (const auto* text = qobject_cast<const QPlainTextEdit*>(&original)) {
+        auto* copy = new QPlainTextEdit(text->toPlainText());
+        copy->setReadOnly(text->isReadOnly());
+        copy->setFont(text->font());
+        return copy;
+    }
+    if (const auto* bar = qobject_cast<const QProgressBar*>(&original)) {
+        auto* copy = new QProgressBar;
+        copy->setValue(bar->value());
+        return copy;
     }
     if (const auto* group = qobject_cast<const QGroupBox*>(&original)) {
         return new QGroupBox(group->title());
