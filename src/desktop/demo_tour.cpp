@@ -49,6 +49,9 @@ void DemoTour::play() {
     visitTerminal();
     main.perform([this] { main.bench().tools.open(Tool::frm_PowerSupply); });
     visitForm(*main.bench().tools.find(Tool::frm_PowerSupply));
+    // Its entry is for those who have a board with the loader.
+    main.perform([this] { main.bench().tools.open(Tool::FirmLoad); });
+    visitForm(*main.bench().tools.find(Tool::FirmLoad));
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }

@@ -171,9 +171,26 @@ void Connect::closeOnPurpose() {
     portClosed.emit();
 }
 
-void Connect::reopen(const LineSettings& settings) {
-    MSComm2->close();
-    open(workingNumber, settings);
+bool Connect::reopen(const LineSettings& settings) {
+    workingSettings = settings;
+    try {
+        MSComm2->close();
+        MSComm2->open(workingNumber, settings);
+    } catch (const ToolError& error) {
+        if (meansGone(error)) {
+            loseBoard();
+        } else {
+            endWaits(Ending::Lost);
+            portClosed.emit();
+            troubled.emit({PortTrouble::Kind::ClosingFailed, error});
+        }
+    }
+    return isOpen();
+}
+
+void Connect::setFormat(const std::string& format) {
+    workingSettings.format = format;
+    MSComm2->setFormat(format);
 }
 
 void Connect::endWaits(Ending ending) {
@@ -310,20 +327,8 @@ void Connect::lineEvent(int code) {
     default:
         return;
     }
-    if (!MSComm2->isOpen()) {
-        return;
-    }
-    try {
-        MSComm2->close();
-        MSComm2->open(workingNumber, workingSettings);
-    } catch (const ToolError& error) {
-        if (meansGone(error)) {
-            loseBoard();
-        } else {
-            endWaits(Ending::Lost);
-            portClosed.emit();
-            troubled.emit({PortTrouble::Kind::ClosingFailed, error});
-        }
+    if (MSComm2->isOpen()) {
+        reopen(LineSettings(workingSettings));
     }
 }
 

@@ -52,8 +52,12 @@ class Connect {
     /// Closes the working port because the user wants it so: sends that wait end, and their actions with
     /// them. Throws ToolError; the port counts as closed all the same.
     void closeOnPurpose();
-    /// Closes the working port and opens it with other settings, which stay in force. Throws ToolError.
-    void reopen(const LineSettings& settings);
+    /// Closes the working port and opens it with other settings, which stay in force. A board that is not
+    /// there any more is lost; any other failure is told in a box. @return whether the port is open
+    bool reopen(const LineSettings& settings);
+    /// Changes speed and format of the port while it is open; they stay in force. Throws ToolError.
+    /// @param format  as in LineSettings
+    void setFormat(const std::string& format);
     [[nodiscard]] int portNumber() const { return workingNumber; }
     [[nodiscard]] const LineSettings& settings() const { return workingSettings; }
 

@@ -4,8 +4,11 @@
 #include "eeprom/ecet.h"
 #include "eeprom/frm_cmd_sequence.h"
 #include "shell/about.h"
+#include "utilities/firm_load.h"
+#include "utilities/mac_sniffer.h"
 #include "utilities/power_supply.h"
 #include "utilities/terminal.h"
+#include "utilities/tx_search.h"
 
 #include <algorithm>
 #include <cassert>
@@ -48,9 +51,9 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::SPI,                    "SPI",                    nullptr,                   &Menu::mnuSPI,                 nullptr},
         {Tool::SPIsub2,                "SPIsub2",                nullptr,                   nullptr,                       nullptr},
         {Tool::Frm_GenHeader,          "Frm_GenHeader",          nullptr,                   &Menu::mnuGenCHeader,          nullptr},
-        {Tool::FirmLoad,               "FirmLoad",               &Switch::FirmLoadOn,       &Menu::mnuload,                nullptr},
-        {Tool::frm_VireoMacSniffer,    "frm_VireoMacSniffer",    &Switch::VireoMacSnifferOn, &Menu::mnutoolsSniffer,       nullptr},
-        {Tool::frm_TxSearch,           "frm_TxSearch",           nullptr,                   &Menu::mnutoolsTxSearch,       nullptr},
+        {Tool::FirmLoad,               "FirmLoad",               &Switch::FirmLoadOn,       &Menu::mnuload,                make<FirmLoad>},
+        {Tool::frm_VireoMacSniffer,    "frm_VireoMacSniffer",    &Switch::VireoMacSnifferOn, &Menu::mnutoolsSniffer,       make<MacSniffer>},
+        {Tool::frm_TxSearch,           "frm_TxSearch",           nullptr,                   &Menu::mnutoolsTxSearch,       make<TxSearch>},
         {Tool::frm_WireLog,            "frm_WireLog",            nullptr,                   &Menu::mnutoolsWireLog,        nullptr},
     };
     // clang-format on

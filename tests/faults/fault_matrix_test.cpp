@@ -36,9 +36,9 @@ class FaultyBench : public VirtualBench {
         line = std::make_unique<sim::FaultyLine>(board(*this), plan);
         line->transmit = out;
     }
-    void mend() {
+    void mend(sim::BoardKind kind) {
         line.reset();
-        ports.place(port, sim::BoardKind::LoadBoard2);
+        ports.place(port, kind);
     }
 
   private:
@@ -145,9 +145,27 @@ struct CommandForm {
 };
 
 constexpr CommandForm commandForms[] = {
-    {"", 0, 0},     {"i", 0, 0},  {"V", 1, 2},  {"A0", 0, 0}, {"A1", 0, 0}, {"AD", 0, 0},
-    {"H", 1, 1},    {"L", 1, 1},  {"Z", 1, 1},  {"X0", 0, 0}, {"X1", 0, 0}, {"X2", 0, 0},
-    {"WSCC", 0, 0}, {"RI", 0, 0}, {"RS", 0, 0}, {"S1", 2, 2}, {"S2", 4, 4},
+    {"", 0, 0},
+    {"i", 0, 0},
+    {"V", 1, 2},
+    {"A0", 0, 0},
+    {"A1", 0, 0},
+    {"AD", 0, 0},
+    {"H", 1, 1},
+    {"L", 1, 1},
+    {"Z", 1, 1},
+    {"X0", 0, 0},
+    {"X1", 0, 0},
+    {"X2", 0, 0},
+    {"WSCC", 0, 0},
+    {"RI", 0, 0},
+    {"RS", 0, 0},
+    {"S1", 2, 2},
+    {"S2", 4, 4},
+    // A loader's commands and the records of its downloads.
+    {"C", 0, 3},
+    {":", 10, 42},
+    {"L:", 10, 42},
 };
 
 bool isWholeCommand(std::string_view line) {
@@ -169,9 +187,9 @@ void expectWholeLines(VirtualBench& bench) {
 }
 
 /// Whatever state the bars are in, gets to a connection the way a user would.
-void reconnect(FaultyBench& bench) {
+void reconnect(FaultyBench& bench, sim::BoardKind kind) {
     bench.dialogs.whileOpen = nullptr;
-    bench.mend();
+    bench.mend(kind);
     Element& connect = bench.at("main", "Connect");
     Element& disconnect = bench.at("main", "Disconnect");
     if (!connect.active() && !disconnect.active()) {
@@ -183,7 +201,10 @@ void reconnect(FaultyBench& bench) {
     ASSERT_TRUE(connect.click());
     bench.run(15s);
     EXPECT_TRUE(bench.channel().isOpen());
-    EXPECT_EQ(bench.at("main", "CommStatus").text(), "Comm. OK");
+    EXPECT_EQ(bench.channel().settings().format, "19200,N,8,1");
+    // The loader refuses the last command of the connecting.
+    EXPECT_EQ(bench.at("main", "CommStatus").text(),
+              kind == sim::BoardKind::Loader ? "reading..." : "Comm. OK");
 }
 
 class FaultMatrix : public ::testing::TestWithParam<SendingAction> {};
@@ -193,7 +214,7 @@ TEST_P(FaultMatrix, LeavesTheProgramAbleToWork) {
     for (const Fault& fault : faults()) {
         SCOPED_TRACE(fault.name);
         FaultyBench bench;
-        bench.ports.place(port, sim::BoardKind::LoadBoard2);
+        bench.ports.place(port, action.board);
         bench.startAndSearch();
         openWindow(bench, action);
         bench.takeSent();
@@ -204,7 +225,7 @@ TEST_P(FaultMatrix, LeavesTheProgramAbleToWork) {
         expectWholeLines(bench);
         EXPECT_EQ(bench.shared().link.CommState(), 0);
 
-        reconnect(bench);
+        reconnect(bench, action.board);
         openWindow(bench, action);
         bench.takeSent();
         bench.dialogs.boxes.clear();
@@ -220,7 +241,7 @@ TEST_P(FaultMatrix, EndsWhenTheProgramIsLeftWhileItWaits) {
     const SendingAction& action = GetParam();
     for (auto moment : {1ms, 8ms, 30ms, 120ms}) {
         FaultyBench bench;
-        bench.ports.place(port, sim::BoardKind::LoadBoard2);
+        bench.ports.place(port, action.board);
         bench.startAndSearch();
         openWindow(bench, action);
         bench.takeSent();

@@ -2,7 +2,9 @@
 #include "faults/sending_actions.h"
 
 #include "shell/panel_table.h"
+#include "support/record_file.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace zor::testing {
@@ -51,6 +53,38 @@ void addPanelActions(std::vector<SendingAction>& all, const PanelRow& panel) {
     }
 }
 
+void addLoaderActions(std::vector<SendingAction>& all) {
+    auto add = [&](const char* name, std::function<void(VirtualBench&)> act) {
+        all.push_back({name, "FirmLoad", nullptr, std::move(act), sim::BoardKind::Loader});
+    };
+    add("FirmLoad_Download", [](VirtualBench& bench) {
+        if (bench.desk.find("FirmLoad") == nullptr) {
+            return;
+        }
+        std::filesystem::path file = bench.folder.path() / "firmware.hex";
+        writeFileWhole(file, ":0300300002337A1E\r\n:0300330002337A1B\r\n:0300360002337A18\r\n"
+                             ":00000001FF\r\n\r\n");
+        bench.dialogs.files.emplace_back(file.string());
+        bench.at("FirmLoad", "loadeefile").click();
+        bench.at("FirmLoad", "Prog").click();
+        bench.run(std::chrono::seconds(1));
+    });
+    add("FirmLoad_Stop", [](VirtualBench& bench) {
+        for (const char* element : {"Prog", "StopButton"}) {
+            if (bench.desk.find("FirmLoad") == nullptr) {
+                return;
+            }
+            std::filesystem::path file = bench.folder.path() / "firmware.hex";
+            writeFileWhole(file, ":0300300002337A1E\r\n:0300330002337A1B\r\n:00000001FF\r\n");
+            bench.dialogs.files.emplace_back(file.string());
+            bench.at("FirmLoad", "loadeefile").click();
+            bench.at("FirmLoad", element).click();
+            bench.run(std::chrono::milliseconds(25));
+        }
+    });
+    add("FirmLoad_Speed", clicking("FirmLoad", "SerSpd_384"));
+}
+
 } // namespace
 
 std::vector<SendingAction> sendingActions() {
@@ -85,6 +119,7 @@ std::vector<SendingAction> sendingActions() {
                            bench.at("Terminal", "SendScript").click();
                        }
                    }});
+    addLoaderActions(all);
     for (int index = 0; index < 3; ++index) {
         all.push_back({"Selector_" + std::to_string(index), "", nullptr,
                        [index](VirtualBench& bench) { bench.at("main", "CB_Mode").choosePosition(index); }});

@@ -19,6 +19,8 @@ struct SendingAction {
     /// The menu entry that opens the window; nullptr if it has none.
     MenuEntry MainMenu::*opener;
     std::function<void(VirtualBench&)> act;
+    /// What is connected.
+    sim::BoardKind board = sim::BoardKind::LoadBoard2;
 };
 
 /// What a failing test calls it.

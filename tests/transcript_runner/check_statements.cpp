@@ -245,6 +245,8 @@ constexpr StatementRow rows[] = {
     {"asked",    1, 1, expectAsked},
     {"register", 3, 3, expectRegister},
     {"fifo",     3, 3, expectFifo},
+    {"speed",    1, 1, expectSpeed},
+    {"image",    3, 3, expectImage},
 };
 // clang-format on
 

@@ -3,12 +3,14 @@
 
 #include "link/connect.h"
 #include "shell/main_window.h"
+#include "simulator/loader_firmware.h"
 #include "support/numbers.h"
 
 #include <algorithm>
 #include <charconv>
 #include <fstream>
 #include <iterator>
+#include <limits>
 
 namespace zor::testing {
 
@@ -180,6 +182,30 @@ void expectEeprom(World& world, const Arguments& arguments) {
         wanted += (i == 0 ? "" : " ") + hexText(expected[i], 2);
     }
     expectText("EEPROM from " + arguments.text(1) + " on", wanted, found);
+}
+
+void expectSpeed(World& world, const Arguments& arguments) {
+    const Connect& connect = *world.program().bench().connect;
+    VirtualSeat* seat = connect.isOpen() ? world.machine.ports.find(connect.portNumber()) : nullptr;
+    expectText("the port's settings", arguments.text(0),
+               seat == nullptr ? connect.settings().format : seat->format());
+}
+
+void expectImage(World& world, const Arguments& arguments) {
+    VirtualSeat* seat = world.machine.ports.find(arguments.integer(0, 0, 32767));
+    const sim::LoaderFirmware* loader = seat == nullptr ? nullptr : seat->board().loader();
+    if (loader == nullptr) {
+        throw Failure("there is no loader on port " + arguments.text(0));
+    }
+    auto address = static_cast<std::uint32_t>(arguments.integer(1, 0, std::numeric_limits<int>::max()));
+    std::string found;
+    std::size_t count = (arguments.text(2).size() + 1) / 3;
+    for (std::size_t i = 0; i < count; ++i, ++address) {
+        auto byte = loader->image().bytes().find(address);
+        found += found.empty() ? "" : " ";
+        found += byte == loader->image().bytes().end() ? "--" : hexText(byte->second, 2);
+    }
+    expectText("the loader's image from " + arguments.text(1) + " on", arguments.text(2), found);
 }
 
 void expectElapsed(World& world, const Arguments& arguments) {

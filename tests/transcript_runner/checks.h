@@ -28,6 +28,10 @@ void expectContent(World& world, const Arguments& arguments);
 void expectNoFile(World& world, const Arguments& arguments);
 void expectPort(World& world, const Arguments& arguments);
 void expectEeprom(World& world, const Arguments& arguments);
+/// The working port's line settings.
+void expectSpeed(World& world, const Arguments& arguments);
+/// Bytes that the loader on a port was given, from an address on.
+void expectImage(World& world, const Arguments& arguments);
 void expectElapsed(World& world, const Arguments& arguments);
 
 } // namespace zor::testing

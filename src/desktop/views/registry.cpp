@@ -16,12 +16,15 @@ const std::map<std::string, View>& allViews() {
         {"Coral", {coralView}},
         {"ECET", {contentEditorView}},
         {"Frm_CmdSequence", {commandEditorView}},
+        {"FirmLoad", {firmLoadView}},
         {"Help_R1", {dataFilterHelpView}},
         {"Preferences", {preferencesView, FormWindow::Frame::Titled}},
         {"Products", {productsView}},
         {"Terminal", {terminalView}},
         {"frmAbout", {aboutView}},
         {"frm_PowerSupply", {powerSupplyView}},
+        {"frm_TxSearch", {txSearchView}},
+        {"frm_VireoMacSniffer", {macSnifferView}},
         {"frm_Splash", {splashView, FormWindow::Frame::Bare}},
     };
     return views;

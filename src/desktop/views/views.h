@@ -21,7 +21,9 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* coralView(Form& form);
 [[nodiscard]] QWidget* topazView(Form& form);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
+[[nodiscard]] QWidget* firmLoadView(Form& form);
 [[nodiscard]] QWidget* jadeView(Form& form);
+[[nodiscard]] QWidget* macSnifferView(Form& form);
 [[nodiscard]] QWidget* onyxView(Form& form);
 [[nodiscard]] QWidget* opalView(Form& form);
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
@@ -29,5 +31,6 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* productsView(Form& form);
 [[nodiscard]] QWidget* splashView(Form& form);
 [[nodiscard]] QWidget* terminalView(Form& form);
+[[nodiscard]] QWidget* txSearchView(Form& form);
 
 } // namespace zor

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/program.h"
+
+#include "desktop/adapters/linux_usb_driver.h"
+#include "desktop/adapters/qt_serial_port.h"
+#include "desktop/demo_board.h"
+#include "support/record_file.h"
+#include "utilities/firm_load.h"
+#include "utilities/mac_sniffer.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+namespace zor {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Gives the same file to each dialog.
+class FileDialogs : public QuietDialogs {
+  public:
+    FileChoice chooseFile(const FileRequest&) override { return {.name = file}; }
+    std::string file;
+};
+
+/// A record of 16 bytes that all depend on the address.
+std::string record(unsigned address) {
+    std::vector<unsigned> bytes = {16, address >> 8, address & 0xFF, 0};
+    for (unsigned i = 0; i < 16; ++i) {
+        bytes.push_back((address / 16 + i * 7) & 0xFF);
+    }
+    unsigned sum = 0;
+    QString text = QStringLiteral(":");
+    for (unsigned byte : bytes) {
+        sum += byte;
+        text += QStringLiteral("%1").arg(byte, 2, 16, QLatin1Char('0')).toUpper();
+    }
+    text += QStringLiteral("%1").arg(-sum & 0xFF, 2, 16, QLatin1Char('0')).toUpper();
+    return text.toStdString();
+}
+
+/// The program on the real adapters, with a simulated board that runs another firmware than a LoadBoard's.
+class OtherFirmware : public testing::Test {
+  protected:
+    void start(const QStringList& arguments) {
+        QString terminal = board.start(arguments);
+        ASSERT_FALSE(terminal.isEmpty());
+        devices.addDevice(terminal.toStdString(), "LoadBoard");
+        main = std::make_unique<MainWindow>(platform, desk);
+        main->start();
+        ASSERT_TRUE(wait([this] {
+            return main->bench().link.CommState() == 0 && main->linkBar.LoadboardList.locked() &&
+                   main->linkBar.LoadboardList.text().ends_with("Com1");
+        }));
+    }
+
+    bool wait(const std::function<bool()>& condition, EventLoop::Duration patience = 10s) {
+        bool late = false;
+        auto timer = loop.startTimer(patience, EventLoop::Repeat::Once, [&] { late = true; });
+        loop.runUntil([&] { return late || condition(); });
+        loop.stopTimer(timer);
+        return !late;
+    }
+
+    FirmLoad& openLoader(unsigned records) {
+        std::string file;
+        for (unsigned i = 0; i < records; ++i) {
+            file += record(i * 16) + "\r\n";
+        }
+        file += ":00000001FF\r\n\r\n";
+        dialogs.file = folder.filePath(QStringLiteral("firmware.hex")).toStdString();
+        writeFileWhole(dialogs.file, file);
+        main->bench().tools.open(Tool::FirmLoad);
+        auto& tool = dynamic_cast<FirmLoad&>(*main->bench().tools.find(Tool::FirmLoad));
+        tool.loadeefile.click();
+        return tool;
+    }
+
+    QTemporaryDir folder;
+    QtLoop loop;
+    SerialDevices devices{"/dev", folder.path().toStdString()};
+    QtSerialPorts ports{loop, devices};
+    LinuxUsbDriver usb{devices};
+    FileDialogs dialogs;
+    NoSurroundings surroundings;
+    Platform platform{
+        loop, ports, usb, dialogs, surroundings, folder.path().toStdString(), folder.path().toStdString(),
+        '.'};
+    Desk desk{loop};
+    DemoBoard board;
+    std::unique_ptr<MainWindow> main;
+};
+
+} // namespace
+
+TEST_F(OtherFirmware, ADownloadArrivesWholeAndTheLineSpeaksCommandsAgain) {
+    start({"--kind", "loader"});
+    FirmLoad& tool = openLoader(64);
+    ASSERT_TRUE(dialogs.boxes.empty());
+    tool.Prog.click();
+    EXPECT_EQ(main->bench().connect->settings().format, "57600,N,8,1");
+    ASSERT_TRUE(wait([&] { return tool.state.text() == "Load end"; }, 30s));
+    EXPECT_EQ(tool.Outcome.caption(), "The loader took 65 lines: all lines were sent.");
+    EXPECT_EQ(tool.ProgressBar1.value(), 100);
+    EXPECT_EQ(main->bench().link.CommState(), 0);
+    EXPECT_EQ(main->bench().connect->settings().format, "19200,N,8,1");
+
+    QString image = folder.filePath(QStringLiteral("image.txt"));
+    board.tell(QStringLiteral("image ") + image);
+    ASSERT_TRUE(wait([&] { return QFile::exists(image); }));
+    std::string expected;
+    for (unsigned i = 0; i < 64; ++i) {
+        QString text = QStringLiteral("%1:").arg(i * 16, 6, 16, QLatin1Char('0')).toUpper();
+        for (unsigned byte = 0; byte < 16; ++byte) {
+            text += QStringLiteral(" %1").arg((i + byte * 7) & 0xFF, 2, 16, QLatin1Char('0')).toUpper();
+        }
+        expected += text.toStdString() + "\n";
+    }
+    EXPECT_EQ(readFile(image.toStdString()), expected);
+
+    loop.perform([this] { main->bench().connect->Send_To_LoadBoard("i\r"); });
+    EXPECT_EQ(main->bench().link.Last7, "\n\rOK\n\r>");
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(OtherFirmware, ALoaderThatFallsSilentEndsTheDownloadAndTheProgramGoesOn) {
+    start({"--kind", "loader", "--stall", "5"});
+    FirmLoad& tool = openLoader(8);
+    tool.Prog.click();
+    ASSERT_TRUE(wait([&] { return tool.state.text() == "Load end"; }));
+    EXPECT_EQ(tool.Outcome.caption(), "The loader fell silent at line 5.");
+    board.tell(QStringLiteral("stall 0"));
+    tool.Prog.click();
+    ASSERT_TRUE(wait([&] { return tool.state.text() == "Load end"; }));
+    EXPECT_EQ(tool.Outcome.caption(), "The loader took 9 lines: all lines were sent.");
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+TEST_F(OtherFirmware, ABoardPulledOutInADownloadIsToldOnce) {
+    start({"--kind", "loader", "--slow", "20"});
+    FirmLoad& tool = openLoader(40);
+    loop.startTimer(300ms, EventLoop::Repeat::Once, [this] { board.stop(); });
+    tool.Prog.click();
+    ASSERT_TRUE(wait([&] { return tool.state.text() == "Load end"; }));
+    wait([] { return false; }, 1500ms);
+    ASSERT_EQ(dialogs.boxes.size(), 1U);
+    EXPECT_EQ(dialogs.boxes[0].title, "LoadBoard Communication Error!");
+    EXPECT_EQ(main->bench().link.CommState(), 0);
+    EXPECT_FALSE(main->bench().connect->isOpen());
+    EXPECT_TRUE(tool.Outcome.caption().starts_with("The port was closed at line")) << tool.Outcome.caption();
+}
+
+TEST_F(OtherFirmware, TheSnifferShowsWhatAPacketMonitorPrints) {
+    start({"--kind", "monitor", "--packets", "20"});
+    main->bench().tools.open(Tool::frm_VireoMacSniffer);
+    auto& tool = dynamic_cast<MacSniffer&>(*main->bench().tools.find(Tool::frm_VireoMacSniffer));
+    EXPECT_TRUE(wait([&] { return tool.Incoming.text().find("00010 CID ") != std::string::npos; }));
+    EXPECT_NE(tool.Incoming.text().find("\r\n00009 CID "), std::string::npos);
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
+} // namespace zor
