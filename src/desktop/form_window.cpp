@@ -113,7 +113,9 @@ void FormWindow::follow() {
     }
     outer->setWindowTitle(toQt(form->title()));
     bool opens = form->isOpen() && outer->isHidden();
-    if (opens) {
+    QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
+    if (opens || (form->isOpen() && wanted != outer->size())) {
+        // A size of the form's own making leaves room for what has just come up in it.
         fitContent();
     }
     putGeometry();

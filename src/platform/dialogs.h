@@ -32,6 +32,8 @@ struct FileRequest {
     std::string filter;
     /// Without the point.
     std::string defaultExtension;
+    /// A save dialog asks about a file that exists; false where whoever asked for the name does so himself.
+    bool asksToReplace = true;
 };
 
 /// What a file dialog gave.

@@ -10,7 +10,8 @@ namespace zor {
 
 namespace {
 
-constexpr std::array<std::pair<int, std::string_view>, 12> descriptions = {{
+constexpr std::array<std::pair<int, std::string_view>, 13> descriptions = {{
+    {invalidCall, "Invalid procedure call or argument"},
     {overflow, "Overflow"},
     {typeMismatch, "Type mismatch"},
     {fileNotFound, "File not found"},

@@ -8,6 +8,7 @@ namespace zor {
 
 /// Run-time error numbers as they show in boxes.
 enum ErrorNumber : int {
+    invalidCall = 5,
     overflow = 6,
     typeMismatch = 13,
     fileNotFound = 53,

@@ -2,6 +2,7 @@
 #include "utilities/terminal.h"
 
 #include "link/connect.h"
+#include "support/lines.h"
 #include "support/record_file.h"
 
 #include <utility>
@@ -14,30 +15,6 @@ constexpr std::chrono::milliseconds sendDelay(100);
 /// What the script group adds to the window's height, in twips.
 constexpr Twips scriptHeight = 2200;
 constexpr const char* scriptPattern = "*.txt";
-
-/// Lines ended by CR LF, whatever ended them in the file.
-std::string withLineEnds(const std::string& bytes) {
-    std::string text;
-    text.reserve(bytes.size() + bytes.size() / 16 + 2);
-    bool lineOpen = false;
-    for (std::size_t at = 0; at < bytes.size(); ++at) {
-        char c = bytes[at];
-        if (c != '\r' && c != '\n') {
-            text += c;
-            lineOpen = true;
-            continue;
-        }
-        if (c == '\r' && at + 1 < bytes.size() && bytes[at + 1] == '\n') {
-            ++at;
-        }
-        text += "\r\n";
-        lineOpen = false;
-    }
-    if (lineOpen) {
-        text += "\r\n";
-    }
-    return text;
-}
 
 } // namespace
 

@@ -5,8 +5,13 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScrollArea>
+
+#include <algorithm>
 
 namespace zor {
 
@@ -28,6 +33,23 @@ QMessageBox::Icon iconOf(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// A text of more lines than this scrolls: a box must not be higher than the screen.
+constexpr int mostLines = 24;
+
+void makeScroll(QMessageBox& window) {
+    auto* label = window.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (label == nullptr || window.layout() == nullptr) {
+        return;
+    }
+    auto* room = new QScrollArea;
+    room->setFrameShape(QFrame::NoFrame);
+    delete window.layout()->replaceWidget(label, room);
+    room->setWidget(label);
+    room->setWidgetResizable(true);
+    QFontMetrics metrics(window.font());
+    room->setMinimumSize(label->sizeHint().width() + 2 * metrics.height(), metrics.lineSpacing() * mostLines);
+}
+
 } // namespace
 
 Answer QtDialogs::show(const Box& box) {
@@ -37,6 +59,9 @@ Answer QtDialogs::show(const Box& box) {
     window.setTextFormat(Qt::PlainText);
     window.setText(linesToQt(box.text));
     window.setIcon(iconOf(box.icon));
+    if (std::ranges::count(box.text, '\n') > mostLines) {
+        makeScroll(window);
+    }
     if (box.buttons == BoxButtons::YesNo) {
         window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         window.setDefaultButton(QMessageBox::No);
@@ -56,6 +81,7 @@ FileChoice QtDialogs::chooseFile(const FileRequest& request) {
     window.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     window.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     window.setOption(QFileDialog::HideNameFilterDetails);
+    window.setOption(QFileDialog::DontConfirmOverwrite, !request.asksToReplace);
     window.setNameFilters(fileFilters(request.filter));
     window.setDefaultSuffix(toQt(request.defaultExtension));
     std::error_code missing;

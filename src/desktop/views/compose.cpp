@@ -167,9 +167,9 @@ QWidget* caption(const QString& text) {
     return label;
 }
 
-QWidget* group(const QString& title, Lines lines) {
+QWidget* group(const QString& title, Lines lines, int grows) {
     auto* box = new QGroupBox(title);
-    layOut(*box, lines, spaceInside, -1);
+    layOut(*box, lines, spaceInside, grows);
     return box;
 }
 
@@ -250,6 +250,13 @@ QWidget* wordsGroup(const QString& title, const std::vector<std::pair<QString, Q
     table->setColumnStretch(0, 1);
     table->setRowStretch(row, 1);
     return box;
+}
+
+QWidget* keepRoom(QWidget* widget) {
+    QSizePolicy room = widget->sizePolicy();
+    room.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(room);
+    return widget;
 }
 
 QWidget* window(Lines lines, int grows) {

@@ -79,8 +79,9 @@ template <class... Cells>
     return Line(std::vector<Cell>{Cell(cells)...});
 }
 
-/// A titled group of lines.
-[[nodiscard]] QWidget* group(const QString& title, Lines lines);
+/// A titled group of lines. The line at `grows` takes the height that is left over; -1 leaves it at the
+/// bottom.
+[[nodiscard]] QWidget* group(const QString& title, Lines lines, int grows = -1);
 /// A group that is an element: hidden and greyed with what stands in it; its caption is the title.
 [[nodiscard]] QWidget* group(Frame& frame, Lines lines);
 /// Lines without a title or frame.
@@ -97,6 +98,9 @@ template <class... Cells>
 /// Captions on the left and words on the right, under one another: the column that the eye runs down.
 [[nodiscard]] QWidget* wordsGroup(const QString& title,
                                   const std::vector<std::pair<QString, QWidget*>>& words);
+
+/// For what comes and goes: its room stays, so that nothing moves with it.
+[[nodiscard]] QWidget* keepRoom(QWidget* widget);
 
 /// The whole content of a window. The line at `grows` takes the height that is left over; -1 leaves it at
 /// the bottom.

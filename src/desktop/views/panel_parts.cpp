@@ -37,14 +37,6 @@ QWidget* wordsColumn(const ChipPanel& panel) {
     return wordsGroup("Control words", rows);
 }
 
-/// For what comes and goes: its room stays, so that neither the panel nor its window moves with it.
-QWidget* keepRoom(QWidget* widget) {
-    QSizePolicy room = widget->sizePolicy();
-    room.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(room);
-    return widget;
-}
-
 QWidget* mark(Label& element) {
     return keepRoom(label(element, Tone::Reminder));
 }

@@ -5,6 +5,7 @@
 
 #include "desktop/widgets/binding.h"
 #include "elements/button.h"
+#include "elements/cell_picture.h"
 #include "elements/coloured_log.h"
 #include "elements/grid.h"
 #include "elements/label.h"
@@ -70,6 +71,11 @@ enum class Tone { Normal, Soft, Reminder, Error, Title };
 [[nodiscard]] QWidget* lamp(Lamp& element);
 [[nodiscard]] QWidget* swatch(Swatch& element);
 [[nodiscard]] QWidget* progress(Progress& element);
+
+/// A memory's cells, painted; arrow keys and clicks pick one, and a pointer at rest is told what it holds.
+[[nodiscard]] QWidget* cellPicture(CellPicture& element);
+/// What a cell of that kind looks like, and what it means.
+[[nodiscard]] QWidget* cellSample(CellPicture::Cell kind, const QString& meaning);
 
 [[nodiscard]] QWidget* slider(Slider& element);
 /// Two small arrows.

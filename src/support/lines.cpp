@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#include "support/lines.h"
+
+namespace zor {
+
+std::string withLineEnds(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 16 + 2);
+    while (!bytes.empty()) {
+        std::size_t end = bytes.find_first_of("\r\n");
+        text += bytes.substr(0, end);
+        text += "\r\n";
+        if (end == std::string_view::npos) {
+            break;
+        }
+        bool pair = bytes[end] == '\r' && end + 1 < bytes.size() && bytes[end + 1] == '\n';
+        bytes.remove_prefix(end + (pair ? 2 : 1));
+    }
+    return text;
+}
+
+} // namespace zor
