@@ -24,12 +24,17 @@ class BenchOnTerminal {
     [[nodiscard]] MainWindow& main() { return window; }
     /// A KT1100 panel, filled and open.
     [[nodiscard]] OpalV2& panel();
+    /// What every file dialog gives from now on.
+    void nextFile(const std::string& path) { dialogs.file = path; }
 
   private:
     class SilentDialogs : public Dialogs {
       public:
         Answer show(const Box&) override { return Answer::Ok; }
-        FileChoice chooseFile(const FileRequest& request) override { return {.name = request.startName}; }
+        FileChoice chooseFile(const FileRequest& request) override {
+            return {.name = file.empty() ? request.startName : file};
+        }
+        std::string file;
     };
     class NoSurroundings : public Surroundings {
       public:

@@ -148,6 +148,7 @@ bool mountChip(Board& board, std::string_view text) {
     auto chip = chipOfName(text);
     if (chip) {
         board.setChip(chip);
+        board.circuits().mountRadio();
     }
     return chip.has_value();
 }
@@ -192,6 +193,9 @@ bool setEeprom(Board& board, std::string_view text) {
     if (text == "none") {
         circuits.removeEeprom();
         return true;
+    }
+    if (text == "again") {
+        return circuits.remountEeprom();
     }
     SerialEeprom& chip = circuits.eeprom() != nullptr ? *circuits.eeprom() : circuits.mountEeprom();
     auto blank = text.find(' ');
@@ -259,8 +263,8 @@ constexpr Statement statements[] = {
     {"offset",  "offset N",         "frequency offset in the second status byte, in steps", setOffset},
     {"air",     "air XX XX ...",    "bytes that the receiver hears",                        fromAir},
     {"chip",    "chip NAME",        "mount another radio chip",                             mountChip},
-    {"eeprom",  "eeprom [none | busy MS|always | ADDRESS XX...]",
-                                    "a serial EEPROM in place of the radio chip; its bytes", setEeprom},
+    {"eeprom",  "eeprom [again | none | busy MS|always | ADDRESS XX...]",
+                                    "a serial EEPROM, fresh or the last one; its bytes",    setEeprom},
     {"slow",    "slow MS",          "a loader takes so long for each of XOFF and XON",      setFlowTime},
     {"stall",   "stall N",          "a loader falls silent at line N of a download, 0 never", stallAt},
     {"image",   "image PATH",       "write what a loader was given to a file, as text",     keepImage},

@@ -80,6 +80,13 @@ SerialEeprom& Hardware::mountEeprom() {
     return *eepromChip;
 }
 
+bool Hardware::remountEeprom() {
+    if (eepromChip) {
+        mount(*eepromChip);
+    }
+    return eepromChip != nullptr;
+}
+
 void Hardware::removeEeprom() {
     mount(emptySocket);
     eepromChip.reset();

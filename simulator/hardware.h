@@ -52,12 +52,15 @@ class Hardware {
     [[nodiscard]] RegisterChip* registers() const { return registerChip.get(); }
     /// Puts a fresh serial EEPROM on the bus, all FF.
     SerialEeprom& mountEeprom();
+    /// Puts the one that was there back on the bus, in place of another chip. @return false if none was
+    bool remountEeprom();
     /// Takes it away; its socket stays empty.
     void removeEeprom();
     /// nullptr if none is mounted.
     [[nodiscard]] SerialEeprom* eeprom() { return eepromChip.get(); }
     /// The time that chips measure their delays by; without it none passes.
     ChipClock time = [] { return std::chrono::microseconds{0}; };
+    void mountRadio() { mount(radioChip); }
     [[nodiscard]] RadioChip& radio() { return radioChip; }
     [[nodiscard]] const RadioChip& radio() const { return radioChip; }
 

@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace zor {
 
 namespace {
@@ -53,6 +55,10 @@ void DemoBoard::tell(const QString& statement) {
 
 void DemoBoard::mount(const QString& chip) {
     tell(QStringLiteral("chip ") + chip);
+}
+
+void DemoBoard::mountEeprom() {
+    process.write(std::exchange(hadEeprom, true) ? "eeprom again\n" : "eeprom\n");
 }
 
 void DemoBoard::stop() {

@@ -23,11 +23,14 @@ class DemoBoard {
     void tell(const QString& statement);
     /// Mounts the radio chip of that name ("kt1100"), as an engineer does before opening its panel.
     void mount(const QString& chip);
+    /// Mounts a demonstration board with its EEPROM, which keeps its bytes while others take its place.
+    void mountEeprom();
     /// Pulls the board out at once.
     void stop();
 
   private:
     QProcess process;
+    bool hadEeprom = false;
 };
 
 } // namespace zor

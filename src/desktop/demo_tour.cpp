@@ -23,9 +23,9 @@ using namespace std::chrono_literals;
 namespace {
 
 /// Entries that open no window of ours: dialogs of the system, files, the end of the program.
-const std::set<std::string> notVisited{"mnuFileExit",      "mnuSaveWorkspace", "mnuViewToolbar",
-                                       "mnuHelpBrowseDoc", "mnuHelpBrowseEx",  "mnuHelpSWguide",
-                                       "mnuHelp1100DS",    "mnuHelp2100DS",    "mnutoolsTerminal"};
+const std::set<std::string> notVisited{
+    "mnuFileExit",    "mnuSaveWorkspace", "mnuViewToolbar", "mnuHelpBrowseDoc", "mnuHelpBrowseEx",
+    "mnuHelpSWguide", "mnuHelp1100DS",    "mnuHelp2100DS",  "mnutoolsTerminal", "mnutoolsEEPROM"};
 
 } // namespace
 
@@ -52,6 +52,7 @@ void DemoTour::play() {
     // Its entry is for those who have a board with the loader.
     main.perform([this] { main.bench().tools.open(Tool::FirmLoad); });
     visitForm(*main.bench().tools.find(Tool::FirmLoad));
+    visitEeprom();
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }
@@ -129,6 +130,39 @@ void DemoTour::visitTerminal() {
     static_cast<TickBox*>(terminal->find("En_ScriptWindow"))->tick(true);
     terminal->find("Script")->edit("Z3\r\nRS\r\n");
     visitForm(*terminal);
+}
+
+/// Reads the device, writes a beacon's routines into it, and finds the two bytes that were changed since.
+void DemoTour::visitEeprom() {
+    main.menu.mnutoolsEEPROM.click();
+    Form& programmer = *main.desk().find("eeprom");
+    static_cast<TickBox*>(programmer.find("EditorWindow"))->tick(true);
+    programmer.find("Read")->click();
+    waitForEeprom(programmer);
+    auto image = [](const std::string& word) {
+        std::string text = "90 30 a6 7c b1 00 c0 38 c2 00 eb 00 ca 40 c8 23 c6 0f aa aa 2d d4 " + word +
+                           " 20 62 65 61\r\n63 6f 6e c4 00";
+        for (int byte = 37; byte < 128; ++byte) {
+            text += byte % 32 == 0 ? "\r\n00" : " 00";
+        }
+        return text + "\r\na6 7c c0 38 c6 08 aa aa 2d d4 42 55 54 31 c4 00";
+    };
+    programmer.find("WorkSheet")->edit(image("4f 72 74 6f 6c 61 6e"));
+    programmer.find("Prog")->click();
+    waitForEeprom(programmer);
+    programmer.find("WorkSheet")->edit(image("4f 72 74 75 6c 61 6d"));
+    programmer.find("Verify")->click();
+    settle(3500ms);
+    takePicture(QStringLiteral("eeprom-running"));
+    waitForEeprom(programmer);
+    settle(500ms);
+    visitForm(programmer);
+}
+
+void DemoTour::waitForEeprom(const Form& programmer) {
+    main.loop().runUntil([&programmer] { return programmer.find("Read")->enabled(); });
+    // The box that tells the end is closed, and its picture taken, by then.
+    settle(500ms);
 }
 
 void DemoTour::visitForm(Form& form) {

@@ -28,6 +28,8 @@ class DemoTour {
     void takePicture(const QString& name);
     void visit(MenuEntry& entry);
     void visitTerminal();
+    void visitEeprom();
+    void waitForEeprom(const Form& programmer);
     void visitForm(Form& form);
     /// What an engineer does on a chip's panel: set, update, read the status, calibrate, look at the current.
     void workOn(ChipPanel& panel);

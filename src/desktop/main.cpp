@@ -142,6 +142,8 @@ int main(int argc, char** argv) {
             if (const auto* panel = dynamic_cast<ChipPanel*>(&form)) {
                 // "KT1100 transmitter control panel"
                 board.mount(toQt(panel->traits().title).section(QLatin1Char(' '), 0, 0).toLower());
+            } else if (form.name() == "eeprom") {
+                board.mountEeprom();
             }
         });
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/signal.h"
+
 namespace zor {
 
 class Form;
@@ -52,6 +54,9 @@ class Tools {
     virtual Form& create(Tool tool) = 0;
     /// Its window, shown or not; nullptr if there is none.
     [[nodiscard]] virtual Form* find(Tool tool) const = 0;
+
+    /// A tool's window was made anew; it may stay out of sight.
+    Signal<Tool> made;
 };
 
 } // namespace zor

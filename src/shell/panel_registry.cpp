@@ -120,7 +120,17 @@ void PanelRegistry::wireEeprom() {
     bool exists = bench.tools.exists(Tool::eeprom);
     buttons.EE.setEnabled(exists);
     menu.mnutoolsEEPROM.setEnabled(exists);
-    buttons.EE.onClick = [this] { bench.windows.EEPROMon ? EEPROM_hide() : EEPROM_show(); };
+    // Pressed while there is a programmer, also one that works out of sight; a press brings that one up.
+    eepromMaking = bench.tools.made.subscribe([this](Tool tool) {
+        if (tool == Tool::eeprom) {
+            buttons.EE.setPressed(true);
+            eepromEnding = bench.tools.find(tool)->closed.subscribe([this] { buttons.EE.setPressed(false); });
+        }
+    });
+    buttons.EE.onClick = [this] {
+        const Form* programmer = bench.tools.find(Tool::eeprom);
+        programmer != nullptr && programmer->isOpen() ? EEPROM_hide() : EEPROM_show();
+    };
     menu.mnutoolsEEPROM.onClick = [this] {
         bench.tools.close(Tool::frm_Splash);
         EEPROM_show();
@@ -284,9 +294,6 @@ void PanelRegistry::panelClosed(Slot& slot) {
 void PanelRegistry::EEPROM_show() {
     buttons.EE.setPressed(true);
     bench.tools.open(Tool::eeprom);
-    if (Form* form = bench.tools.find(Tool::eeprom)) {
-        eepromEnding = form->closed.subscribe([this] { buttons.EE.setPressed(false); });
-    }
 }
 
 void PanelRegistry::EEPROM_hide() {

@@ -79,6 +79,7 @@ class PanelRegistry {
     ChipButtons buttons;
     std::vector<Class> chipClasses;
     std::vector<std::unique_ptr<Slot>> slots;
+    Subscription eepromMaking;
     Subscription eepromEnding;
 };
 

@@ -3,6 +3,7 @@
 
 #include "eeprom/ecet.h"
 #include "eeprom/frm_cmd_sequence.h"
+#include "eeprom/eeprom.h"
 #include "shell/about.h"
 #include "utilities/firm_load.h"
 #include "utilities/mac_sniffer.h"
@@ -37,7 +38,7 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::Help_R1,                "Help_R1",                nullptr,                   nullptr,                       make<DataFilterHelp>},
         {Tool::Terminal,               "Terminal",               &Switch::Terminalon,       &Menu::mnutoolsTerminal,       make<Terminal>, script},
         {Tool::frm_PowerSupply,        "frm_PowerSupply",        &Switch::PowerSupplyOn,    nullptr,                       make<PowerSupply>},
-        {Tool::eeprom,                 "eeprom",                 &Switch::EEPROMon,         nullptr,                       nullptr, sized},
+        {Tool::eeprom,                 "eeprom",                 &Switch::EEPROMon,         nullptr,                       make<Eeprom>, sized},
         {Tool::ECET,                   "ECET",                   nullptr,                   &Menu::mnutoolsECET,           make<ECET>},
         {Tool::Frm_CmdSequence,        "Frm_CmdSequence",        nullptr,                   nullptr,                       make<Frm_CmdSequence>},
         {Tool::frm_Link,               "frm_Link",               &Switch::CWLinkTXOn,       &Menu::mnutoolsRFSetup_TX,     nullptr},

@@ -39,7 +39,12 @@ Form& ToolWindows::create(Tool tool) {
     if (!exists(tool)) {
         throw ToolError(cannotCreate, "Window " + std::string(slot.row.form) + " cannot be created");
     }
-    return slot.window.ensure([&] { return slot.row.make(bench); });
+    bool isNew = slot.window.get() == nullptr;
+    Form& window = slot.window.ensure([&] { return slot.row.make(bench); });
+    if (isNew) {
+        made.emit(tool);
+    }
+    return window;
 }
 
 Form* ToolWindows::find(Tool tool) const {

@@ -127,6 +127,12 @@ void openForm(Program& program, const std::string& formName, std::unique_ptr<For
         {"Preferences", [&] { program.main.menu.mnuFilePreferences.click(); }},
         {"Products", [&] { program.main.menu.mnuHelpProducts.click(); }},
         {"Terminal", [&] { program.main.menu.mnutoolsTerminal.click(); }},
+        {"eeprom",
+         [&] {
+             program.main.menu.mnutoolsEEPROM.click();
+             // The image and its picture are folded away at first.
+             program.desk.find("eeprom")->find("EditorWindow")->click();
+         }},
     };
     for (const ToolRow& row : toolRows()) {
         if (row.make != nullptr) {

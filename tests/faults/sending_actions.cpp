@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "faults/sending_actions.h"
 
+#include "eeprom/eeprom.h"
 #include "shell/panel_table.h"
 #include "support/record_file.h"
 
@@ -85,6 +86,37 @@ void addLoaderActions(std::vector<SendingAction>& all) {
     add("FirmLoad_Speed", clicking("FirmLoad", "SerSpd_384"));
 }
 
+/// Clicks, lets a run go on for a while, and stops what is left of it.
+std::function<void(VirtualBench&)> runningEeprom(Button Eeprom::*action, std::chrono::milliseconds time) {
+    return [action, time](VirtualBench& bench) {
+        auto tool = [&bench] { return dynamic_cast<Eeprom*>(bench.desk.find("eeprom")); };
+        if (tool() != nullptr) {
+            tool()->takeImage(std::string(96, '0'));
+            tool()->Prog.setEnabled(!tool()->running());
+            tool()->Verify.setEnabled(!tool()->running());
+            (tool()->*action).click();
+            bench.run(time);
+        }
+        if (tool() != nullptr) {
+            tool()->StopButton.click();
+        }
+    };
+}
+
+void addEepromActions(std::vector<SendingAction>& all) {
+    using namespace std::chrono_literals;
+    auto add = [&](const char* name, Button Eeprom::*action, std::chrono::milliseconds time,
+                   const char* endBox) {
+        all.push_back({name, "eeprom", &MainMenu::mnutoolsEEPROM, runningEeprom(action, time),
+                       sim::BoardKind::LoadBoard2, endBox});
+    };
+    add("Eeprom_Program", &Eeprom::Prog, 1500ms, "End of Programming");
+    add("Eeprom_ReadStopped", &Eeprom::Read, 1500ms, productTitle);
+    add("Eeprom_Read", &Eeprom::Read, 9000ms, "Read end");
+    add("Eeprom_Verify", &Eeprom::Verify, 9000ms, "Verify Successful");
+    add("Eeprom_Update", &Eeprom::Command1, 1000ms, "");
+}
+
 } // namespace
 
 std::vector<SendingAction> sendingActions() {
@@ -124,6 +156,7 @@ std::vector<SendingAction> sendingActions() {
         all.push_back({"Selector_" + std::to_string(index), "", nullptr,
                        [index](VirtualBench& bench) { bench.at("main", "CB_Mode").choosePosition(index); }});
     }
+    addEepromActions(all);
     all.push_back({"Connect_Again", "", nullptr, [](VirtualBench& bench) {
                        bench.at("main", "Disconnect").click();
                        bench.at("main", "Connect").click();

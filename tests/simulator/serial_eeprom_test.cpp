@@ -177,7 +177,15 @@ TEST(BenchControl, SetsTheEeprom) {
                               "eeprom busy", "eeprom busy long", "eeprom gone"}) {
         EXPECT_EQ(say(wrong), ControlOutcome::failed) << wrong;
     }
+    EXPECT_EQ(say("chip kt1100"), ControlOutcome::done);
+    bench.ask("WSCC");
+    EXPECT_EQ(bench.ask("S20500"), std::string("0000 ") + ok) << "the radio is back";
+    EXPECT_EQ(say("eeprom again"), ControlOutcome::done);
+    bench.ask("S106");
+    EXPECT_EQ(bench.ask("S20500"), std::string("0002 ") + ok);
+    EXPECT_EQ(bench.board.circuits().eeprom()->bytes()[16], 0xC4);
     EXPECT_EQ(say("eeprom none"), ControlOutcome::done);
+    EXPECT_EQ(say("eeprom again"), ControlOutcome::failed);
     EXPECT_EQ(bench.board.circuits().eeprom(), nullptr);
 }
 

@@ -38,6 +38,7 @@ class FakeTools : public Tools {
         std::unique_ptr<Form>& form = forms[tool];
         if (!form) {
             form = std::make_unique<Form>(desk, names[tool], names[tool]);
+            made.emit(tool);
         }
         return *form;
     }

@@ -21,6 +21,7 @@ const std::map<std::string, View>& allViews() {
         {"Preferences", {preferencesView, FormWindow::Frame::Titled}},
         {"Products", {productsView}},
         {"Terminal", {terminalView}},
+        {"eeprom", {eepromView}},
         {"frmAbout", {aboutView}},
         {"frm_PowerSupply", {powerSupplyView}},
         {"frm_TxSearch", {txSearchView}},

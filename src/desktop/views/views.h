@@ -22,6 +22,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* topazView(Form& form);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
 [[nodiscard]] QWidget* firmLoadView(Form& form);
+[[nodiscard]] QWidget* eepromView(Form& form);
 [[nodiscard]] QWidget* jadeView(Form& form);
 [[nodiscard]] QWidget* macSnifferView(Form& form);
 [[nodiscard]] QWidget* onyxView(Form& form);
