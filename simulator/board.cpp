@@ -150,14 +150,30 @@ void Board::hearPacket(std::string_view packet) {
     if (hardware.dataSelector == DataSelector::dataMode) {
         return;
     }
-    std::string report = firmware->packetHeard(packet);
-    if (report.empty()) {
+    report(firmware->packetHeard(packet), delay);
+}
+
+void Board::hearBytes(std::string_view bytes, std::chrono::milliseconds airTime) {
+    if (hardware.dataSelector == DataSelector::dataMode) {
+        return;
+    }
+    if (firmware->receivesPacket()) {
+        report(firmware->bytesHeard(bytes), delay + airTime);
+        return;
+    }
+    for (char byte : bytes) {
+        hardware.radio().receiveFromAir(static_cast<std::uint8_t>(byte));
+    }
+}
+
+void Board::report(const std::string& text, std::chrono::milliseconds later) {
+    if (text.empty()) {
         return;
     }
     if (mute) {
-        firmware->reportUnheard(report);
+        firmware->reportUnheard(text);
     } else {
-        say(std::move(report), delay);
+        say(text, later);
     }
 }
 

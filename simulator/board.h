@@ -67,6 +67,11 @@ class Board : public LineEnd {
     void stallAt(std::size_t lineNumber);
     /// The packet monitor prints its next packet. Nothing on another board.
     void reportPacket();
+    /// Bytes come out of the air so much later than now. A board that waits for a packet gathers them, with
+    /// another they stay in the radio's FIFO.
+    void hearBytes(std::string_view bytes, std::chrono::milliseconds airTime);
+    /// It has a part of a packet.
+    [[nodiscard]] bool gathersPacket() const { return firmware->gathersPacket(); }
     /// Fixes what the converter reads in each range, 0 to 1023, over what the load model says.
     void setCurrentCounts(int high, int low) { hardware.setCurrentCounts(high, low); }
 
@@ -88,6 +93,7 @@ class Board : public LineEnd {
   private:
     void completeLine();
     [[nodiscard]] Answer answerTo(const std::string& complete, bool whole);
+    void report(const std::string& text, std::chrono::milliseconds later);
     void say(std::string bytes, std::chrono::milliseconds later);
 
     BoardKind boardKind;

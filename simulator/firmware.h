@@ -39,6 +39,11 @@ class Firmware {
     virtual Answer execute(std::string_view line) = 0;
     /// A packet from the air. @return what the board says of its own accord, prompt included
     virtual std::string packetHeard(std::string_view) { return {}; }
+    /// The same for bytes out of the radio's FIFO, which may make only a part of one.
+    virtual std::string bytesHeard(std::string_view) { return {}; }
+    /// It waits for a packet; it has a part of one.
+    [[nodiscard]] virtual bool receivesPacket() const { return false; }
+    [[nodiscard]] virtual bool gathersPacket() const { return false; }
     /// That report never reached the line; it waits until it is asked for.
     virtual void reportUnheard(std::string_view) {}
     /// A break of the serial line.

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -76,7 +77,15 @@ class Hardware {
     [[nodiscard]] int converter() const;
     void setCurrentCounts(int high, int low);
 
+    /// The data line's level that a bench sets; what is heard on the air stands over it.
     bool dataLine = false;
+    std::function<std::optional<bool>()> receivedLevel;
+    [[nodiscard]] bool dataLineLevel() const {
+        auto received = receivedLevel ? receivedLevel() : std::nullopt;
+        return received.value_or(dataLine);
+    }
+    /// Puts bytes on the air, where there is one.
+    std::function<void(const std::vector<std::uint8_t>& bytes)> radiate;
     bool interruptReleased = true;
     /// The line is active low: false when the bench or the chip pulls it.
     [[nodiscard]] bool interruptLine() const { return interruptReleased && !radioChip.interruptPending(); }

@@ -170,7 +170,7 @@ Answer LoadBoardFirmware::stopMonitor(std::string_view) {
 }
 
 Answer LoadBoardFirmware::readDataLine(std::string_view) {
-    return Answer::success(dataLineText(board.dataLine));
+    return Answer::success(dataLineText(board.dataLineLevel()));
 }
 
 Answer LoadBoardFirmware::readInterruptLine(std::string_view) {
@@ -245,8 +245,15 @@ void LoadBoardFirmware::reportUnheard(std::string_view report) {
     unheard = report.substr(0, report.size() - successPrompt.size());
 }
 
-// There is nobody to hear a packet while the board stands alone: it is sent, and gone.
-Answer LoadBoardFirmware::sendPacket(std::string_view) {
+std::string LoadBoardFirmware::bytesHeard(std::string_view bytes) {
+    return receiver.takeBytes(bytes);
+}
+
+// The firmware keys the transmitter for the packet by itself.
+Answer LoadBoardFirmware::sendPacket(std::string_view argument) {
+    if (board.radiate) {
+        board.radiate(bytesOf(argument));
+    }
     return Answer::success();
 }
 

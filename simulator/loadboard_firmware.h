@@ -15,6 +15,9 @@ class LoadBoardFirmware : public Firmware {
 
     Answer execute(std::string_view line) override;
     std::string packetHeard(std::string_view packet) override;
+    std::string bytesHeard(std::string_view bytes) override;
+    [[nodiscard]] bool receivesPacket() const override { return receiver.armed(); }
+    [[nodiscard]] bool gathersPacket() const override { return receiver.gathering(); }
     void reportUnheard(std::string_view report) override;
     /// The one way out of Data mode.
     void interrupted() override;

@@ -23,6 +23,8 @@ class PacketReceiver {
     void arm(PacketEnd condition, std::uint8_t character, std::size_t length);
     void disarm();
     [[nodiscard]] bool armed() const { return waiting; }
+    /// Bytes of a packet are here whose end is not.
+    [[nodiscard]] bool gathering() const { return !gathered.empty(); }
 
     /// A packet as it came from the air. @return the report, its prompt included, or nothing if not armed
     [[nodiscard]] std::string take(std::string_view packet);

@@ -16,6 +16,10 @@ constexpr std::uint8_t levelReached = 0x80;
 constexpr std::uint8_t fifoOverflow = 0x20;
 constexpr std::uint8_t fifoEmpty = 0x02;
 
+/// DRSSI in the first status byte.
+constexpr std::uint8_t transceiverSignal = 0x01;
+constexpr std::uint8_t receiverSignal = 0x04;
+
 constexpr std::uint8_t transmitterStatusCommand = 0xCC;
 
 bool isTransmitter(Chip chip) {
@@ -100,15 +104,27 @@ void RadioChip::setStatus(std::uint8_t first, std::optional<std::uint8_t> second
 }
 
 void RadioChip::setFrequencyOffset(int steps) {
+    benchStatus[1] = withOffset(benchStatus[1], steps);
+}
+
+std::uint8_t RadioChip::withOffset(std::uint8_t second, int steps) const {
     int bits = mounted && isTransceiver(*mounted) ? 5 : 6;
     int limit = 1 << (bits - 1);
     unsigned field = (1u << bits) - 1;
     auto offset = static_cast<unsigned>(std::clamp(steps, -limit, limit - 1)) & field;
-    benchStatus[1] = static_cast<std::uint8_t>((benchStatus[1] & ~field) | offset);
+    return static_cast<std::uint8_t>((second & ~field) | offset);
 }
 
 std::array<std::uint8_t, 2> RadioChip::status() const {
     auto bytes = benchStatus;
+    if (listen && mounted && !isTransmitter(*mounted)) {
+        AirSense sense = listen();
+        std::uint8_t level = isTransceiver(*mounted) ? transceiverSignal : receiverSignal;
+        bytes[0] = static_cast<std::uint8_t>(bytes[0] | (sense.signal ? level : 0));
+        if (sense.offsetSteps) {
+            bytes[1] = withOffset(bytes[1], *sense.offsetSteps);
+        }
+    }
     if (fifoRuns()) {
         auto level = static_cast<std::size_t>(latched(WordRole::fifo).value_or(0) >> 4 & 0xF);
         bool reached = !receiveFifo.empty() && receiveFifo.size() >= level;

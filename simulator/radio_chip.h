@@ -8,11 +8,20 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <vector>
 
 namespace zor::sim {
+
+/// What a receiver finds in its bandwidth.
+struct AirSense {
+    /// Above the threshold that it was told.
+    bool signal = false;
+    /// How far the signal lies off, in steps of the band.
+    std::optional<int> offsetSteps = std::nullopt;
+};
 
 /// The radio chip on the board's serial bus: latched command words, status bytes, and on the transceivers a
 /// receive FIFO. Which chip is mounted may stay open; words are then kept only as they came.
@@ -38,6 +47,9 @@ class RadioChip : public SpiDevice {
     /// The status bytes as the chip would send them now, FIFO state included.
     [[nodiscard]] std::array<std::uint8_t, 2> status() const;
 
+    /// The air around the chip, where there is one.
+    std::function<AirSense()> listen;
+
     /// A byte from the air. Taken by a transceiver whose receiver and receive FIFO are on, ignored otherwise;
     /// a byte for a full FIFO is lost and marks the overflow.
     void receiveFromAir(std::uint8_t byte);
@@ -56,6 +68,8 @@ class RadioChip : public SpiDevice {
     void latch();
     [[nodiscard]] bool hasFifo() const;
     [[nodiscard]] bool fifoRuns() const;
+    /// Puts an offset into the low bits of the second status byte.
+    [[nodiscard]] std::uint8_t withOffset(std::uint8_t second, int steps) const;
 
     std::optional<Chip> mounted;
     std::array<std::uint8_t, 2> benchStatus{};

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "simulator/far_end.h"
+
+#include <algorithm>
+#include <cstdio>
+
+namespace zor::sim {
+
+namespace {
+
+/// Its swing as a part of the near receiver's bandwidth, so that it fits with room for an offset.
+constexpr double swingOfBandwidth = 0.2;
+/// dB; nothing is left of a packet that lost so much more.
+constexpr double fade = 200;
+constexpr std::size_t preambleBytes = 3;
+constexpr std::uint8_t preamble = 0xAA;
+
+} // namespace
+
+std::optional<FarEnd::Mode> farEndMode(std::string_view name) {
+    constexpr std::pair<std::string_view, FarEnd::Mode> modes[] = {{"silent", FarEnd::Mode::silent},
+                                                                   {"numbered", FarEnd::Mode::numbered},
+                                                                   {"echo", FarEnd::Mode::echo},
+                                                                   {"carrier", FarEnd::Mode::carrier}};
+    const auto* found = std::ranges::find(modes, name, [](const auto& mode) { return mode.first; });
+    return found == std::end(modes) ? std::nullopt : std::optional(found->second);
+}
+
+FarEnd::FarEnd(const Board& nearBoard, Ether& space)
+    : near(nearBoard)
+    , ether(space) {
+    ether.join(*this);
+}
+
+FarEnd::~FarEnd() {
+    ether.leave(*this);
+}
+
+void FarEnd::setMode(Mode newMode, std::chrono::milliseconds newInterval) {
+    ownMode = newMode;
+    ownInterval = newInterval;
+    number = newMode == Mode::numbered ? number : 0;
+}
+
+std::optional<std::chrono::milliseconds> FarEnd::interval() const {
+    return ownMode == Mode::silent ? std::nullopt : std::optional(ownInterval);
+}
+
+void FarEnd::act() {
+    switch (ownMode) {
+    case Mode::silent:
+        break;
+    case Mode::numbered:
+        sendNumbered();
+        break;
+    case Mode::echo:
+        if (auto settings = emission(); settings && !last.empty()) {
+            ether.send(*this, {*settings, last});
+        }
+        break;
+    case Mode::carrier:
+        high = !high;
+        break;
+    }
+}
+
+std::optional<Emission> FarEnd::emission() const {
+    auto settings = receptionOf(near.radio(), 0);
+    if (!settings) {
+        return std::nullopt;
+    }
+    Emission emission;
+    emission.frequency = settings->frequency * (1 + crystalError * 1e-6);
+    emission.deviation = settings->bandwidth * swingOfBandwidth;
+    emission.dataRate = settings->dataRate;
+    return emission;
+}
+
+void FarEnd::sendNumbered() {
+    ++number;
+    auto settings = receptionOf(near.radio(), 0);
+    auto own = emission();
+    if (!settings || !own) {
+        return;
+    }
+    std::vector<std::uint8_t> bytes(preambleBytes, preamble);
+    bytes.insert(bytes.end(), settings->synchron.begin(), settings->synchron.end());
+    char text[16];
+    int length = std::snprintf(text, sizeof text, "PKT %05d\r", number % 100000);
+    bytes.insert(bytes.end(), text, text + length);
+    if (fading.contains(number)) {
+        own->power -= fade;
+    }
+    ether.send(*this, {*own, bytes});
+}
+
+std::optional<Emission> FarEnd::carrier() const {
+    return ownMode == Mode::carrier ? emission() : std::nullopt;
+}
+
+void FarEnd::hear(const AirPacket& packet) {
+    if (!packet.emission.dataRate) {
+        return;
+    }
+    // A receiver that is set up for just this sender.
+    Reception alike;
+    alike.frequency = packet.emission.frequency;
+    alike.bandwidth = 4 * packet.emission.deviation;
+    alike.dataRate = packet.emission.dataRate;
+    if (auto arrived = ether.received(packet, alike)) {
+        ++heard;
+        last = *arrived;
+    }
+}
+
+} // namespace zor::sim
