@@ -35,7 +35,9 @@ int main(int argc, char** argv) {
         std::signal(SIGPIPE, SIG_IGN);
         int signals = endingSignals();
         Server server(options);
-        std::printf("%s\n", server.path().c_str());
+        for (const std::string& path : server.paths()) {
+            std::printf("%s\n", path.c_str());
+        }
         std::fflush(stdout);
         server.run(signals);
         ::close(signals);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/program/options.h"
 
+#include "simulator/air.h"
 #include "simulator/bench_control.h"
 
 #include <algorithm>
@@ -66,6 +67,19 @@ void addSetup(Options& options, std::string_view word, std::string value) {
     options.setup.push_back(std::move(statement));
 }
 
+void setAir(Options& options, const std::string& value) {
+    if (value == "two") {
+        options.air = Options::AirKind::twoBoards;
+        return;
+    }
+    auto mode = farEndMode(value);
+    if (!mode) {
+        throw UsageError("\"" + value + "\" is nobody on the air");
+    }
+    options.air = Options::AirKind::farEnd;
+    options.farEnd = *mode;
+}
+
 using std::chrono::milliseconds;
 
 // clang-format off
@@ -90,6 +104,8 @@ constexpr Option options[] = {
      [](Options& o, const std::string& v) { addSetup(o, "slow", v); }},
     {"--stall", "N", "fault: a loader falls silent at line N of a download",
      [](Options& o, const std::string& v) { addSetup(o, "stall", v); }},
+    {"--air", "WHO", "who else is on the air: two, silent, numbered, echo or carrier; see below",
+     setAir},
     {"--delay", "MS", "fault: every answer comes so much later",
      [](Options& o, const std::string& v) { o.faults.delay = milliseconds(readNumber(v, 0, 3'600'000)); }},
     {"--mute-after", "N", "fault: nothing is said after N answers",
@@ -140,6 +156,11 @@ The wire: a command is a line ended by a carriage return. It is answered with LF
 "ERROR" LF CR ">" when it is not known. "i" asks who is there, "RS" reads a byte of the chip's status: the first
 byte behind the chip select's falling edge ("H2", "L2"), then the second.
 
+The air: with "two" a second board of the same kind sits on a second terminal, whose path is the second line on
+standard output, and the two radios hear each other where the words latched in their chips agree. With the others
+there is a far end without a terminal, tuned like the board's chip: it keeps silent, sends a numbered packet each
+second, says again each second what it heard last, or keys a carrier.
+
 The trace shows lines from the PC as "<" and what the board says as ">", with the name of the chip command that an
 "S1" or "S2" line carries:
   0.001042 < "S28080"  Configuration Setting
@@ -157,6 +178,7 @@ Examples:
   loadboard-sim --noise 0.02 --seed 7            a bad cable, bad in the same way each time
   loadboard-sim --kind monitor --packets 20      a packet monitor with much to say
   loadboard-sim --kind loader --slow 20          a loader that takes 40 ms for each line
+  loadboard-sim --chip kt3100 --air numbered     a transceiver board that hears a packet each second
   loadboard-sim --link /tmp/board --control      a fixed name, and statements typed in by hand
 
 Exit status: 0 when ended by a signal, "quit" or the end of standard input; 1 when the terminal cannot be made;
@@ -202,6 +224,8 @@ std::string helpText() {
     }
     text += explanation;
     text += controlHelp();
+    text += "\nWith --air also these; \"2 \" in front of a statement means the second board:\n";
+    text += airControlHelp();
     text += examples;
     return text;
 }

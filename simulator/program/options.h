@@ -2,6 +2,7 @@
 #pragma once
 
 #include "simulator/board.h"
+#include "simulator/far_end.h"
 #include "simulator/faulty_line.h"
 
 #include <stdexcept>
@@ -24,6 +25,10 @@ struct Options {
     bool exitWithStdin = false;
     bool help = false;
     std::string link;
+    /// Who is on the air: nobody, a second board on a terminal of its own, or a far end without one.
+    enum class AirKind { none, twoBoards, farEnd };
+    AirKind air = AirKind::none;
+    FarEnd::Mode farEnd = FarEnd::Mode::silent;
     /// What the serial EEPROM holds, from start to start; empty if there is none.
     std::string eepromFile;
 };

@@ -22,27 +22,8 @@ namespace zor::sim {
 
 namespace {
 
-/// More characters than this wait in the terminal, not here, so a client that floods the line is held back.
-constexpr std::size_t inputWaiting = 4096;
-
 /// A statement of the bench is never longer; what is cut cannot be read and says so.
 constexpr std::size_t longestStatement = 65536;
-
-/// What waking up may take. The last character of an answer is what the PC waits for, so the program is awake
-/// in time for that one and watches the clock.
-constexpr std::chrono::microseconds wakeUpTime{150};
-
-/// A monitor prints no packet so soon after a command: a search must see its prompt.
-constexpr std::chrono::seconds quietTime{2};
-
-/// What waits on its way to the PC when a packet is due is heard before it; a line that is full loses
-/// packets.
-constexpr std::size_t fullLine = 128;
-
-/// A character of 8N1 has ten bits.
-std::chrono::nanoseconds characterTime(bool paced, int baud = 19200) {
-    return std::chrono::nanoseconds{paced ? 10'000'000'000LL / baud : 0};
-}
 
 PacedQueue::TimePoint now() {
     return std::chrono::steady_clock::now();
@@ -52,31 +33,54 @@ PacedQueue::TimePoint now() {
 
 Server::Server(const Options& chosen)
     : options(chosen)
-    , board(chosen.kind)
-    , line(board, chosen.faults)
-    , fromPc(characterTime(chosen.paced))
-    , toPc(characterTime(chosen.paced))
     , started(now())
     , boardTime(started)
     , controlOpen(chosen.control || chosen.exitWithStdin) {
-    board.circuits().time = [this] {
-        return std::chrono::duration_cast<std::chrono::microseconds>(boardTime - started);
-    };
+    addSeat();
     takeEepromFile();
+    setUpAir();
     for (const std::string& statement : options.setup) {
         executeControl(statement);
-    }
-    line.transmit = [this](const Transmission& transmission) {
-        trace(">", quotedBytes(transmission.bytes), {});
-        toPc.push(transmission.bytes, boardTime + transmission.delay);
-    };
-    board.lineReceived = [this](const std::string& text) {
-        trace("<", quotedBytes(text), lineMeaning(text, board.radio().chip()));
-        if (options.packetsPerSecond > 0) {
-            packetTime = boardTime + quietTime;
+        if (seats.size() > 1) {
+            executeControl("2 " + statement);
         }
-    };
+    }
     makeLink();
+}
+
+void Server::addSeat() {
+    std::string label = seats.empty() ? "" : std::to_string(seats.size() + 1);
+    auto tracing = [this, label](std::string_view direction, std::string_view text,
+                                 std::string_view meaning) {
+        trace(label + std::string(direction), text, meaning);
+    };
+    seats.push_back(std::make_unique<Seat>(options, boardTime, tracing));
+}
+
+void Server::setUpAir() {
+    if (options.air == Options::AirKind::none) {
+        return;
+    }
+    air = std::make_unique<Air>(options.faults.seed);
+    if (options.air == Options::AirKind::twoBoards) {
+        addSeat();
+    }
+    for (const auto& seat : seats) {
+        air->add(seat->board);
+    }
+    if (options.air == Options::AirKind::farEnd) {
+        air->addFarEnd();
+        air->farEnd()->setMode(options.farEnd);
+        planFarEnd();
+    }
+}
+
+std::vector<std::string> Server::paths() const {
+    std::vector<std::string> all;
+    for (const auto& seat : seats) {
+        all.push_back(seat->terminal.path());
+    }
+    return all;
 }
 
 Server::~Server() {
@@ -94,7 +98,7 @@ void Server::makeLink() {
     if (std::filesystem::is_symlink(std::filesystem::symlink_status(options.link))) {
         std::filesystem::remove(options.link);
     }
-    std::filesystem::create_symlink(terminal.path(), options.link);
+    std::filesystem::create_symlink(seats.front()->terminal.path(), options.link);
     linked = true;
 }
 
@@ -102,7 +106,7 @@ void Server::takeEepromFile() {
     if (options.eepromFile.empty()) {
         return;
     }
-    SerialEeprom& chip = board.circuits().mountEeprom();
+    SerialEeprom& chip = board().circuits().mountEeprom();
     if (std::ifstream file(options.eepromFile, std::ios::binary); file) {
         std::string bytes{std::istreambuf_iterator<char>(file), {}};
         if (bytes.size() != SerialEeprom::byteCount) {
@@ -114,7 +118,7 @@ void Server::takeEepromFile() {
 }
 
 void Server::keepEepromFile() {
-    SerialEeprom* chip = board.circuits().eeprom();
+    SerialEeprom* chip = board().circuits().eeprom();
     if (chip == nullptr || options.eepromFile.empty()) {
         return;
     }
@@ -134,35 +138,41 @@ void Server::run(int signals) {
     ::prctl(PR_SET_TIMERSLACK, 1000UL, 0UL, 0UL, 0UL);
     while (running) {
         sleep(signals);
-        reportPacket();
-        moveCharacters();
+        actFarEnd();
+        for (const auto& seat : seats) {
+            seat->reportPacket();
+            seat->moveCharacters();
+        }
     }
 }
 
+std::optional<Server::TimePoint> Server::wake() const {
+    std::optional<TimePoint> earliest = farEndActs;
+    for (const auto& seat : seats) {
+        if (auto next = seat->wake()) {
+            earliest = earliest ? std::min(*earliest, *next) : next;
+        }
+    }
+    return earliest;
+}
+
 void Server::sleep(int signals) {
-    std::array<pollfd, 4> descriptors{{
-        {.fd = signals, .events = POLLIN, .revents = 0},
-        {.fd = terminal.eventDescriptor(), .events = POLLIN, .revents = 0},
-        {.fd = terminal.hasClient() && fromPc.size() < inputWaiting ? terminal.dataDescriptor() : -1,
-         .events = POLLIN,
-         .revents = 0},
-        {.fd = controlOpen ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0},
-    }};
-    std::optional<TimePoint> wake = fromPc.next();
-    if (auto next = toPc.next()) {
-        TimePoint ready = toPc.size() == 1 ? *next - wakeUpTime : *next;
-        wake = wake ? std::min(*wake, ready) : ready;
+    std::vector<pollfd> descriptors{{.fd = signals, .events = POLLIN, .revents = 0},
+                                    {.fd = controlOpen ? STDIN_FILENO : -1, .events = POLLIN, .revents = 0}};
+    for (const auto& seat : seats) {
+        const PseudoTerminal& terminal = seat->terminal;
+        descriptors.push_back({.fd = terminal.eventDescriptor(), .events = POLLIN, .revents = 0});
+        descriptors.push_back(
+            {.fd = seat->hasRoom() ? terminal.dataDescriptor() : -1, .events = POLLIN, .revents = 0});
     }
-    if (packetTime != TimePoint::max()) {
-        wake = wake ? std::min(*wake, packetTime) : packetTime;
-    }
+    std::optional<TimePoint> next = wake();
     timespec timeout{};
-    if (wake) {
-        auto left = std::max(std::chrono::nanoseconds{0}, std::chrono::nanoseconds(*wake - now()));
+    if (next) {
+        auto left = std::max(std::chrono::nanoseconds{0}, std::chrono::nanoseconds(*next - now()));
         auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
         timeout = {.tv_sec = seconds.count(), .tv_nsec = (left - seconds).count()};
     }
-    if (::ppoll(descriptors.data(), descriptors.size(), wake ? &timeout : nullptr, nullptr) < 0) {
+    if (::ppoll(descriptors.data(), descriptors.size(), next ? &timeout : nullptr, nullptr) < 0) {
         if (errno != EINTR) {
             throw std::system_error(errno, std::generic_category(), "cannot wait for the terminal");
         }
@@ -172,93 +182,34 @@ void Server::sleep(int signals) {
     if (descriptors[0].revents != 0) {
         running = false;
     }
-    // The opening comes before what was written behind it.
+    for (std::size_t at = 0; at < seats.size(); ++at) {
+        // The opening comes before what was written behind it.
+        if (descriptors[2 + 2 * at].revents != 0) {
+            seats[at]->handleClient();
+        }
+        if (descriptors[3 + 2 * at].revents != 0) {
+            seats[at]->readTerminal();
+        }
+    }
     if (descriptors[1].revents != 0) {
-        handleClient();
-    }
-    if (descriptors[2].revents != 0) {
-        readTerminal();
-    }
-    if (descriptors[3].revents != 0) {
         readControl();
     }
 }
 
-void Server::handleClient() {
-    ClientEvent event = terminal.takeEvent();
-    if (event == ClientEvent::none) {
+void Server::planFarEnd() {
+    auto interval = air->farEnd()->interval();
+    farEndActs = interval ? std::optional(now() + *interval) : std::nullopt;
+}
+
+void Server::actFarEnd() {
+    if (!farEndActs || now() < *farEndActs) {
         return;
     }
-    if (event != ClientEvent::opened) {
-        // What the client wrote before it left still reaches the board; what the board had left to say is
-        // lost.
-        if (event == ClientEvent::closed) {
-            readTerminal();
-        }
-        for (char byte : fromPc.takeAll()) {
-            line.receive(byte);
-        }
-        [[maybe_unused]] std::string lost = toPc.takeAll();
-    }
-    if (event != ClientEvent::closed) {
-        line.lineOpened();
-    }
-    trace("-", event == ClientEvent::closed ? "closed" : "opened", {});
-}
-
-void Server::readTerminal() {
-    followSpeed();
-    fromPc.push(terminal.read(), now());
-}
-
-/// A client sets the speed behind its opening, so it is looked at with the first characters that come at it.
-void Server::followSpeed() {
-    std::optional<int> speed = terminal.speed();
-    if (!speed || *speed == lineSpeed) {
-        return;
-    }
-    lineSpeed = *speed;
-    trace("-", std::to_string(lineSpeed) + " baud", {});
-    fromPc.setCharacterTime(characterTime(options.paced, lineSpeed));
-    toPc.setCharacterTime(characterTime(options.paced, lineSpeed));
-    line.lineSpeedChanged(lineSpeed);
-}
-
-void Server::reportPacket() {
-    TimePoint moment = now();
-    if (moment < packetTime) {
-        return;
-    }
-    auto interval = std::chrono::duration_cast<TimePoint::duration>(
-        std::chrono::duration<double>(1 / options.packetsPerSecond));
-    // A program that was held up goes on from here instead of making up for it all at once.
-    packetTime = std::max(packetTime + interval, moment - interval);
-    if (terminal.hasClient() && toPc.size() < fullLine) {
-        boardTime = moment;
-        board.reportPacket();
-    }
-}
-
-void Server::moveCharacters() {
-    // The board hears a character when its stop bit has passed, however late this program wakes up for it.
-    TimePoint woken = now();
-    for (auto heard = fromPc.next(); heard && *heard <= woken; heard = fromPc.next()) {
-        boardTime = *heard;
-        for (char byte : fromPc.take(boardTime)) {
-            line.receive(byte);
-        }
-    }
-    if (toPc.size() == 1) {
-        TimePoint end = *toPc.next();
-        if (end - now() < wakeUpTime) {
-            while (now() < end) {
-            }
-        }
-    }
-    std::string through = toPc.take(now());
-    if (terminal.hasClient() && !through.empty()) {
-        terminal.write(through);
-    }
+    boardTime = *farEndActs;
+    air->farEnd()->act();
+    // From the planned moment on, so that the pace does not drift; a program that slept leaves out what it
+    // missed.
+    farEndActs = std::max(*farEndActs + *air->farEnd()->interval(), now());
 }
 
 void Server::readControl() {
@@ -284,7 +235,14 @@ void Server::readControl() {
 }
 
 void Server::executeControl(std::string_view statement) {
-    ControlResult result = control(board, statement);
+    // A leading "2 " means the second board.
+    std::size_t index = statement.starts_with("2 ") && seats.size() > 1 ? 1 : 0;
+    statement.remove_prefix(2 * index);
+    std::optional<ControlResult> aboutAir = air ? airControl(*air, index, statement) : std::nullopt;
+    ControlResult result = aboutAir ? *aboutAir : control(seats[index]->board, statement);
+    if (aboutAir && air->farEnd() != nullptr) {
+        planFarEnd();
+    }
     if (result.outcome == ControlOutcome::failed) {
         std::fprintf(stderr, "loadboard-sim: %s\n", result.message.c_str());
     }

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/air.h"
 #include "simulator/board.h"
-#include "simulator/faulty_line.h"
 #include "simulator/paced_queue.h"
 #include "simulator/program/options.h"
-#include "simulator/program/pseudo_terminal.h"
+#include "simulator/program/seat.h"
 
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zor::sim {
 
-/// A board on a pseudo-terminal: carries characters both ways at the line's pace, sleeps while nothing is
-/// under way.
+/// One board on a pseudo-terminal, or two that hear each other on two; sleeps while nothing is under way.
 class Server {
   public:
     /// Throws std::system_error if there is no terminal, or the link or the EEPROM's file cannot be made.
@@ -22,7 +24,8 @@ class Server {
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
 
-    [[nodiscard]] const std::string& path() const { return terminal.path(); }
+    /// What clients open, one path a board.
+    [[nodiscard]] std::vector<std::string> paths() const;
 
     /// Serves until a signal, "quit", or the end of standard input where that was asked for.
     /// @param signals  a descriptor that becomes readable when the program shall end
@@ -31,32 +34,29 @@ class Server {
   private:
     using TimePoint = PacedQueue::TimePoint;
 
+    [[nodiscard]] Board& board() { return seats.front()->board; }
+    void addSeat();
+    void setUpAir();
     void makeLink();
     /// Mounts the EEPROM whose bytes stand in the option's file.
     void takeEepromFile();
     void keepEepromFile();
     void sleep(int signals);
-    void handleClient();
-    void moveCharacters();
-    void readTerminal();
-    void followSpeed();
-    void reportPacket();
+    /// When something is to happen by itself.
+    [[nodiscard]] std::optional<TimePoint> wake() const;
+    void actFarEnd();
+    void planFarEnd();
     void readControl();
     void executeControl(std::string_view statement);
     void trace(std::string_view direction, std::string_view text, std::string_view meaning);
 
     Options options;
-    PseudoTerminal terminal;
-    Board board;
-    FaultyLine line;
-    PacedQueue fromPc;
-    PacedQueue toPc;
     TimePoint started;
-    /// The moment in which the board acts: that of the character it hears.
+    /// The moment in which the boards act: that of the character that one hears.
     TimePoint boardTime;
-    /// When the monitor's next packet is due; the end of time if it prints none.
-    TimePoint packetTime = TimePoint::max();
-    int lineSpeed = 19200;
+    std::vector<std::unique_ptr<Seat>> seats;
+    std::unique_ptr<Air> air;
+    std::optional<TimePoint> farEndActs;
     std::string controlText;
     bool controlOpen;
     bool linked = false;

@@ -26,8 +26,7 @@ struct Air {
     /// The panel's words as a KT3100 has them after its start, with receiver and FIFO on, and an armed board.
     static void receive(Bench& bench, Chip chip = Chip::KT3100) {
         bench.board.setChip(chip);
-        lines(bench, {"S28048", "S2A7D0", "S28288", "S29080", "S2C623", "S2CA80", "F11,13,100,1",
-                      "S2CA82"});
+        lines(bench, {"S28048", "S2A7D0", "S28288", "S29080", "S2C623", "S2CA80", "F11,13,100,1", "S2CA82"});
     }
     static void transmit(Bench& bench) {
         bench.board.setChip(Chip::KT3100);

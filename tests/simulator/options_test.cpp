@@ -34,6 +34,15 @@ TEST(SimulatorOptions, KeepsAnEepromInAFile) {
     EXPECT_EQ(parseOptions({"--eeprom", "beacon.bin"}).eepromFile, "beacon.bin");
 }
 
+TEST(SimulatorOptions, PutsSomebodyOnTheAir) {
+    EXPECT_EQ(parseOptions({}).air, Options::AirKind::none);
+    EXPECT_EQ(parseOptions({"--air", "two"}).air, Options::AirKind::twoBoards);
+    Options far = parseOptions({"--air", "echo"});
+    EXPECT_EQ(far.air, Options::AirKind::farEnd);
+    EXPECT_EQ(far.farEnd, FarEnd::Mode::echo);
+    EXPECT_THAT(complaint({"--air", "loud"}), testing::StartsWith("--air: "));
+}
+
 TEST(SimulatorOptions, ReadsEveryOption) {
     Options options = parseOptions({"--kind",
                                     "lb1",
