@@ -57,6 +57,16 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
     }
     outer->setObjectName(toQt(form->name()));
     outer->installEventFilter(this);
+    // Told behind the press that activates the window: what the form in front does as it is left may wait for
+    // the board, and the release must not come before the press.
+    connect(
+        &mdi, &QMdiArea::subWindowActivated, this,
+        [this](const QMdiSubWindow* window) {
+            if (form != nullptr && window != nullptr && window == outer && window == mdi.activeSubWindow()) {
+                form->userActivate();
+            }
+        },
+        Qt::QueuedConnection);
     inner->installEventFilter(this);
     subscriptions.push_back(form->changed.subscribe([this] { follow(); }));
     subscriptions.push_back(form->raised.subscribe([this] {

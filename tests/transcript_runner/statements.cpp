@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/statements.h"
 
+#include "elements/form.h"
 #include "elements/grid.h"
+#include "shell/main_window.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -174,6 +176,20 @@ void checkForm(const Statement& statement) {
     Arguments(statement).expectCount(row.least, row.most);
 }
 
+namespace {
+
+/// A mouse brings the window that it acts on to the front first; the main window's bars stand beside the
+/// others.
+void bringForward(World& world, const Statement& gesture) {
+    std::string name = Arguments(gesture).text(0);
+    Form* form = world.findWindow(name.substr(0, name.find('.')));
+    if (form != nullptr && form->kind() == Form::Kind::Window && form != &world.program()) {
+        form->userActivate();
+    }
+}
+
+} // namespace
+
 void carryOut(World& world, const Statement& statement) {
     checkForm(statement);
     if (begins(statement, "after")) {
@@ -181,6 +197,9 @@ void carryOut(World& world, const Statement& statement) {
         return;
     }
     if (!begins(statement, "refused")) {
+        if (findRow(gestureStatements(), statement.tokens.front().text) != nullptr) {
+            bringForward(world, statement);
+        }
         rowOf(statement).carryOut(world, Arguments(statement));
         return;
     }
