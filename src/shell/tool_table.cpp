@@ -4,6 +4,9 @@
 #include "eeprom/ecet.h"
 #include "eeprom/frm_cmd_sequence.h"
 #include "eeprom/eeprom.h"
+#include "rftools/beryl_rf_link_test.h"
+#include "rftools/opal_v2_test.h"
+#include "rftools/test_functions.h"
 #include "shell/about.h"
 #include "utilities/firm_load.h"
 #include "utilities/mac_sniffer.h"
@@ -45,10 +48,10 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::frm_Link_RX,            "frm_Link_RX",            &Switch::CWLinkRXOn,       &Menu::mnutoolsRFSetup_RX,     nullptr},
         {Tool::AmberV1rflink,          "AmberV1rflink",          &Switch::RxLinkOn,         nullptr,                       nullptr, sized},
         {Tool::AmberV1rflink_LB2,      "AmberV1rflink_LB2",      &Switch::RxLinkOn_LB2,     nullptr,                       nullptr, sized},
-        {Tool::Frm_BerylRfLinkTest,    "Frm_BerylRfLinkTest",    &Switch::TRxLinkOn,        &Menu::mnuToolsBerylRFlink,    nullptr},
-        {Tool::OpalV2test,             "OpalV2test",             &Switch::OpalV2testOn,     &Menu::mnuToolsOpalTestmode,   nullptr, placed},
-        {Tool::Frm_AmberTestFunctions, "Frm_AmberTestFunctions", nullptr,                   &Menu::mnuToolsAmberTestmode,  nullptr},
-        {Tool::Frm_BerylTestFunctions, "Frm_BerylTestFunctions", nullptr,                   &Menu::mnuToolsBerylTestmode,  nullptr},
+        {Tool::Frm_BerylRfLinkTest,    "Frm_BerylRfLinkTest",    &Switch::TRxLinkOn,        &Menu::mnuToolsBerylRFlink,    make<Frm_BerylRfLinkTest>},
+        {Tool::OpalV2test,             "OpalV2test",             &Switch::OpalV2testOn,     &Menu::mnuToolsOpalTestmode,   make<OpalV2test>, placed},
+        {Tool::Frm_AmberTestFunctions, "Frm_AmberTestFunctions", nullptr,                   &Menu::mnuToolsAmberTestmode,  make<Frm_AmberTestFunctions>},
+        {Tool::Frm_BerylTestFunctions, "Frm_BerylTestFunctions", nullptr,                   &Menu::mnuToolsBerylTestmode,  make<Frm_BerylTestFunctions>},
         {Tool::SPI,                    "SPI",                    nullptr,                   &Menu::mnuSPI,                 nullptr},
         {Tool::SPIsub2,                "SPIsub2",                nullptr,                   nullptr,                       nullptr},
         {Tool::Frm_GenHeader,          "Frm_GenHeader",          nullptr,                   &Menu::mnuGenCHeader,          nullptr},

@@ -128,6 +128,9 @@ void openWindow(VirtualBench& bench, const SendingAction& action) {
     if (action.form.empty()) {
         return;
     }
+    if (action.panel != nullptr && bench.shared().openPanel() == nullptr) {
+        ASSERT_TRUE((bench.main().menu.*action.panel).click());
+    }
     Form* window = bench.desk.find(action.form);
     if (action.opener == nullptr) {
         bench.shared().tools.open(findToolRow(action.form)->tool);
@@ -166,7 +169,21 @@ constexpr CommandForm commandForms[] = {
     {"C", 0, 3},
     {":", 10, 42},
     {"L:", 10, 42},
+    {"ri", 0, 0},
+    {"F0", 0, 0},
+    {"T0", 0, 0},
 };
+
+/// A packet command with its arguments between commas.
+constexpr std::string_view listCommands[] = {"F1,", "F2,", "F3,", "F11,", "F12,", "F13,", "T14,"};
+
+bool isWholeList(std::string_view line) {
+    return std::any_of(std::begin(listCommands), std::end(listCommands), [line](std::string_view word) {
+        std::string_view rest = line.substr(std::min(word.size(), line.size()));
+        return line.starts_with(word) && !rest.empty() && rest.back() != ',' &&
+               rest.find_first_not_of("0123456789ABCDEF,") == std::string_view::npos;
+    });
+}
 
 bool isWholeCommand(std::string_view line) {
     if (line.ends_with('\n')) {
@@ -177,11 +194,13 @@ bool isWholeCommand(std::string_view line) {
         // The EEPROM's lists of bytes; a list may end anywhere.
         return line.find_first_not_of("0123456789ABCDEF,", 2) == std::string_view::npos;
     }
-    return std::any_of(std::begin(commandForms), std::end(commandForms), [line](const CommandForm& form) {
-        std::string_view digits = line.substr(std::min(form.word.size(), line.size()));
-        return line.starts_with(form.word) && digits.size() >= form.fewest && digits.size() <= form.most &&
-               digits.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
-    });
+    return isWholeList(line) ||
+           std::any_of(std::begin(commandForms), std::end(commandForms), [line](const CommandForm& form) {
+               std::string_view digits = line.substr(std::min(form.word.size(), line.size()));
+               return line.starts_with(form.word) && digits.size() >= form.fewest &&
+                      digits.size() <= form.most &&
+                      digits.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
+           });
 }
 
 void expectWholeLines(VirtualBench& bench) {

@@ -103,18 +103,88 @@ std::function<void(VirtualBench&)> runningEeprom(Button Eeprom::*action, std::ch
     };
 }
 
+constexpr sim::BoardKind lb2 = sim::BoardKind::LoadBoard2;
+
+/// The link test's button, pressed and, when it has worked for a while, pressed again.
+std::function<void(VirtualBench&)> workingFor(std::string button, int page, std::chrono::milliseconds time) {
+    return [button = std::move(button), page, time](VirtualBench& bench) {
+        const char* form = "Frm_BerylRfLinkTest";
+        if (bench.desk.find(form) == nullptr) {
+            return;
+        }
+        bench.at(form, "TabStrip1").choosePosition(page);
+        bench.at(form, button).click();
+        if (bench.ports.seats().contains(1)) {
+            bench.ports.seat(1).board().hearPacket("PKT 00001\r");
+        }
+        bench.run(time);
+        if (bench.desk.find(form) != nullptr) {
+            bench.at(form, button).click();
+        }
+    };
+}
+
 void addEepromActions(std::vector<SendingAction>& all) {
     using namespace std::chrono_literals;
     auto add = [&](const char* name, Button Eeprom::*action, std::chrono::milliseconds time,
                    const char* endBox) {
         all.push_back({name, "eeprom", &MainMenu::mnutoolsEEPROM, runningEeprom(action, time),
-                       sim::BoardKind::LoadBoard2, endBox});
+                       sim::BoardKind::LoadBoard2, nullptr, endBox});
     };
     add("Eeprom_Program", &Eeprom::Prog, 1500ms, "End of Programming");
     add("Eeprom_ReadStopped", &Eeprom::Read, 1500ms, productTitle);
     add("Eeprom_Read", &Eeprom::Read, 9000ms, "Read end");
     add("Eeprom_Verify", &Eeprom::Verify, 9000ms, "Verify Successful");
     add("Eeprom_Update", &Eeprom::Command1, 1000ms, "");
+}
+
+void addLinkTestActions(std::vector<SendingAction>& all) {
+    constexpr auto panel = &MainMenu::mnuViewTRx;
+    auto add = [&](const char* what, std::function<void(VirtualBench&)> act) {
+        all.push_back({std::string("TransceiverLink_") + what, "Frm_BerylRfLinkTest", nullptr, std::move(act),
+                       lb2, panel});
+    };
+    add("Receive", workingFor("PB_Enable", 2, std::chrono::milliseconds(400)));
+    add("SendContinuously", workingFor("PB_Send", 1, std::chrono::milliseconds(2500)));
+    add("SendOne", [](VirtualBench& bench) {
+        if (bench.desk.find("Frm_BerylRfLinkTest") != nullptr) {
+            bench.at("Frm_BerylRfLinkTest", "CB_Continous").tick(false);
+            bench.at("Frm_BerylRfLinkTest", "PB_Send").click();
+        }
+    });
+    add("LeaveWhileReceiving", [](VirtualBench& bench) {
+        if (bench.desk.find("Frm_BerylRfLinkTest") != nullptr) {
+            bench.at("Frm_BerylRfLinkTest", "TabStrip1").choosePosition(2);
+            bench.at("Frm_BerylRfLinkTest", "PB_Enable").click();
+            bench.shared().tools.open(Tool::Terminal);
+            bench.shared().tools.close(Tool::Terminal);
+        }
+    });
+    add("Close", [](VirtualBench& bench) {
+        if (Form* window = bench.desk.find("Frm_BerylRfLinkTest")) {
+            window->userClose();
+        }
+    });
+}
+
+void addTestModeActions(std::vector<SendingAction>& all) {
+    all.push_back({"OpalTest_Update", "OpalV2test", nullptr, clicking("OpalV2test", "Update"), lb2,
+                   &MainMenu::mnuViewTx0});
+    all.push_back({"OpalTest_Read", "OpalV2test", nullptr,
+                   [](VirtualBench& bench) {
+                       if (bench.desk.find("OpalV2test") != nullptr) {
+                           bench.at("OpalV2test", "ReadGearbox").click();
+                           bench.run(std::chrono::seconds(2));
+                       }
+                   },
+                   lb2, &MainMenu::mnuViewTx0});
+    for (const char* button : {"PB_Send(0)", "PB_Send(1)"}) {
+        std::string number(1, button[8]);
+        all.push_back({"ReceiverTest_" + number, "Frm_AmberTestFunctions", nullptr,
+                       clicking("Frm_AmberTestFunctions", button), lb2, &MainMenu::mnuViewRx});
+        all.push_back({"TransceiverTest_" + number, "Frm_BerylTestFunctions", nullptr,
+                       clicking("Frm_BerylTestFunctions", button), lb2, &MainMenu::mnuViewTRx});
+    }
 }
 
 } // namespace
@@ -152,6 +222,8 @@ std::vector<SendingAction> sendingActions() {
                        }
                    }});
     addLoaderActions(all);
+    addLinkTestActions(all);
+    addTestModeActions(all);
     for (int index = 0; index < 3; ++index) {
         all.push_back({"Selector_" + std::to_string(index), "", nullptr,
                        [index](VirtualBench& bench) { bench.at("main", "CB_Mode").choosePosition(index); }});

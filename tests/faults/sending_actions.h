@@ -21,6 +21,8 @@ struct SendingAction {
     std::function<void(VirtualBench&)> act;
     /// What is connected.
     sim::BoardKind board = sim::BoardKind::LoadBoard2;
+    /// The panel that the window works beside, by its View entry; nullptr if it needs none.
+    MenuEntry MainMenu::*panel = nullptr;
     /// The title of the box that tells its end when all goes well; empty if none does.
     std::string endBox = {};
 };

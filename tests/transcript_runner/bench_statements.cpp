@@ -2,6 +2,7 @@
 #include "transcript_runner/statements.h"
 
 #include "shell/main_window.h"
+#include "transcript_runner/air_bench.h"
 #include "transcript_runner/register_statements.h"
 
 #include <algorithm>
@@ -87,6 +88,14 @@ void stall(VirtualSeat& seat, const Arguments& a) {
     seat.board().stallAt(static_cast<std::size_t>(a.integer(2, 0, highestPort)));
 }
 
+void chip(VirtualSeat& seat, const Arguments& a) {
+    auto named = sim::chipOfName(a.text(2));
+    if (!named) {
+        throw Failure("there is no chip " + a.text(2));
+    }
+    seat.board().setChip(named);
+}
+
 // clang-format off
 constexpr BoardRow boardRows[] = {
     {"status",  1, 2, status},
@@ -99,6 +108,7 @@ constexpr BoardRow boardRows[] = {
     {"reply",   2, 2, [](VirtualSeat& seat, const Arguments& a) { seat.board().setReply(a.text(2), a.text(3)); }},
     {"emit",    1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.board().emit(a.text(2)); }},
     {"packet",  1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.board().hearPacket(a.text(2)); }},
+    {"chip",    1, 1, chip},
     {"fault",   1, 1, [](VirtualSeat& seat, const Arguments& a) { seat.fault(a.integer(2, 1, 9999)); }},
     {"slow",    1, 1, slow},
     {"stall",   1, 1, stall},
@@ -157,6 +167,18 @@ void board(World& world, const Arguments& arguments) {
         }
     }
     throw Failure("a board cannot " + arguments.text(1));
+}
+
+/// What is said of the air over a board, word for word as the simulator takes it: "air 1 far numbered 500".
+void air(World& world, const Arguments& arguments) {
+    if (!world.air) {
+        world.air = std::make_unique<AirBench>(world.machine.loop, existingSeat(world, arguments).board());
+    }
+    std::string statement;
+    for (const std::string& word : arguments.rest(1)) {
+        statement += (statement.empty() ? "" : " ") + word;
+    }
+    world.air->state(statement);
 }
 
 void usb(World& world, const Arguments& arguments) {
@@ -224,6 +246,7 @@ void run(World& world, const Arguments& arguments) {
 // clang-format off
 constexpr StatementRow rows[] = {
     {"board",  2, 5, board},
+    {"air",    2, 4, air},
     {"usb",    3, 4, usb},
     {"file",   1, 3, file},
     {"answer", 1, 2, answer},

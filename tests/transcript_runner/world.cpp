@@ -4,6 +4,7 @@
 #include "elements/desk.h"
 #include "elements/element.h"
 #include "shell/main_window.h"
+#include "transcript_runner/air_bench.h"
 #include "transcript_runner/statements.h"
 
 #include <algorithm>

@@ -18,6 +18,8 @@ class MainWindow;
 
 namespace zor::testing {
 
+class AirBench;
+
 /// Everything that one transcript plays with: a machine, the program on it once it was started, and the marks
 /// that statements leave for later ones.
 class World {
@@ -54,6 +56,8 @@ class World {
 
     /// How many lines of each log were seen, those that were cleared included.
     std::map<const ColouredLog*, std::size_t> seenLines;
+    /// The air over a board, once a statement has brought it.
+    std::unique_ptr<AirBench> air;
 
     /// A file of the program's folder, or the path itself if it is absolute.
     [[nodiscard]] std::filesystem::path file(const std::string& name) const;

@@ -10,6 +10,10 @@
 
 namespace zor {
 
+QWidget* mark(Label& element) {
+    return keepRoom(label(element, Tone::Reminder));
+}
+
 namespace {
 
 /// Indicators in a row of the status area.
@@ -35,10 +39,6 @@ QWidget* wordsColumn(const ChipPanel& panel) {
         rows.emplace_back(toQt(control->caption()), word(*control));
     }
     return wordsGroup("Control words", rows);
-}
-
-QWidget* mark(Label& element) {
-    return keepRoom(label(element, Tone::Reminder));
 }
 
 QWidget* actionsGroup(ChipPanel& panel) {

@@ -16,6 +16,8 @@ namespace zor {
 [[nodiscard]] QWidget* wakeUpGroup(ChipPanel& panel, Lines more = {});
 [[nodiscard]] QWidget* lowBatteryGroup(ChipPanel& panel, Lines more = {});
 
+/// A reminder that comes and goes.
+[[nodiscard]] QWidget* mark(Label& element);
 /// A formula whose exponent is a label of its own, raised into the gap that the formula leaves for it.
 [[nodiscard]] QWidget* formula(Label& text, Label& exponent);
 /// Why settings are disabled, in the softer colour; folds rather than widens its group.

@@ -15,6 +15,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 
 [[nodiscard]] QWidget* aboutView(Form& form);
 [[nodiscard]] QWidget* amberView(Form& form);
+[[nodiscard]] QWidget* berylLinkView(Form& form);
 [[nodiscard]] QWidget* berylView(Form& form);
 [[nodiscard]] QWidget* commandEditorView(Form& form);
 [[nodiscard]] QWidget* contentEditorView(Form& form);
@@ -26,11 +27,13 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* jadeView(Form& form);
 [[nodiscard]] QWidget* macSnifferView(Form& form);
 [[nodiscard]] QWidget* onyxView(Form& form);
+[[nodiscard]] QWidget* opalTestView(Form& form);
 [[nodiscard]] QWidget* opalView(Form& form);
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
 [[nodiscard]] QWidget* preferencesView(Form& form);
 [[nodiscard]] QWidget* productsView(Form& form);
 [[nodiscard]] QWidget* splashView(Form& form);
+[[nodiscard]] QWidget* testFunctionsView(Form& form);
 [[nodiscard]] QWidget* terminalView(Form& form);
 [[nodiscard]] QWidget* txSearchView(Form& form);
 

@@ -37,6 +37,8 @@ class ControlWord;
 [[nodiscard]] QWidget* field(TextField& element, int columns = 8);
 /// A field for words: left-aligned, and it takes what room there is from `columns` on.
 [[nodiscard]] QWidget* textField(TextField& element, int columns = 16);
+/// A field for text that is counted by characters: fixed-pitch and left-aligned.
+[[nodiscard]] QWidget* codeField(TextField& element, int columns = 16);
 /// Several lines of text. Enter makes a line.
 [[nodiscard]] QWidget* textArea(TextField& element, int columns = 60, int lines = 8);
 /// A control word: fixed-pitch and centred. It is marked while `pending` says so; a change that does not

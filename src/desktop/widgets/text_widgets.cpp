@@ -238,6 +238,13 @@ QWidget* textField(TextField& element, int columns) {
     return line;
 }
 
+QWidget* codeField(TextField& element, int columns) {
+    auto* line = new LineField(columns);
+    line->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    bindLine(*line, element);
+    return line;
+}
+
 QWidget* statusLine(TextField& element) {
     auto* line = new LineField(20);
     line->setFrame(false);
