@@ -2,8 +2,8 @@
 #include "shell/tool_table.h"
 
 #include "eeprom/ecet.h"
-#include "eeprom/frm_cmd_sequence.h"
 #include "eeprom/eeprom.h"
+#include "eeprom/frm_cmd_sequence.h"
 #include "rftools/beryl_rf_link_test.h"
 #include "rftools/opal_v2_test.h"
 #include "rftools/test_functions.h"
