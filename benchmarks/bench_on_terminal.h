@@ -40,6 +40,7 @@ class BenchOnTerminal {
       public:
         bool openDocument(const std::filesystem::path&) override { return false; }
         bool startSystemInformation() override { return false; }
+        void copyText(const std::string&) override {}
     };
 
     QtLoop loop;

@@ -14,13 +14,14 @@ TextField::TextField(Form& owner, std::string name, std::string text, Access acc
     , cursorPosition(content.size())
     , isReadOnly(access == Access::ReadOnly) {
     onLeave = [this] {
-        if (onCommit && !isReadOnly) {
-            onCommit();
+        if (!isReadOnly) {
+            commit();
         }
     };
 }
 
 void TextField::setText(std::string text) {
+    isTypedIn = false;
     if (content == text) {
         setCursor(content.size());
         return;
@@ -50,6 +51,7 @@ void TextField::setCursor(std::size_t position) {
 }
 
 void TextField::putEdited(std::string text, std::size_t caret) {
+    isTypedIn = true;
     cursorPosition = std::min(caret, text.size());
     if (content != text) {
         content = std::move(text);
@@ -129,10 +131,17 @@ bool TextField::enter() {
     return act([this] {
         if (isMultiLine) {
             insertAtCaret("\r\n");
-        } else if (onCommit) {
-            onCommit();
+        } else {
+            commit();
         }
     });
+}
+
+void TextField::commit() {
+    isTypedIn = false;
+    if (onCommit) {
+        onCommit();
+    }
 }
 
 bool TextField::type(std::string_view text) {

@@ -35,6 +35,9 @@ class TextField : public Element {
     /// Puts the caret there, at most to the end.
     void setCursor(std::size_t position);
 
+    /// The user has typed in it, and has neither pressed Enter nor left it since.
+    [[nodiscard]] bool typedIn() const { return isTypedIn; }
+
     bool type(std::string_view text) override;
     bool edit(std::string_view text) override;
     /// Types at the caret; '\r' is Enter, '\b' takes the character in front of the caret.
@@ -66,12 +69,14 @@ class TextField : public Element {
     void putEdited(std::string text, std::size_t caret);
     void insertAtCaret(std::string_view text);
     void eraseAtCaret();
+    void commit();
 
     std::string content;
     std::optional<std::size_t> greatestLength;
     std::size_t cursorPosition = 0;
     bool isReadOnly = false;
     bool isMultiLine = false;
+    bool isTypedIn = false;
 };
 
 } // namespace zor

@@ -6,6 +6,18 @@
 
 namespace zor {
 
+bool mayReplace(Dialogs& dialogs, const std::string& name) {
+    std::error_code ignored;
+    if (!std::filesystem::exists(name, ignored)) {
+        return true;
+    }
+    Answer answer = dialogs.show({.text = "File already exist:" + name + "\r\nDo you want to replace it?",
+                                  .title = "File save error",
+                                  .icon = BoxIcon::Question,
+                                  .buttons = BoxButtons::YesNo});
+    return answer == Answer::Yes;
+}
+
 bool extensionDiffers(const std::string& name, const std::string& defaultExtension) {
     std::string extension = std::filesystem::path(name).extension().string();
     if (extension.size() <= 1 || name.find('*') != std::string::npos) {

@@ -53,6 +53,9 @@ class Dialogs {
     virtual FileChoice chooseFile(const FileRequest& request) = 0;
 };
 
+/// Asks whether a file of that name may be replaced; true without a question if there is none.
+[[nodiscard]] bool mayReplace(Dialogs& dialogs, const std::string& name);
+
 /// extensionDiffers of a name, worked out as the system's dialog does.
 [[nodiscard]] bool extensionDiffers(const std::string& name, const std::string& defaultExtension);
 

@@ -8,6 +8,7 @@
 #include "platform/usb_driver.h"
 
 #include <filesystem>
+#include <string>
 
 namespace zor {
 
@@ -19,6 +20,9 @@ class Surroundings {
     virtual bool openDocument(const std::filesystem::path& document) = 0;
     /// Starts the system's own information tool. @return false if none can be found
     virtual bool startSystemInformation() = 0;
+    /// Puts a text on the clipboard.
+    /// @param text  its lines ended by CR LF
+    virtual void copyText(const std::string& text) = 0;
 };
 
 /// All that the core sees of the machine. Lives as long as the program; owned by main.

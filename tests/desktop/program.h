@@ -61,6 +61,7 @@ class QuietDialogs : public Dialogs {
 class NoSurroundings : public Surroundings {
     bool openDocument(const std::filesystem::path&) override { return false; }
     bool startSystemInformation() override { return false; }
+    void copyText(const std::string&) override {}
 };
 
 /// The whole program on a screen that is only memory, with no board.

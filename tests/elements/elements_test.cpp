@@ -87,6 +87,26 @@ TEST(Element, TheFocusLeavesOneElementBeforeAnotherTakesIt) {
     EXPECT_TRUE(second.focused());
 }
 
+TEST(TextField, KnowsThatItWasTypedInUntilEnterOrTheLossOfFocus) {
+    Window window;
+    TextField field(window.form, "Field", "1");
+    EXPECT_FALSE(field.typedIn());
+    field.edit("2");
+    EXPECT_TRUE(field.typedIn());
+    field.enter();
+    EXPECT_FALSE(field.typedIn());
+    field.press('3');
+    EXPECT_TRUE(field.typedIn());
+    field.leave();
+    EXPECT_FALSE(field.typedIn());
+    field.edit("4");
+    field.setText("5");
+    EXPECT_FALSE(field.typedIn());
+    field.onCommit = [&] { window.log += field.typedIn() ? "typed" : "committed"; };
+    field.type("6");
+    EXPECT_EQ(window.log, "committed");
+}
+
 TEST(TextField, EnterAndTheLossOfFocusAreOneCommit) {
     Window window;
     TextField field(window.form, "Field", "old");

@@ -21,8 +21,10 @@ class VirtualSurroundings : public Surroundings {
         return opensDocuments;
     }
     bool startSystemInformation() override { return hasSystemInformation; }
+    void copyText(const std::string& text) override { clipboard = text; }
 
     std::vector<std::filesystem::path> opened;
+    std::string clipboard;
     bool opensDocuments = true;
     bool hasSystemInformation = false;
 };

@@ -3,7 +3,9 @@
 
 #include "desktop/adapters/qt_text.h"
 
+#include <QClipboard>
 #include <QDesktopServices>
+#include <QGuiApplication>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
@@ -24,6 +26,10 @@ bool QtSurroundings::startSystemInformation() {
         }
     }
     return false;
+}
+
+void QtSurroundings::copyText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(linesToQt(text));
 }
 
 } // namespace zor

@@ -217,7 +217,6 @@ class ChipPanel : public Form {
     void ConfSave_Click();
     /// The name that a file dialog gave; nothing if it was cancelled.
     [[nodiscard]] std::optional<std::string> chooseFile(FileRequest::Mode mode);
-    [[nodiscard]] bool mayReplace(const std::string& name);
     void sendLoadedSupply();
     void StdCrystal_Click();
     void NonStdCrystal_Click();

@@ -51,25 +51,12 @@ std::optional<std::string> ChipPanel::chooseFile(FileRequest::Mode mode) {
     return choice.name == request.startName ? std::nullopt : std::optional(choice.name);
 }
 
-bool ChipPanel::mayReplace(const std::string& name) {
-    std::error_code ignored;
-    if (!std::filesystem::exists(name, ignored)) {
-        return true;
-    }
-    Answer answer =
-        bench.platform.dialogs.show({.text = "File already exist:" + name + "\r\nDo you want to replace it?",
-                                     .title = saveErrorTitle,
-                                     .icon = BoxIcon::Question,
-                                     .buttons = BoxButtons::YesNo});
-    return answer == Answer::Yes;
-}
-
 void ChipPanel::ConfSave_Click() {
     try {
         while (std::optional<std::string> chosen = chooseFile(FileRequest::Mode::Save)) {
             std::string name = savedName(*chosen, ownTraits.file);
             // The dialog has asked about the name it gave, not about the one made of it.
-            if (name == *chosen || mayReplace(name)) {
+            if (name == *chosen || mayReplace(bench.platform.dialogs, name)) {
                 writeFileWhole(name, savedConfiguration());
                 return;
             }

@@ -92,6 +92,8 @@ class ControlWord : public TextField {
     void markSent(const Sending& sending);
     /// What the chip holds is not known any more.
     void markUnsent();
+    /// The value that the chip is known to hold; empty while none is known.
+    [[nodiscard]] const std::string& lastSent() const { return sentText; }
     /// What is shown differs from what the chip is known to hold, or nothing is known.
     [[nodiscard]] bool pending() const { return sentText != text(); }
 
