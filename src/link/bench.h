@@ -12,6 +12,7 @@
 #include <array>
 #include <chrono>
 #include <functional>
+#include <map>
 #include <string>
 
 namespace zor {
@@ -84,6 +85,9 @@ struct Bench {
             supplyChanged.emit();
         }
     }
+
+    /// Where this run saved the C header of a device last.
+    std::map<std::string, std::string> savedHeaders;
 
     /// One quiet line at the foot of the main window: what the user should know but need not answer.
     Signal<const std::string&> noticed;

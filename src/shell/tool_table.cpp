@@ -7,6 +7,7 @@
 #include "rftools/beryl_rf_link_test.h"
 #include "rftools/opal_v2_test.h"
 #include "rftools/test_functions.h"
+#include "headergen/frm_gen_header.h"
 #include "shell/about.h"
 #include "utilities/firm_load.h"
 #include "utilities/mac_sniffer.h"
@@ -54,7 +55,7 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::Frm_BerylTestFunctions, "Frm_BerylTestFunctions", nullptr,                   &Menu::mnuToolsBerylTestmode,  make<Frm_BerylTestFunctions>},
         {Tool::SPI,                    "SPI",                    nullptr,                   &Menu::mnuSPI,                 nullptr},
         {Tool::SPIsub2,                "SPIsub2",                nullptr,                   nullptr,                       nullptr},
-        {Tool::Frm_GenHeader,          "Frm_GenHeader",          nullptr,                   &Menu::mnuGenCHeader,          nullptr},
+        {Tool::Frm_GenHeader,          "Frm_GenHeader",          nullptr,                   &Menu::mnuGenCHeader,          make<Frm_GenHeader>},
         {Tool::FirmLoad,               "FirmLoad",               &Switch::FirmLoadOn,       &Menu::mnuload,                make<FirmLoad>},
         {Tool::frm_VireoMacSniffer,    "frm_VireoMacSniffer",    &Switch::VireoMacSnifferOn, &Menu::mnutoolsSniffer,       make<MacSniffer>},
         {Tool::frm_TxSearch,           "frm_TxSearch",           nullptr,                   &Menu::mnutoolsTxSearch,       make<TxSearch>},

@@ -224,6 +224,16 @@ std::vector<SendingAction> sendingActions() {
     addLoaderActions(all);
     addLinkTestActions(all);
     addTestModeActions(all);
+    // A press there commits the field of a panel that is being typed in, and this one's commit sends.
+    all.push_back({"Header_CommitsTheSupply", "OpalV2", &MainMenu::mnuViewTx0, [](VirtualBench& bench) {
+                       bench.shared().tools.open(Tool::Frm_GenHeader);
+                       if (bench.desk.find("OpalV2") != nullptr) {
+                           bench.at("OpalV2", "PowerSupply").edit("3.1");
+                       }
+                       if (bench.desk.find("Frm_GenHeader") != nullptr) {
+                           bench.at("Frm_GenHeader", "PB_Generate").click();
+                       }
+                   }});
     for (int index = 0; index < 3; ++index) {
         all.push_back({"Selector_" + std::to_string(index), "", nullptr,
                        [index](VirtualBench& bench) { bench.at("main", "CB_Mode").choosePosition(index); }});

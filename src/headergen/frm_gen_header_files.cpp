@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// The generator's files: the dialog, what is done about a name, and what is remembered of it.
+#include "headergen/frm_gen_header.h"
+
+#include "support/error.h"
+#include "support/record_file.h"
+
+#include <filesystem>
+
+namespace zor {
+
+namespace {
+
+constexpr const char* saveErrorTitle = "File save error";
+constexpr const char* extension = "h";
+/// A name field that holds no name.
+constexpr const char* pattern = "*.h";
+
+std::string withExtension(const std::string& name) {
+    std::string present = std::filesystem::path(name).extension().string();
+    if (present == ".") {
+        return name + extension;
+    }
+    return present.empty() ? name + "." + extension : name;
+}
+
+} // namespace
+
+std::optional<std::string> Frm_GenHeader::chooseFile() {
+    FileRequest request;
+    request.mode = FileRequest::Mode::Save;
+    request.title = "Save Header File";
+    request.folder = bench.platform.programFolder;
+    request.startName = "Setup_" + deviceName;
+    // Labels and patterns do not pair up; users know the dialog so.
+    request.filter = "C header files (*.h)|All files (*.*)|*.*";
+    request.defaultExtension = extension;
+    request.asksToReplace = false;
+    std::string name = bench.platform.dialogs.chooseFile(request).name;
+    bool cancelled = name == request.startName || std::filesystem::path(name).filename() == pattern;
+    return cancelled ? std::nullopt : std::optional(withExtension(name));
+}
+
+void Frm_GenHeader::PB_Save_Click() {
+    while (std::optional<std::string> name = chooseFile()) {
+        if (mayReplace(bench.platform.dialogs, *name)) {
+            save(*name);
+            return;
+        }
+    }
+}
+
+void Frm_GenHeader::PB_SaveAgain_Click() {
+    auto saved = bench.savedHeaders.find(deviceName);
+    if (saved != bench.savedHeaders.end()) {
+        save(saved->second);
+    }
+}
+
+void Frm_GenHeader::save(const std::string& name) {
+    try {
+        writeFileWhole(name, TB_Header.text() + "\r\n");
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, saveErrorTitle, "Please try again");
+        return;
+    }
+    bench.savedHeaders[deviceName] = name;
+    showSaved();
+}
+
+void Frm_GenHeader::showSaved() {
+    auto saved = bench.savedHeaders.find(deviceName);
+    bool known = saved != bench.savedHeaders.end();
+    PB_SaveAgain.setEnabled(known);
+    std::filesystem::path file = known ? saved->second : std::string();
+    L_Saved.setCaption(known ? "Saved as " + file.filename().string() : std::string());
+    L_Saved.setTip(file.string());
+    PB_SaveAgain.setTip(file.string());
+}
+
+} // namespace zor
