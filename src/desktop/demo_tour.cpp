@@ -47,6 +47,7 @@ void DemoTour::play() {
     waitForBoard();
     takePicture(QStringLiteral("connected"));
     visitTerminal();
+    visitHeaderGenerator();
     main.perform([this] { main.bench().tools.open(Tool::frm_PowerSupply); });
     visitForm(*main.bench().tools.find(Tool::frm_PowerSupply));
     // Its entry is for those who have a board with the loader.
@@ -163,6 +164,12 @@ void DemoTour::waitForEeprom(const Form& programmer) {
     main.loop().runUntil([&programmer] { return programmer.find("Read")->enabled(); });
     // The box that tells the end is closed, and its picture taken, by then.
     settle(500ms);
+void DemoTour::visitHeaderGenerator() {
+    // Its menu is brought out by a gesture; what it shows is a panel's.
+    main.menu.mnuViewTopazTRx.click();
+    main.perform([this] { main.bench().tools.open(Tool::Frm_GenHeader); });
+    visitForm(*main.bench().tools.find(Tool::Frm_GenHeader));
+    main.menu.mnuViewTopazTRx.click();
 }
 
 void DemoTour::visitForm(Form& form) {

@@ -30,6 +30,7 @@ class DemoTour {
     void visitTerminal();
     void visitEeprom();
     void waitForEeprom(const Form& programmer);
+    void visitHeaderGenerator();
     void visitForm(Form& form);
     /// What an engineer does on a chip's panel: set, update, read the status, calibrate, look at the current.
     void workOn(ChipPanel& panel);

@@ -30,6 +30,8 @@ TEST_P(Schemes, EveryTextCanBeReadOnItsGround) {
     EXPECT_GE(contrast(colours.error, ground), readable);
     EXPECT_GE(contrast(colours.softText, ground), readable);
     EXPECT_GE(contrast(colours.softText, base), readable);
+    EXPECT_GE(contrast(colours.directive, base), readable);
+    EXPECT_GE(contrast(colours.codeComment, base), readable);
     EXPECT_GE(contrast(palette.color(QPalette::WindowText), ground), readable);
     EXPECT_GE(contrast(palette.color(QPalette::Text), base), readable);
     EXPECT_GE(contrast(palette.color(QPalette::ButtonText), palette.color(QPalette::Button)), readable);

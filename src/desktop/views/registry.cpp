@@ -20,6 +20,7 @@ const std::map<std::string, View>& allViews() {
         {"Frm_AmberTestFunctions", {testFunctionsView}},
         {"Frm_BerylRfLinkTest", {berylLinkView}},
         {"Frm_BerylTestFunctions", {testFunctionsView}},
+        {"Frm_GenHeader", {headerView}},
         {"Help_R1", {dataFilterHelpView}},
         {"OpalV2test", {opalTestView}},
         {"Preferences", {preferencesView, FormWindow::Frame::Titled}},

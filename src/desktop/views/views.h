@@ -24,6 +24,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
 [[nodiscard]] QWidget* firmLoadView(Form& form);
 [[nodiscard]] QWidget* eepromView(Form& form);
+[[nodiscard]] QWidget* headerView(Form& form);
 [[nodiscard]] QWidget* jadeView(Form& form);
 [[nodiscard]] QWidget* macSnifferView(Form& form);
 [[nodiscard]] QWidget* onyxView(Form& form);

@@ -41,6 +41,8 @@ class ControlWord;
 [[nodiscard]] QWidget* codeField(TextField& element, int columns = 16);
 /// Several lines of text. Enter makes a line.
 [[nodiscard]] QWidget* textArea(TextField& element, int columns = 60, int lines = 8);
+/// C text, fixed-pitch and not wrapped, its directives and comments in colours of their own.
+[[nodiscard]] QWidget* sourceText(TextField& element, int columns = 80, int lines = 24);
 /// A control word: fixed-pitch and centred. It is marked while `pending` says so; a change that does not
 /// come from the element itself is made seen by Binding::redraw.
 [[nodiscard]] QWidget* word(TextField& element, std::function<bool()> pending = {});

@@ -18,6 +18,8 @@ struct RoleColours {
     QColor reminder;     ///< on the window: "Update needed"
     QColor error;        ///< on the window
     QColor softText;     ///< on the window and in a field: units, remarks
+    QColor directive;    ///< in a field: "#define" in C text
+    QColor codeComment;  ///< in a field: a comment in C text
     QColor lit;          ///< a lit lamp
     QColor litEdge;      ///< a lit lamp's edge, on the window
     QColor darkEdge;     ///< a dark lamp's edge, on the window
