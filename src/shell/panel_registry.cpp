@@ -285,9 +285,14 @@ void PanelRegistry::panelClosed(Slot& slot) {
             hide(slot);
         }
     } catch (...) {
-        bench.tools.close(Tool::frm_PowerSupply);
+        closeWindowsOfPanels();
         throw;
     }
+    closeWindowsOfPanels();
+}
+
+void PanelRegistry::closeWindowsOfPanels() const {
+    bench.tools.close(Tool::Help_R1);
     bench.tools.close(Tool::frm_PowerSupply);
 }
 

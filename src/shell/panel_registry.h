@@ -73,6 +73,8 @@ class PanelRegistry {
     /// The panel, made and filled if there is none; its row has a maker.
     ChipPanel& ensure(Slot& slot);
     void panelClosed(Slot& slot);
+    /// What panels open for themselves, and what goes with them.
+    void closeWindowsOfPanels() const;
 
     Bench& bench;
     MainMenu& menu;

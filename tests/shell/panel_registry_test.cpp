@@ -205,13 +205,13 @@ TEST_F(Registry, APanelThatDoesNotExistIsNotOffered) {
     EXPECT_FALSE(shared.windows.TX1on);
 }
 
-TEST_F(Registry, ClosingThePanelsWindowEndsThePanelAndTheSupplyTool) {
+TEST_F(Registry, ClosingThePanelsWindowEndsThePanelItsHelpAndTheSupplyTool) {
     choose(menu.mnuViewRx);
     Form* panel = bench.desk.find("OpalV2");
     ASSERT_TRUE(panel->userClose());
     EXPECT_EQ(farewells, Names{"AmberV1"});
     EXPECT_EQ(closings(), (Closed{Tool::AmberV1rflink, Tool::AmberV1rflink_LB2, Tool::frm_Link_RX,
-                                  Tool::frm_PowerSupply}));
+                                  Tool::Help_R1, Tool::frm_PowerSupply}));
     EXPECT_EQ(openPanels(), Names{});
     EXPECT_FALSE(RX.pressed());
     EXPECT_EQ(bench.desk.find("OpalV2"), nullptr);
@@ -228,7 +228,8 @@ TEST_F(Registry, AToolWhoseEndIsDroppedDoesNotKeepTheOthersOpen) {
     tools.onClose[Tool::AmberV1rflink] = [] { throw ActionDropped(); };
     choose(menu.mnuViewRx);
     ASSERT_TRUE(bench.desk.find("OpalV2")->userClose());
-    EXPECT_EQ(closings(), (Closed{Tool::AmberV1rflink_LB2, Tool::frm_Link_RX, Tool::frm_PowerSupply}));
+    EXPECT_EQ(closings(),
+              (Closed{Tool::AmberV1rflink_LB2, Tool::frm_Link_RX, Tool::Help_R1, Tool::frm_PowerSupply}));
     EXPECT_EQ(openPanels(), Names{});
     EXPECT_EQ(bench.desk.find("OpalV2"), nullptr);
 }

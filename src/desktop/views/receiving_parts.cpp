@@ -41,7 +41,7 @@ QWidget* receivingPages(ReceivingPanel& p, PageAdditions additions) {
              {}, {formula(p.DataRateFormula, p.DataRateFormulaPower)}),
         page(p.page(6),
              {line(labelled("Filter", list(p.FILTTYPE, 18)),
-                   labelled("Clock recovery", list(p.ClkRecMode, 8))),
+                   labelled("Clock recovery", list(p.ClkRecMode, 8)), stretch(), button(p.PB_FilterHelp)),
               line(labelled("DQD parameter:", field(p.StatefiltNr, 4)), slider(p.STATEFILT)),
               tick(p.DFILTbit5)},
              additions.filter),

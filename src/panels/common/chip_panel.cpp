@@ -221,7 +221,22 @@ void ChipPanel::unload() {
     // A sequence ends with the panel that owns it.
     interruptSample.end();
     statusRead.end();
+    struct Farewell {
+        bool& mark;
+        explicit Farewell(bool& ownMark)
+            : mark(ownMark) {
+            mark = true;
+        }
+        ~Farewell() { mark = false; }
+    } farewell(sayingFarewell);
+    releaseChip();
     sendFarewell();
+}
+
+void ChipPanel::dropIfClosed() const {
+    if (isClosed() && !sayingFarewell) {
+        throw ActionDropped();
+    }
 }
 
 bool ChipPanel::portReady(const char* boxText) {
@@ -238,16 +253,21 @@ void ChipPanel::reading() {
 }
 
 Exchange ChipPanel::sendLine(const char* line) {
-    return bench.connect->Send_To_LoadBoard(std::string(line) + "\r");
+    dropIfClosed();
+    Exchange result = bench.connect->Send_To_LoadBoard(std::string(line) + "\r");
+    dropIfClosed();
+    return result;
 }
 
 Exchange ChipPanel::sendWord(ControlWord& word) {
+    dropIfClosed();
     // While the line waits the word may change, and be sent again.
     ControlWord::Sending sending = word.beginSending();
     Exchange result = bench.connect->Send_To_LoadBoard(word.line());
     if (result.outcome == Exchange::Outcome::Answered) {
         word.markSent(sending);
     }
+    dropIfClosed();
     return result;
 }
 

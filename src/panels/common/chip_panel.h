@@ -238,6 +238,11 @@ class ChipPanel : public Form {
         void end();
     };
     void readStatusStep(Step step);
+    /// A status read that ends with its panel must not leave the chip selected, nor its frequency control
+    /// off.
+    void releaseChip();
+    /// What is left of an action ends with the panel; only its farewell goes out behind that.
+    void dropIfClosed() const;
     void RepStatusReadTimer_Timer();
     void SRVisualTimer_Timer();
 
@@ -253,6 +258,9 @@ class ChipPanel : public Form {
     std::string crystalShown = "10";
     Sequence interruptSample;
     Sequence statusRead;
+    /// From the selection of the chip for a status read to its end.
+    bool chipSelected = false;
+    bool sayingFarewell = false;
     Timer RepStatusReadTimer;
     Timer SRVisualTimer;
 };

@@ -4,6 +4,8 @@
 #include "panels/common/chip_panel.h"
 #include "support/numbers.h"
 
+#include <utility>
+
 namespace zor {
 
 namespace {
@@ -57,6 +59,7 @@ void ChipPanel::Sequence::end() {
 void ChipPanel::Timer3_Timer() {
     if (!bench.connect->isOpen() || !statusRead.claim.held()) {
         statusRead.end();
+        chipSelected = false;
         statusReadCutShort();
         return;
     }
@@ -69,6 +72,7 @@ void ChipPanel::readStatusStep(Step step) {
     case begin:
         beforeStatusRead();
         sendLine("H2");
+        chipSelected = true;
         sendLine("L2");
         if (*ownTraits.statusCommand != '\0') {
             sendLine(ownTraits.statusCommand);
@@ -83,11 +87,13 @@ void ChipPanel::readStatusStep(Step step) {
             statusRead.asked = sendLine("RS");
             next = secondByte;
         } else {
+            chipSelected = false;
             sendLine("H2");
         }
         break;
     case secondByte:
         showStatusByte(1, statusRead.asked.byteAt(byteAt).value_or(0));
+        chipSelected = false;
         sendLine("H2");
         afterStatusRead();
         break;
@@ -97,6 +103,16 @@ void ChipPanel::readStatusStep(Step step) {
     }
     // Nobody hears of it where the sequence ended while a line waited for its answer.
     statusRead.claim.setStep(next);
+}
+
+void ChipPanel::releaseChip() {
+    if (!bench.connect->isOpen()) {
+        return;
+    }
+    if (std::exchange(chipSelected, false)) {
+        sendLine("H2");
+    }
+    afterStatusRead();
 }
 
 void ChipPanel::showStatusByte(int index, std::uint32_t byte) {
@@ -113,12 +129,11 @@ void ChipPanel::paintStatus(int lastIndicator, std::uint32_t byte) {
 // The sample of the interrupt line: ask, read, end.
 void ChipPanel::Timer1_Timer() {
     PortClaim& claim = interruptSample.claim;
-    if (!bench.connect->isOpen() || !claim.held()) {
-        interruptSample.end();
-    } else if (claim.step() == begin) {
+    bool mayGoOn = bench.connect->isOpen() && claim.held();
+    if (mayGoOn && claim.step() == begin) {
         interruptSample.asked = sendLine("RI");
         claim.setStep(firstByte);
-    } else if (claim.step() == firstByte) {
+    } else if (mayGoOn && claim.step() == firstByte) {
         bool low = interruptSample.asked.characterAt(ownTraits.interruptPosition) == '0';
         IRQ.paint(low, low ? OnColor : OffColor);
         claim.setStep(finish);

@@ -67,6 +67,7 @@ ReceivingPanel::ReceivingPanel(Bench& ownBench, const PanelTraits& panelTraits,
     , DFILTbit5(*this, "DFILTbit5", receivingTraits.filterBit)
     , STATEFILT(*this, "STATEFILT", 0, highestFilterParameter, 0)
     , StatefiltNr(*this, "StatefiltNr")
+    , PB_FilterHelp(*this, "PB_FilterHelp", "?")
     , Datafiltw(*this, "Datafiltw", "Data Filter Command:")
     , ITLEVEL(*this, "ITLEVEL", 0, receivingTraits.highestFifoLevel, 0)
     , ITlevelNr(*this, "ITlevelNr")
@@ -124,6 +125,8 @@ void ReceivingPanel::wireSettings() {
     }
     feed(DFILTbit5, Datafiltw);
     StatefiltNr.onCommit = [this] { StatefiltNr_LostFocus(); };
+    PB_FilterHelp.setTip("Data Filter Block Diagram");
+    PB_FilterHelp.onClick = [this] { bench.tools.open(Tool::Help_R1); };
 }
 
 void ReceivingPanel::wireFifo() {

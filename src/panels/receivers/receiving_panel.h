@@ -76,6 +76,8 @@ class ReceivingPanel : public ChipPanel {
     TickBox DFILTbit5;
     Slider STATEFILT;
     TextField StatefiltNr;
+    /// Shows the filter's block diagram.
+    Button PB_FilterHelp;
     ControlWord Datafiltw;
 
     // FIFO Buffer
