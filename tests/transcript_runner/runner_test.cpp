@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/runner.h"
 
+#include "elements/desk.h"
+#include "elements/form.h"
+#include "shell/main_window.h"
+#include "transcript_runner/statements.h"
 #include "virtual/virtual_machine.h"
 
 #include <gtest/gtest.h>
@@ -36,6 +40,32 @@ struct Row {
 
 void PrintTo(const Row& row, std::ostream* out) {
     *out << row.lines;
+}
+
+/// The window in front when these statements have been carried out behind two windows' opening.
+std::string frontBehind(const std::string& lines) {
+    World world;
+    for (const Statement& statement :
+         readTranscript("start\nrun 3000\nclick main.mnutoolsTerminal\nchoose main.TX Opal\n" + lines)) {
+        carryOut(world, statement);
+    }
+    Form* front = world.program().desk().front();
+    return front == nullptr ? "none" : front->name();
+}
+
+TEST(Gestures, BringTheirWindowToTheFront) {
+    EXPECT_EQ(frontBehind(""), "OpalV2");
+    for (const char* gesture : {"tick Terminal.En_ScriptWindow", "leave Terminal.Text1", "click Terminal",
+                                "move Terminal 30 30", "size Terminal 3000 3000"}) {
+        EXPECT_EQ(frontBehind(gesture), "Terminal") << gesture;
+    }
+    EXPECT_EQ(frontBehind("after 10 tick Terminal.En_ScriptWindow\nrun 20"), "Terminal");
+}
+
+TEST(Gestures, OnTheBarsAndThoseThatAreRefusedMoveNoWindow) {
+    EXPECT_EQ(frontBehind("tick Terminal.En_ScriptWindow\nclick main.mnuViewToolbar"), "Terminal");
+    EXPECT_EQ(frontBehind("tick Terminal.En_ScriptWindow\nrefused type OpalV2.Crystalfreq 9"), "Terminal");
+    EXPECT_EQ(frontBehind("tick Terminal.En_ScriptWindow\ntext OpalV2.Crystalfreq 10"), "Terminal");
 }
 
 class EveryCheck : public ::testing::TestWithParam<Row> {};

@@ -55,6 +55,16 @@ Statement delayed(const Statement& statement) {
     return without(statement, 2);
 }
 
+/// A mouse that reaches for something in a window brings the window to the front.
+void bringToFront(World& world, const Arguments& gesture) {
+    // "pick row GRID N" is the one gesture that names what it is for in front.
+    const std::string& name = gesture.text(gesture.isWord(0, "row") ? 1 : 0);
+    Form* form = world.findWindow(name.substr(0, name.find('.')));
+    if (form != nullptr) {
+        form->userActivate();
+    }
+}
+
 } // namespace
 
 const std::string& Arguments::text(std::size_t position) const {
@@ -176,19 +186,7 @@ void checkForm(const Statement& statement) {
     Arguments(statement).expectCount(row.least, row.most);
 }
 
-namespace {
-
-/// A mouse brings the window that it acts on to the front first; the main window's bars stand beside the
-/// others.
-void bringForward(World& world, const Statement& gesture) {
-    std::string name = Arguments(gesture).text(0);
-    Form* form = world.findWindow(name.substr(0, name.find('.')));
-    if (form != nullptr && form->kind() == Form::Kind::Window && form != &world.program()) {
-        form->userActivate();
-    }
-}
-
-} // namespace
+namespace {} // namespace
 
 void carryOut(World& world, const Statement& statement) {
     checkForm(statement);
@@ -198,7 +196,7 @@ void carryOut(World& world, const Statement& statement) {
     }
     if (!begins(statement, "refused")) {
         if (findRow(gestureStatements(), statement.tokens.front().text) != nullptr) {
-            bringForward(world, statement);
+            bringToFront(world, Arguments(statement));
         }
         rowOf(statement).carryOut(world, Arguments(statement));
         return;
