@@ -27,7 +27,7 @@ void FaultyLine::pass(const Transmission& transmission) {
     if (bytes.ends_with(successPrompt) && happens(plan.refusalRate)) {
         bytes = errorPrompt;
     }
-    bytes = withNoise(bytes);
+    bytes = withNoise(bytes + plan.trail);
     auto delay = transmission.delay + plan.delay;
     if (plan.splitEvery == 0) {
         send(std::move(bytes), delay);

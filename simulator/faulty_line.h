@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <random>
+#include <string>
 
 namespace zor::sim {
 
@@ -26,6 +27,8 @@ struct FaultPlan {
     std::size_t splitEvery = 0;
     /// From one piece to the next.
     std::chrono::milliseconds splitGap{20};
+    /// Comes behind each answer, as a board that ends its prompts otherwise would have it.
+    std::string trail;
     /// The same seed and the same answers give the same faults.
     std::uint32_t seed = 1;
 };

@@ -108,6 +108,24 @@ TEST(Boxes, ShowTheTextWithItsLineBreaksAndNoMarkup) {
               Answer::Ok);
 }
 
+TEST(Boxes, BearTheirSigns) {
+    struct Row {
+        BoxIcon icon;
+        QMessageBox::Icon shown;
+    };
+    for (const Row& row :
+         {Row{BoxIcon::None, QMessageBox::NoIcon}, Row{BoxIcon::Information, QMessageBox::Information},
+          Row{BoxIcon::Warning, QMessageBox::Warning}, Row{BoxIcon::Critical, QMessageBox::Critical},
+          Row{BoxIcon::Question, QMessageBox::Question}}) {
+        QtDialogs dialogs;
+        whenShown([&row](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), row.shown);
+            box.accept();
+        });
+        dialogs.show({.text = "x", .icon = row.icon});
+    }
+}
+
 TEST(FileDialogs, OfferTheLabelsAsTheyAreAndTheStartNameInTheirNameField) {
     for (auto mode : {FileRequest::Mode::Save, FileRequest::Mode::Load}) {
         bool save = mode == FileRequest::Mode::Save;

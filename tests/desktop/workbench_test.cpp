@@ -347,6 +347,23 @@ TEST(Workbench, MovingAndSizingAnInnerWindowIsToldInTwips) {
     EXPECT_EQ(shell.pos(), QPoint(10, 20));
 }
 
+TEST(Workbench, AWindowAskedForAgainComesToTheFront) {
+    Program program;
+    program.start();
+    program.main.menu.mnutoolsTerminal.click();
+    program.main.bench().tools.open(Tool::frm_PowerSupply);
+    program.window.activateWindow();
+    QCoreApplication::processEvents();
+    auto front = [&program] { return program.window.area().activeSubWindow()->windowTitle(); };
+    ASSERT_EQ(front(), "Power Supply Settings");
+    program.main.menu.mnutoolsTerminal.click();
+    EXPECT_EQ(front(), "Terminal");
+    // In front of the others on the screen too.
+    EXPECT_EQ(program.window.area().subWindowList(QMdiArea::StackingOrder).last()->windowTitle(), "Terminal");
+    program.main.bench().tools.open(Tool::frm_PowerSupply);
+    EXPECT_EQ(front(), "Power Supply Settings");
+}
+
 TEST(Workbench, APanelOpensInTheTopLeftCornerWhateverElseIsOpen) {
     Program program;
     program.start();

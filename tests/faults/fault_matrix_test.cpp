@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <tuple>
 
 namespace zor::testing {
 
@@ -31,6 +32,12 @@ sim::Board& board(VirtualBench& bench) {
 /// Faults of the answers stand in front of the board until the bench ends.
 class FaultyBench : public VirtualBench {
   public:
+    FaultyBench(Delivery delivery, sim::BoardKind kind) {
+        ports.delivery = delivery;
+        ports.place(port, kind);
+        startAndSearch();
+    }
+
     void spoil(const sim::FaultPlan& plan) {
         auto out = board(*this).transmit;
         line = std::make_unique<sim::FaultyLine>(board(*this), plan);
@@ -61,6 +68,7 @@ std::vector<Fault> spoiledAnswers() {
         spoiled("a little garbage", {.noiseRate = 0.03, .seed = 11}),
         spoiled("one character at a time", {.splitEvery = 1, .splitGap = 35ms}),
         spoiled("split in the prompt", {.splitEvery = 5, .splitGap = 90ms}),
+        spoiled("a line feed behind each prompt", {.trail = "\n"}),
     };
 }
 
@@ -230,15 +238,17 @@ void reconnect(FaultyBench& bench, sim::BoardKind kind) {
               kind == sim::BoardKind::Loader ? "reading..." : "Comm. OK");
 }
 
-class FaultMatrix : public ::testing::TestWithParam<SendingAction> {};
+/// How a driver hands on what it received bears on what a wait for the prompt gets to see.
+class FaultMatrix : public ::testing::TestWithParam<std::tuple<SendingAction, Delivery>> {
+  protected:
+    const SendingAction& action = std::get<SendingAction>(GetParam());
+    const Delivery delivery = std::get<Delivery>(GetParam());
+};
 
 TEST_P(FaultMatrix, LeavesTheProgramAbleToWork) {
-    const SendingAction& action = GetParam();
     for (const Fault& fault : faults()) {
         SCOPED_TRACE(fault.name);
-        FaultyBench bench;
-        bench.ports.place(port, action.board);
-        bench.startAndSearch();
+        FaultyBench bench(delivery, action.board);
         openWindow(bench, action);
         bench.takeSent();
 
@@ -262,11 +272,8 @@ TEST_P(FaultMatrix, LeavesTheProgramAbleToWork) {
 }
 
 TEST_P(FaultMatrix, EndsWhenTheProgramIsLeftWhileItWaits) {
-    const SendingAction& action = GetParam();
     for (auto moment : {1ms, 8ms, 30ms, 120ms}) {
-        FaultyBench bench;
-        bench.ports.place(port, action.board);
-        bench.startAndSearch();
+        FaultyBench bench(delivery, action.board);
         openWindow(bench, action);
         bench.takeSent();
         board(bench).setDelay(300ms);
@@ -284,8 +291,16 @@ TEST_P(FaultMatrix, EndsWhenTheProgramIsLeftWhileItWaits) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryWindow, FaultMatrix, ::testing::ValuesIn(sendingActions()),
-                         [](const auto& row) { return row.param.name; });
+std::string nameOf(const ::testing::TestParamInfo<FaultMatrix::ParamType>& row) {
+    Delivery delivery = std::get<Delivery>(row.param);
+    return std::get<SendingAction>(row.param).name + "_in_reads_of_" +
+           (delivery == allWaiting ? "all" : std::to_string(delivery));
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryWindow, FaultMatrix,
+                         ::testing::Combine(::testing::ValuesIn(sendingActions()),
+                                            ::testing::Values(Delivery(1), Delivery(2), allWaiting)),
+                         nameOf);
 
 } // namespace
 

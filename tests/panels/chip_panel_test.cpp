@@ -33,6 +33,30 @@ TEST(ChipPanel, UpdateSendsTheWordsInTheirOrderAndTakesTheMarkAway) {
     EXPECT_EQ(bench.shared().CommStatus->text(), "Comm. OK");
 }
 
+TEST(ChipPanel, AWordIsPendingWhileItDiffersFromWhatTheBoardHasTaken) {
+    PanelBench<OpalV2> bench(With::LoadBoard2);
+    auto& panel = bench.open();
+    auto pending = [&panel] {
+        std::string names;
+        for (const ControlWord* word : panel.words()) {
+            names += word->pending() ? word->name() + " " : "";
+        }
+        return names;
+    };
+    EXPECT_EQ(pending(), "Ctrlw Freqw OutPowerw PowerMw LBDw Wkupw ");
+    bench.click("Update");
+    EXPECT_EQ(pending(), "");
+    bench.type("FreqCenter", "314");
+    EXPECT_EQ(pending(), "Freqw ");
+    bench.tick("pm5");
+    EXPECT_EQ(pending(), "Freqw PowerMw ");
+    // Back at what the chip has.
+    bench.type("FreqCenter", "315");
+    EXPECT_EQ(pending(), "PowerMw ");
+    bench.click("Update");
+    EXPECT_EQ(pending(), "");
+}
+
 TEST(ChipPanel, UpdateOfTheKT1101EndsWithThePllWord) {
     PanelBench<JadeV1> bench(With::LoadBoard2);
     bench.open();

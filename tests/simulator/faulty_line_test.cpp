@@ -123,4 +123,10 @@ TEST(FaultyLine, PassesOpeningAndBreakToTheBoard) {
     EXPECT_EQ(bench.said(), "\n\rOK\n\r>");
 }
 
+TEST(FaultyLine, TheTrailComesBehindEachAnswer) {
+    FaultyBench bench({.trail = "\n"});
+    bench.write("Z3\r");
+    EXPECT_EQ(bench.said(), "\n\rOK\n\r>\n");
+}
+
 } // namespace zor::sim

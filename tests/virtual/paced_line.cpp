@@ -23,6 +23,10 @@ void PacedLine::send(std::string_view bytes, EventLoop::Duration delay) {
     schedule();
 }
 
+bool PacedLine::continues() const {
+    return !travelling.empty() && travelling.front().arrival <= loop.now() + 2 * characterTime;
+}
+
 void PacedLine::drain() {
     loop.stopTimer(std::exchange(timer, 0));
     while (!travelling.empty()) {

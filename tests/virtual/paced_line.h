@@ -10,7 +10,7 @@
 namespace zor::testing {
 
 /// One direction of a serial line: what is sent arrives character by character, each one character's time
-/// (ten bits) behind the one before.
+/// behind the one before.
 class PacedLine {
   public:
     PacedLine(EventLoop& eventLoop, std::function<void(char)> arrival);
@@ -20,9 +20,14 @@ class PacedLine {
 
     /// Characters already on their way keep the speed they were sent at.
     /// @param baud  bits a second
-    void setSpeed(int baud) { characterTime = std::chrono::nanoseconds(10'000'000'000LL / baud); }
+    /// @param bits  of a character, start and stop bits included
+    void setSpeed(int baud, int bits = 10) {
+        characterTime = std::chrono::nanoseconds(bits * 1'000'000'000LL / baud);
+    }
     /// @param delay  how much later than now the first character starts at the earliest
     void send(std::string_view bytes, EventLoop::Duration delay = EventLoop::Duration(0));
+    /// The next character follows on the heels of the one that has just arrived.
+    [[nodiscard]] bool continues() const;
     /// What is on its way arrives at once.
     void drain();
     /// What is on its way is lost.

@@ -2,7 +2,9 @@
 #include "virtual/virtual_ports.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <array>
+#include <sstream>
+#include <string_view>
 #include <utility>
 
 namespace zor::testing {
@@ -10,14 +12,41 @@ namespace zor::testing {
 namespace {
 
 constexpr std::chrono::milliseconds noticeDelay(500);
+/// What a driver keeps if nobody asks for another size.
+constexpr std::size_t driversBuffer = 1024;
+
+struct Format {
+    int baud;
+    /// Of a character: the start bit, data, perhaps parity, stop.
+    int bits;
+};
+
+/// Throws ToolError deviceInputOutput for settings that no line has.
+Format readFormat(const std::string& text) {
+    int baud = 0;
+    char parity = 0;
+    int dataBits = 0;
+    int stopBits = 0;
+    std::array<char, 3> commas{};
+    std::istringstream parts(text);
+    parts >> baud >> commas[0] >> parity >> commas[1] >> dataBits >> commas[2] >> stopBits;
+    bool whole = parts && parts.eof() && commas == std::array{',', ',', ','};
+    bool possible = baud > 0 && std::string_view("NEOMS").find(parity) != std::string_view::npos &&
+                    dataBits >= 5 && dataBits <= 8 && (stopBits == 1 || stopBits == 2);
+    if (!whole || !possible) {
+        throw ToolError(deviceInputOutput);
+    }
+    return {baud, 1 + dataBits + (parity == 'N' ? 0 : 1) + stopBits};
+}
 
 } // namespace
 
-VirtualSeat::VirtualSeat(EventLoop& eventLoop, int seatNumber,
+VirtualSeat::VirtualSeat(EventLoop& eventLoop, int seatNumber, const Delivery& machineDelivery,
                          std::function<void(const std::string& line)> lineSeen,
                          std::function<void()> lineFeedSeen)
     : loop(eventLoop)
     , portNumber(seatNumber)
+    , delivery(machineDelivery)
     , seen(std::move(lineSeen))
     , feedSeen(std::move(lineFeedSeen))
     , toBoard(eventLoop, [this](char byte) { sittingBoard->receive(byte); })
@@ -28,6 +57,7 @@ VirtualSeat::VirtualSeat(EventLoop& eventLoop, int seatNumber,
 void VirtualSeat::place(sim::BoardKind kind) {
     toBoard.clear();
     toPort.clear();
+    waiting.clear();
     sittingBoard = std::make_unique<sim::Board>(kind);
     sittingBoard->circuits().time = [this] { return loop.now(); };
     sittingBoard->lineReceived = seen;
@@ -41,6 +71,7 @@ void VirtualSeat::unplug() {
     isPlugged = false;
     toBoard.clear();
     toPort.clear();
+    closed();
     if (VirtualSerialPort* port = std::exchange(holder, nullptr)) {
         port->seat = nullptr;
         port->noticeLater();
@@ -49,9 +80,9 @@ void VirtualSeat::unplug() {
 
 void VirtualSeat::setFormat(const std::string& format) {
     lineFormat = format;
-    int baud = std::atoi(format.c_str());
-    toBoard.setSpeed(baud);
-    toPort.setSpeed(baud);
+    auto [baud, bits] = readFormat(format);
+    toBoard.setSpeed(baud, bits);
+    toPort.setSpeed(baud, bits);
     sittingBoard->lineSpeedChanged(baud);
 }
 
@@ -61,10 +92,48 @@ void VirtualSeat::fault(int code) {
     }
 }
 
+void VirtualSeat::opened(VirtualSerialPort& port, const LineSettings& settings) {
+    holder = &port;
+    setFormat(settings.format);
+    inputBuffer = static_cast<std::size_t>(std::max(settings.inputBuffer.value_or(driversBuffer), 1));
+    if (settings.clearInput) {
+        waiting.clear();
+    }
+    dtrIsOn = settings.dtr.value_or(dtrIsOn);
+    rtsIsOn = settings.rts.value_or(rtsIsOn);
+    allOpenings.push_back(settings);
+    board().lineOpened();
+    if (!waiting.empty()) {
+        loop.startTimer(EventLoop::Duration(0), EventLoop::Repeat::Once, [this] { handOn(); });
+    }
+}
+
+void VirtualSeat::closed() {
+    dtrIsOn = false;
+    rtsIsOn = false;
+    // What of a read has not been handed on goes with the port.
+    waiting.clear();
+}
+
 void VirtualSeat::fromBoard(char byte) {
-    // What comes while nobody has the port open is lost.
-    if (holder != nullptr && holder->received) {
-        loop.perform([this, byte] { holder->received(byte); });
+    if (holder == nullptr && !keepsInputWhileClosed) {
+        return;
+    }
+    waiting.push_back(byte);
+    if (holder != nullptr && (waiting.size() >= std::min(delivery, inputBuffer) || !toPort.continues())) {
+        handOn();
+    }
+}
+
+/// One read. What a character leads to may wait, and lets the next read come inside this one; it may also
+/// close the port.
+void VirtualSeat::handOn() {
+    while (holder != nullptr && !waiting.empty()) {
+        char byte = waiting.front();
+        waiting.pop_front();
+        if (holder->received) {
+            loop.perform([this, byte] { holder->received(byte); });
+        }
     }
 }
 
@@ -87,7 +156,7 @@ VirtualSeat& VirtualPorts::seat(int number) {
     std::unique_ptr<VirtualSeat>& place = members[number];
     if (!place) {
         place = std::make_unique<VirtualSeat>(
-            loop, number,
+            loop, number, delivery,
             [this, number](const std::string& line) {
                 sent.push_back({number, line});
             },
@@ -151,11 +220,9 @@ void VirtualSerialPort::open(int number, const LineSettings& settings) {
     if (there->openError != 0) {
         throw ToolError(there->openError);
     }
+    there->opened(*this, settings);
     seat = there;
-    seat->holder = this;
     opened = true;
-    seat->setFormat(settings.format);
-    seat->board().lineOpened();
     gone.stop();
 }
 
@@ -191,6 +258,7 @@ void VirtualSerialPort::letGo() {
         left->holder = nullptr;
         // Closing waits in the driver until what was written has gone out.
         left->toBoard.drain();
+        left->closed();
     }
 }
 

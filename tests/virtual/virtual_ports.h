@@ -5,6 +5,8 @@
 #include "simulator/board.h"
 #include "virtual/paced_line.h"
 
+#include <deque>
+#include <limits>
 #include <map>
 #include <vector>
 
@@ -12,12 +14,17 @@ namespace zor::testing {
 
 class VirtualSerialPort;
 
+/// How many characters the driver hands on in one read, at most.
+using Delivery = std::size_t;
+inline constexpr Delivery allWaiting = std::numeric_limits<Delivery>::max();
+
 /// A numbered port of the virtual machine with what sits on it: a simulated board behind a line that has the
 /// real one's pace.
 class VirtualSeat {
   public:
-    VirtualSeat(EventLoop& eventLoop, int portNumber, std::function<void(const std::string& line)> lineSeen,
-                std::function<void()> lineFeedSeen);
+    /// @param machineDelivery  outlives the seat
+    VirtualSeat(EventLoop& eventLoop, int portNumber, const Delivery& machineDelivery,
+                std::function<void(const std::string& line)> lineSeen, std::function<void()> lineFeedSeen);
 
     [[nodiscard]] int number() const { return portNumber; }
     /// Puts a board there; the one before goes.
@@ -34,6 +41,15 @@ class VirtualSeat {
     bool denied = false;
     /// The USB driver holds the device.
     bool heldByDriver = false;
+    /// What comes while the port is closed waits for the next opening, which may throw it away. Else it is
+    /// lost, as at a plain serial port.
+    bool keepsInputWhileClosed = false;
+
+    /// The modem lines as the board sees them; both fall as a port is closed.
+    [[nodiscard]] bool dtr() const { return dtrIsOn; }
+    [[nodiscard]] bool rts() const { return rtsIsOn; }
+    /// What each opening asked for, oldest first.
+    [[nodiscard]] const std::vector<LineSettings>& openings() const { return allOpenings; }
 
     [[nodiscard]] bool plugged() const { return isPlugged; }
     /// The device goes: a port that is open on it writes into nowhere from now on.
@@ -49,11 +65,15 @@ class VirtualSeat {
 
   private:
     friend class VirtualSerialPort;
+    void opened(VirtualSerialPort& port, const LineSettings& settings);
+    void closed();
     void fromBoard(char byte);
     void setFormat(const std::string& format);
+    void handOn();
 
     EventLoop& loop;
     int portNumber;
+    const Delivery& delivery;
     std::function<void(const std::string& line)> seen;
     std::function<void()> feedSeen;
     std::unique_ptr<sim::Board> sittingBoard;
@@ -62,6 +82,12 @@ class VirtualSeat {
     PacedLine toPort;
     std::string lineFormat;
     bool isPlugged = true;
+    bool dtrIsOn = false;
+    bool rtsIsOn = false;
+    std::vector<LineSettings> allOpenings;
+    /// What the driver has received and not handed on yet; so much of it fits.
+    std::deque<char> waiting;
+    std::size_t inputBuffer = 0;
 };
 
 /// The ports of a machine that exists only in virtual time.
@@ -85,6 +111,10 @@ class VirtualPorts : public SerialPorts {
     sim::Board& place(int number, sim::BoardKind kind);
     /// By number.
     [[nodiscard]] const std::map<int, std::unique_ptr<VirtualSeat>>& seats() const { return members; }
+
+    /// On every port: 1 as a plain line does, more as an adapter does that collects what it receives. A pause
+    /// on the line ends a read, and so does a full buffer.
+    Delivery delivery = 1;
 
     struct SentLine {
         int port;

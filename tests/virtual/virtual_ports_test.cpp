@@ -19,10 +19,26 @@ struct Line : VirtualMachine {
             heard += c;
             lastHeard = loop.now();
             acted = loop.acting();
+            // One turn of the loop hands on one read.
+            if (reads.empty() || turn != loop.eventCount()) {
+                reads.emplace_back();
+            }
+            turn = loop.eventCount();
+            reads.back() += c;
         };
         port->open(number, settings);
     }
     bool acted = false;
+    std::vector<std::string> reads;
+    std::uint64_t turn = 0;
+
+    /// What a board's answer to the line comes in.
+    std::vector<std::string> readsOf(const std::string& line) {
+        reads.clear();
+        port->write(line);
+        loop.runFor(std::chrono::seconds(1));
+        return reads;
+    }
 };
 
 int errorOf(const std::function<void()>& action) {
@@ -59,6 +75,111 @@ TEST(VirtualPort, IsPacedBySpeedOfItsSettings) {
     line.port->write("Z3\r");
     line.loop.runFor(1s);
     EXPECT_NEAR(static_cast<double>(line.lastHeard.count()), 2604.2, 2);
+}
+
+TEST(VirtualPort, IsPacedByParityAndStopBitsToo) {
+    Line line;
+    line.ports.place(1, sim::BoardKind::LoadBoard1);
+    line.open(1, {.format = "19200,E,8,2"});
+    line.port->write("Z3\r");
+    line.loop.runFor(1s);
+    EXPECT_NEAR(static_cast<double>(line.lastHeard.count()), 5208.3 * 1.2, 2);
+}
+
+TEST(VirtualPort, RefusesSettingsThatNoLineHas) {
+    for (const char* format : {"", "19200", "19200,N,8", "fast,N,8,1", "0,N,8,1", "19200,X,8,1",
+                               "19200,N,9,1", "19200,N,8,3", "19200,N,8,1,", "19200;N;8;1"}) {
+        Line line;
+        line.ports.place(1, sim::BoardKind::LoadBoard1);
+        EXPECT_EQ(errorOf([&] { line.open(1, {.format = format}); }), 57) << format;
+        EXPECT_FALSE(line.port->isOpen());
+        EXPECT_FALSE(line.ports.seat(1).heldByPort());
+    }
+}
+
+TEST(VirtualPort, SetsTheModemLinesAsAskedAndDropsThemAsItCloses) {
+    Line line;
+    line.ports.place(1, sim::BoardKind::LoadBoard1);
+    VirtualSeat& seat = line.ports.seat(1);
+    line.open(1);
+    EXPECT_FALSE(seat.dtr());
+    EXPECT_FALSE(seat.rts());
+    line.port->close();
+    line.open(1, {.dtr = true});
+    EXPECT_TRUE(seat.dtr());
+    EXPECT_FALSE(seat.rts());
+    line.port->close();
+    EXPECT_FALSE(seat.dtr());
+    line.open(1, {.dtr = false, .rts = true});
+    EXPECT_FALSE(seat.dtr());
+    EXPECT_TRUE(seat.rts());
+    seat.unplug();
+    EXPECT_FALSE(seat.rts());
+    ASSERT_EQ(seat.openings().size(), 3u);
+    EXPECT_EQ(seat.openings()[1].dtr, true);
+    EXPECT_EQ(seat.openings()[1].rts, std::nullopt);
+}
+
+TEST(VirtualPort, HandsOnOneCharacterOrTwoOrAllThatWaitInOneRead) {
+    using Reads = std::vector<std::string>;
+    Line line;
+    line.ports.place(1, sim::BoardKind::LoadBoard1);
+    line.open(1);
+    EXPECT_EQ(line.readsOf("Z3\r"), (Reads{"\n", "\r", "O", "K", "\n", "\r", ">"}));
+    line.ports.delivery = 2;
+    EXPECT_EQ(line.readsOf("Z3\r"), (Reads{"\n\r", "OK", "\n\r", ">"}));
+    line.ports.delivery = allWaiting;
+    EXPECT_EQ(line.readsOf("Z3\r"), (Reads{"\n\rOK\n\r>"}));
+    // The read ends with the last character that comes without a pause.
+    EXPECT_NEAR(static_cast<double>((line.loop.now() - line.lastHeard).count()), 1e6 - 5208.3, 2);
+    // As large a driver's buffer as asked for, and no larger.
+    line.port->close();
+    line.open(1, {.inputBuffer = 3});
+    EXPECT_EQ(line.readsOf("Z3\r"), (Reads{"\n\rO", "K\n\r", ">"}));
+}
+
+TEST(VirtualPort, EndsAReadAtAPause) {
+    Line line;
+    sim::Board& board = line.ports.place(1, sim::BoardKind::Silent);
+    line.ports.delivery = allWaiting;
+    line.open(1);
+    board.emit("ab");
+    line.loop.runFor(5ms);
+    board.emit("cd");
+    line.loop.runFor(1s);
+    EXPECT_EQ(line.reads, (std::vector<std::string>{"ab", "cd"}));
+}
+
+TEST(VirtualPort, ThatIsClosedInAReadLosesTheRestOfIt) {
+    Line line;
+    line.ports.place(1, sim::BoardKind::LoadBoard1);
+    line.ports.delivery = allWaiting;
+    line.open(1);
+    line.port->received = [&](char c) {
+        line.heard += c;
+        if (c == 'O') {
+            line.port->close();
+        }
+    };
+    line.port->write("Z3\r");
+    line.loop.runFor(1s);
+    EXPECT_EQ(line.heard, "\n\rO");
+    line.open(1);
+    line.loop.runFor(1s);
+    EXPECT_EQ(line.heard, "\n\rO");
+}
+
+TEST(VirtualPort, ThatKeepsItsInputHandsItOnUnlessTheNextOpeningClearsIt) {
+    for (bool clear : {false, true}) {
+        Line line;
+        line.ports.place(1, sim::BoardKind::Silent).emit("late");
+        line.ports.seat(1).keepsInputWhileClosed = true;
+        line.loop.runFor(1s);
+        line.open(1, {.clearInput = clear});
+        EXPECT_EQ(line.heard, "");
+        line.loop.runFor(1s);
+        EXPECT_EQ(line.heard, clear ? "" : "late");
+    }
 }
 
 TEST(VirtualPort, FailsToOpenAsToldByItsSeat) {
