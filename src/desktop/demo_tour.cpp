@@ -4,6 +4,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "elements/button.h"
 #include "elements/menu.h"
+#include "elements/text_field.h"
 #include "elements/tick_box.h"
 #include "panels/common/chip_panel.h"
 #include "shell/main_window.h"
@@ -141,7 +142,7 @@ void DemoTour::visitEeprom() {
     programmer.find("Read")->click();
     waitForEeprom(programmer);
     auto image = [](const std::string& word) {
-        std::string text = "90 30 a6 7c b1 00 c0 38 c2 00 eb 00 ca 40 c8 23 c6 0f aa aa 2d d4 " + word +
+        std::string text = "90 30 a6 7c b1 00 c0 38 c2 00 eb 00 ca 40 c8 23 c6 11 aa 2d d4 " + word +
                            " 20 62 65 61\r\n63 6f 6e c4 00";
         for (int byte = 37; byte < 128; ++byte) {
             text += byte % 32 == 0 ? "\r\n00" : " 00";
@@ -156,7 +157,9 @@ void DemoTour::visitEeprom() {
     settle(3500ms);
     takePicture(QStringLiteral("eeprom-running"));
     waitForEeprom(programmer);
-    settle(500ms);
+    // Onto one of the two, whose address and bytes are told then.
+    constexpr std::size_t changedByte = 24;
+    static_cast<TextField*>(programmer.find("WorkSheet"))->placeCaret(3 * changedByte);
     visitForm(programmer);
 }
 

@@ -89,7 +89,7 @@ QWidget* eepromView(Form& form) {
                  keepRoom(label(e.Label2, Tone::Soft)), keepRoom(label(e.Label3))),
             memoryGroup(e),
             line(strongButton(e.Prog), button(e.Verify), button(e.Read), button(e.Command1),
-                 tick(e.VerifyAfterProgramming), stretch(), labelled(e.Label1, field(e.StatusMsg, 18))),
+                 tick(e.VerifyAfterProgramming), stretch(), labelled(e.Label1, textField(e.StatusMsg, 18))),
             line(keepRoom(progress(e.ProgressBar1)), keepRoom(label(e.RunProgress, Tone::Soft)),
                  keepRoom(button(e.StopButton))),
         },
