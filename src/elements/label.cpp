@@ -42,4 +42,10 @@ void Lamp::paint(bool lit, const Swatch& colour) {
     changed.emit();
 }
 
+void Lamp::light(bool lit, std::optional<Colour> colour) {
+    isLit = lit;
+    setBackground(colour);
+    changed.emit();
+}
+
 } // namespace zor

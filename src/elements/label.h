@@ -45,6 +45,8 @@ class Lamp : public Element {
     /// Lights or darkens it, with the background of the swatch that stands for that state; a dark lamp is
     /// disabled.
     void paint(bool lit, const Swatch& colour);
+    /// Lights or darkens it, with a colour of its own or a view's; whether it is enabled is another matter.
+    void light(bool lit, std::optional<Colour> colour = std::nullopt);
 
   private:
     bool isLit = false;

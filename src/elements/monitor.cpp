@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "elements/monitor.h"
 
+#include <algorithm>
+
 namespace zor {
 
 void Monitor::append(std::string_view text) {
@@ -14,6 +16,16 @@ void Monitor::clear() {
     changed.emit();
 }
 
+void Monitor::keepFrom(std::size_t position) {
+    if (position == 0) {
+        return;
+    }
+    std::size_t dropped = std::min(position, content.size());
+    content.erase(0, dropped);
+    cursorPosition -= std::min(cursorPosition, dropped);
+    changed.emit();
+}
+
 void Monitor::takeBackLast() {
     if (content.empty()) {
         return;
@@ -24,6 +36,9 @@ void Monitor::takeBackLast() {
 }
 
 bool Monitor::press(char key) {
+    if (isLocked) {
+        return false;
+    }
     return act([&] {
         if (key == '\b') {
             takeBackLast();

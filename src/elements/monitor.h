@@ -17,6 +17,11 @@ class Monitor : public Element {
     void append(std::string_view text);
     /// Empties it; tells `changed`.
     void clear();
+    /// Drops what stands in front of that place; tells `changed`.
+    void keepFrom(std::size_t position);
+    /// A locked one only shows; no key does anything.
+    [[nodiscard]] bool locked() const { return isLocked; }
+    void setLocked(bool locked) { isLocked = locked; }
     /// Where the product last put the cursor.
     [[nodiscard]] std::size_t cursor() const { return cursorPosition; }
     void setCursor(std::size_t position) { cursorPosition = position; }
@@ -34,6 +39,7 @@ class Monitor : public Element {
 
     std::string content;
     std::size_t cursorPosition = 0;
+    bool isLocked = false;
 };
 
 } // namespace zor

@@ -76,6 +76,11 @@ class MonitorView : public QPlainTextEdit {
     }
 
     void take(std::string_view text) {
+        if (elementOf<Monitor>(*binding)->contents().size() != seen + text.size()) {
+            // Whoever heard of it first has shortened the text already.
+            showAnew();
+            return;
+        }
         seen += text.size();
         waiting += text;
         // Twice the bound is let through so that each batch, not each character, moves what is left.

@@ -60,7 +60,7 @@ void AmberV1::setDefaults() {
     ReceiverPanel::setDefaults();
     Revision.fill(std::vector<std::string>{oldRevision, newRevision});
     Revision.selectText(bench.preferences.Pref_AmberRevision);
-    if (RevisionF < 0) {
+    if (revisionFlag < 0) {
         // A preference that names no generation.
         Revision.selectText(newRevision);
     }
@@ -82,14 +82,14 @@ void AmberV1::Revision_Click() {
          {{"Digital LPF", 1}, {"Analog LPF", 3}}},
     };
     for (const RevisionRow& row : rows) {
-        if (Revision.text() == row.revision && RevisionF != row.flag) {
+        if (Revision.text() == row.revision && revisionFlag != row.flag) {
             switchRevision(row);
         }
     }
 }
 
 void AmberV1::switchRevision(const RevisionRow& row) {
-    RevisionF = row.flag;
+    revisionFlag = row.flag;
     showStatusOf(row);
     Revision.setBackground((this->*row.colour).background());
     dataratepresc.setEnabled(isF());

@@ -16,6 +16,8 @@ class AmberV1 : public ReceiverPanel {
     Swatch Green;
     Swatch Yellow;
 
+    [[nodiscard]] int RevisionF() const override { return revisionFlag; }
+
   protected:
     void setDefaults() override;
     [[nodiscard]] ConfigurationLines configuration() override;
@@ -28,7 +30,7 @@ class AmberV1 : public ReceiverPanel {
   private:
     struct RevisionRow;
 
-    [[nodiscard]] bool isF() const { return RevisionF == 1; }
+    [[nodiscard]] bool isF() const { return revisionFlag == 1; }
     void Revision_Click();
     void switchRevision(const RevisionRow& row);
     void showStatusOf(const RevisionRow& row);
@@ -36,7 +38,7 @@ class AmberV1 : public ReceiverPanel {
     void setFrequencyControlForm();
 
     /// 1 for "'F' or above", 0 for "'E' or below", -1 before the start.
-    int RevisionF = -1;
+    int revisionFlag = -1;
 };
 
 } // namespace zor

@@ -21,6 +21,9 @@ class ReceiverPanel : public ReceivingPanel {
     TickBox enrec;
     TickBox fmodeen;
 
+    /// 0 for the older of a chip's two generations, else 1.
+    [[nodiscard]] virtual int RevisionF() const { return 1; }
+
   protected:
     void setDefaults() override;
     void calibrate() override;

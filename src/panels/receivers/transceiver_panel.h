@@ -44,6 +44,9 @@ class TransceiverPanel : public ReceivingPanel {
 
     TickBox SensResEn;
 
+    /// 1 if the chip clocks the data itself, out of its transmit register.
+    [[nodiscard]] int TXlatchOn() const { return EnTXLatch.ticked() ? 1 : 0; }
+
   protected:
     void setDefaults() override;
     void calibrate() override;
