@@ -29,4 +29,10 @@ void placeBeside(Form& tool, const Form* panel) {
     }
 }
 
+void placeBelow(Form& tool, const Form* above) {
+    if (above != nullptr) {
+        tool.setPlace(kept({above->place().top + above->extent().height, above->place().left}, tool));
+    }
+}
+
 } // namespace zor

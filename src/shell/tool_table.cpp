@@ -4,7 +4,10 @@
 #include "eeprom/ecet.h"
 #include "eeprom/eeprom.h"
 #include "eeprom/frm_cmd_sequence.h"
+#include "rftools/amber_v1_rflink.h"
 #include "rftools/beryl_rf_link_test.h"
+#include "rftools/frm_link.h"
+#include "rftools/frm_link_rx.h"
 #include "rftools/opal_v2_test.h"
 #include "rftools/test_functions.h"
 #include "headergen/frm_gen_header.h"
@@ -45,10 +48,10 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::eeprom,                 "eeprom",                 &Switch::EEPROMon,         nullptr,                       make<Eeprom>, sized},
         {Tool::ECET,                   "ECET",                   nullptr,                   &Menu::mnutoolsECET,           make<ECET>},
         {Tool::Frm_CmdSequence,        "Frm_CmdSequence",        nullptr,                   nullptr,                       make<Frm_CmdSequence>},
-        {Tool::frm_Link,               "frm_Link",               &Switch::CWLinkTXOn,       &Menu::mnutoolsRFSetup_TX,     nullptr},
-        {Tool::frm_Link_RX,            "frm_Link_RX",            &Switch::CWLinkRXOn,       &Menu::mnutoolsRFSetup_RX,     nullptr},
-        {Tool::AmberV1rflink,          "AmberV1rflink",          &Switch::RxLinkOn,         nullptr,                       nullptr, sized},
-        {Tool::AmberV1rflink_LB2,      "AmberV1rflink_LB2",      &Switch::RxLinkOn_LB2,     nullptr,                       nullptr, sized},
+        {Tool::frm_Link,               "frm_Link",               &Switch::CWLinkTXOn,       &Menu::mnutoolsRFSetup_TX,     make<frm_Link>},
+        {Tool::frm_Link_RX,            "frm_Link_RX",            &Switch::CWLinkRXOn,       &Menu::mnutoolsRFSetup_RX,     make<frm_Link_RX>},
+        {Tool::AmberV1rflink,          "AmberV1rflink",          &Switch::RxLinkOn,         nullptr,                       makeAmberV1rflink, sized},
+        {Tool::AmberV1rflink_LB2,      "AmberV1rflink_LB2",      &Switch::RxLinkOn_LB2,     nullptr,                       makeAmberV1rflink_LB2, sized},
         {Tool::Frm_BerylRfLinkTest,    "Frm_BerylRfLinkTest",    &Switch::TRxLinkOn,        &Menu::mnuToolsBerylRFlink,    make<Frm_BerylRfLinkTest>},
         {Tool::OpalV2test,             "OpalV2test",             &Switch::OpalV2testOn,     &Menu::mnuToolsOpalTestmode,   make<OpalV2test>, placed},
         {Tool::Frm_AmberTestFunctions, "Frm_AmberTestFunctions", nullptr,                   &Menu::mnuToolsAmberTestmode,  make<Frm_AmberTestFunctions>},

@@ -180,6 +180,9 @@ constexpr CommandForm commandForms[] = {
     {"ri", 0, 0},
     {"F0", 0, 0},
     {"T0", 0, 0},
+    {"y", 2, 2},
+    {"d", 1, 1},
+    {"RO", 0, 0},
 };
 
 /// A packet command with its arguments between commas.
@@ -207,7 +210,7 @@ bool isWholeCommand(std::string_view line) {
                std::string_view digits = line.substr(std::min(form.word.size(), line.size()));
                return line.starts_with(form.word) && digits.size() >= form.fewest &&
                       digits.size() <= form.most &&
-                      digits.find_first_not_of("0123456789ABCDEF") == std::string_view::npos;
+                      digits.find_first_not_of("0123456789ABCDEFabcdef") == std::string_view::npos;
            });
 }
 

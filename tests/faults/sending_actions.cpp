@@ -2,6 +2,7 @@
 #include "faults/sending_actions.h"
 
 #include "eeprom/eeprom.h"
+#include "faults/link_actions.h"
 #include "shell/panel_table.h"
 #include "support/record_file.h"
 
@@ -234,6 +235,9 @@ std::vector<SendingAction> sendingActions() {
                            bench.at("Frm_GenHeader", "PB_Generate").click();
                        }
                    }});
+    for (SendingAction& action : linkActions()) {
+        all.push_back(std::move(action));
+    }
     for (int index = 0; index < 3; ++index) {
         all.push_back({"Selector_" + std::to_string(index), "", nullptr,
                        [index](VirtualBench& bench) { bench.at("main", "CB_Mode").choosePosition(index); }});

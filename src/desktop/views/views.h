@@ -9,6 +9,7 @@ namespace zor {
 
 class Form;
 class MainWindow;
+class ReceivedPackets;
 
 /// The three bars of the main window.
 void addMainBars(QMainWindow& window, MainWindow& main);
@@ -21,10 +22,12 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* contentEditorView(Form& form);
 [[nodiscard]] QWidget* coralView(Form& form);
 [[nodiscard]] QWidget* topazView(Form& form);
+[[nodiscard]] QWidget* carrierView(Form& form);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
 [[nodiscard]] QWidget* firmLoadView(Form& form);
 [[nodiscard]] QWidget* eepromView(Form& form);
 [[nodiscard]] QWidget* headerView(Form& form);
+[[nodiscard]] QWidget* dataOutputView(Form& form);
 [[nodiscard]] QWidget* jadeView(Form& form);
 [[nodiscard]] QWidget* macSnifferView(Form& form);
 [[nodiscard]] QWidget* onyxView(Form& form);
@@ -33,9 +36,15 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
 [[nodiscard]] QWidget* preferencesView(Form& form);
 [[nodiscard]] QWidget* productsView(Form& form);
+[[nodiscard]] QWidget* receiverLinkView(Form& form);
 [[nodiscard]] QWidget* splashView(Form& form);
 [[nodiscard]] QWidget* testFunctionsView(Form& form);
 [[nodiscard]] QWidget* terminalView(Form& form);
 [[nodiscard]] QWidget* txSearchView(Form& form);
+
+/// The table of received packets with its buttons, and the strip of their lengths with its figures: parts of
+/// every window that receives.
+[[nodiscard]] QWidget* receivedTable(ReceivedPackets& received, int rows);
+[[nodiscard]] QWidget* receivedLengths(ReceivedPackets& received);
 
 } // namespace zor
