@@ -55,6 +55,7 @@ void DemoTour::play() {
     main.perform([this] { main.bench().tools.open(Tool::FirmLoad); });
     visitForm(*main.bench().tools.find(Tool::FirmLoad));
     visitEeprom();
+    visitLinks();
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }

@@ -29,6 +29,7 @@ class DemoTour {
     void visit(MenuEntry& entry);
     void visitTerminal();
     void visitEeprom();
+    void visitLinks();
     void waitForEeprom(const Form& programmer);
     void visitHeaderGenerator();
     void visitForm(Form& form);

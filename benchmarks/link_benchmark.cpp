@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+// The receivers' and transmitters' link tools on the real loop: how evenly the carrier is toggled, and how
+// soon a board is armed again behind a packet.
+#include "answering_terminal.h"
+#include "bench_on_terminal.h"
+#include "ratio.h"
+
+#include "link/connect.h"
+#include "rftools/amber_v1_rflink.h"
+#include "rftools/frm_link.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QEventLoop>
+#include <QTimer>
+
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <thread>
+
+namespace zor::benchmarks {
+
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+
+constexpr Seconds toggleTime{0.050};
+/// Of the silence behind a packet that ends it.
+constexpr Seconds readTimeout{0.050};
+
+const DeclareRatio toggleRatio("ToggleInterval", "ToldToggleInterval", 1.02);
+/// 2 ms over the bare loop's timer.
+const DeclareRatio armingRatio("ArmingBehindAPacket", "BareTimer", 1.04);
+
+void ToldToggleInterval(benchmark::State& state) {
+    for (auto _ : state) {
+        state.SetIterationTime(toggleTime.count());
+    }
+}
+BENCHMARK(ToldToggleInterval)->UseManualTime()->Iterations(100);
+
+/// Times are the told interval and by how much each one misses it, early or late.
+void ToggleInterval(benchmark::State& state) {
+    OnProcessor first(0);
+    AnsweringTerminal terminal;
+    BenchOnTerminal bench(terminal.path());
+    bench.bench().windows.TX0on = true;
+    auto& window = dynamic_cast<frm_Link&>(bench.bench().tools.create(Tool::frm_Link));
+    window.show();
+    window.cb_astabil.tick(true);
+    window.Slider.slide(window.Slider.maximum());
+    std::vector<EventLoop::Duration> toggles;
+    Subscription heard = bench.connect().tap.bytes.subscribe([&toggles](const WireBytes& line) {
+        if (line.direction == WireBytes::Direction::ToBoard && line.bytes.starts_with('y')) {
+            toggles.push_back(line.time);
+        }
+    });
+    auto waitForToggle = [&] {
+        std::size_t before = toggles.size();
+        bench.main().loop().runUntil([&] { return toggles.size() > before; });
+    };
+    waitForToggle();
+    for (auto _ : state) {
+        waitForToggle();
+        Seconds interval = toggles[toggles.size() - 1] - toggles[toggles.size() - 2];
+        state.SetIterationTime(toggleTime.count() + std::abs((interval - toggleTime).count()));
+    }
+    window.cb_astabil.tick(false);
+    window.close();
+}
+BENCHMARK(ToggleInterval)->UseManualTime()->Iterations(40);
+
+void BareTimer(benchmark::State& state) {
+    OnProcessor first(0);
+    for (auto _ : state) {
+        QEventLoop loop;
+        QTimer timer;
+        timer.setTimerType(Qt::PreciseTimer);
+        timer.setSingleShot(true);
+        QObject::connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+        timer.start(std::chrono::duration_cast<std::chrono::milliseconds>(readTimeout));
+        loop.exec();
+    }
+}
+BENCHMARK(BareTimer)->UseRealTime()->Iterations(20);
+
+/// Answers every line at once, and reports a packet a while after each fill of the FIFO.
+class ReportingTerminal {
+  public:
+    ReportingTerminal()
+        : board([this] { answer(); }) {}
+    ~ReportingTerminal() {
+        ending = true;
+        // A line of nobody wakes the board a last time.
+        (void)!::write(pair.nearEnd(), "\r", 1);
+        board.join();
+    }
+    ReportingTerminal(const ReportingTerminal&) = delete;
+    ReportingTerminal& operator=(const ReportingTerminal&) = delete;
+
+    [[nodiscard]] const std::string& path() const { return pair.path(); }
+
+  private:
+    void answer() {
+        OnProcessor second(1);
+        std::string line;
+        char c = 0;
+        while (::read(pair.farEnd(), &c, 1) == 1 && !ending) {
+            if (c != '\r') {
+                line += c;
+                continue;
+            }
+            pair.write("\n\rOK\n\r>");
+            if (line.starts_with("S2") && line.ends_with("7")) {
+                std::this_thread::sleep_for(std::chrono::milliseconds(10));
+                pair.write("\n\rReceived packet: 05 bytes: hello\n\rOK\n\r>");
+            }
+            line.clear();
+        }
+    }
+
+    TerminalPair pair;
+    std::atomic<bool> ending = false;
+    std::thread board;
+};
+
+/// From the last character of a report to the first of the line that arms again, the read timeout included.
+void ArmingBehindAPacket(benchmark::State& state) {
+    OnProcessor first(0);
+    ReportingTerminal terminal;
+    BenchOnTerminal bench(terminal.path());
+    bench.bench().link.LoadBoardRev = 2;
+    bench.main().menu.mnuViewRx.setEnabled(true);
+    bench.main().menu.View.setEnabled(true);
+    bench.main().menu.mnuViewRx.click();
+    auto& window = dynamic_cast<AmberV1rflink&>(bench.bench().tools.create(Tool::AmberV1rflink_LB2));
+    window.show();
+    EventLoop::Duration lastHeard{};
+    std::vector<EventLoop::Duration> delays;
+    Subscription heard = bench.connect().tap.bytes.subscribe([&](const WireBytes& line) {
+        if (line.direction == WireBytes::Direction::FromBoard) {
+            lastHeard = line.time;
+        } else if (line.bytes.ends_with("5\r")) {
+            delays.push_back(line.time - lastHeard);
+        }
+    });
+    window.EnRx.click();
+    delays.clear();
+    for (auto _ : state) {
+        std::size_t before = delays.size();
+        bench.main().loop().runUntil([&] { return delays.size() > before; });
+        state.SetIterationTime(Seconds(delays.back()).count());
+    }
+    if (window.EnRx.caption() != "Disable") {
+        state.SkipWithError("the window does not receive");
+    }
+    window.close();
+}
+BENCHMARK(ArmingBehindAPacket)->UseManualTime()->Iterations(20);
+
+} // namespace
+
+} // namespace zor::benchmarks
