@@ -194,6 +194,21 @@ TEST_F(Binders, KeysAndDoubleClicksInALockedFieldReachItsActions) {
     EXPECT_EQ(element.text(), "C400");
 }
 
+TEST_F(Binders, AMemorysCellsAreClickedAndWalkedWithTheArrows) {
+    auto& element = add<CellPicture>("MemoryPicture", 64U, 16U);
+    element.onCell = [&](std::size_t cell) { element.pick(cell); };
+    auto& picture = show<QWidget>(cellPicture(element));
+    QTest::mouseClick(&picture, Qt::LeftButton, {}, QPoint(picture.width() - 3, picture.height() - 3));
+    EXPECT_EQ(element.picked(), 1023U) << "the nearest cell";
+    QTest::keyClick(&picture, Qt::Key_Down);
+    EXPECT_EQ(element.picked(), 1023U);
+    QTest::keyClick(&picture, Qt::Key_Up);
+    QTest::keyClick(&picture, Qt::Key_Left);
+    EXPECT_EQ(element.picked(), 1006U);
+    element.setContents({CellPicture::Cell::Differs});
+    EXPECT_EQ(picture.accessibleName(), "0 written, 0 zero, 0 empty, 1 different");
+}
+
 TEST_F(Binders, AReadOnlyFieldTakesNoKeys) {
     auto& element = add<TextField>("Freqw", "A7D0", TextField::Access::ReadOnly);
     auto& line = show<QLineEdit>(word(element));

@@ -13,6 +13,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -48,6 +49,24 @@ FileRequest configurationRequest(FileRequest::Mode mode) {
 }
 
 } // namespace
+
+TEST(QtDialogs, ABoxOfMoreLinesThanAScreenScrolls) {
+    std::string report;
+    for (int line = 0; line < 3000; ++line) {
+        report += "difference in pos.: " + std::to_string(line) + "\r\n";
+    }
+    bool looked = false;
+    whenShown([&](QMessageBox& box) {
+        looked = true;
+        EXPECT_LT(box.height(), 700);
+        EXPECT_EQ(box.text().count(QLatin1Char('\n')), 3000);
+        EXPECT_NE(box.findChild<QScrollArea*>(), nullptr);
+        box.accept();
+    });
+    QtDialogs dialogs;
+    EXPECT_EQ(dialogs.show({.text = report}), Answer::Ok);
+    EXPECT_TRUE(looked);
+}
 
 TEST(FileFilters, PairsOfLabelAndPatternBecomeFilters) {
     EXPECT_EQ(fileFilters("Text files (*.txt) | *.txt |All files (*.*)| *.*"),

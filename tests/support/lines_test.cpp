@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "support/lines.h"
+
+#include <gtest/gtest.h>
+
+namespace zor {
+
+TEST(Lines, AreEndedAlikeWhateverEndedThem) {
+    EXPECT_EQ(withLineEnds("a\r\nb\nc\rd"), "a\r\nb\r\nc\r\nd\r\n");
+    EXPECT_EQ(withLineEnds("a\r\n"), "a\r\n");
+    EXPECT_EQ(withLineEnds("a\n\rb"), "a\r\n\r\nb\r\n") << "the wrong way round these are two ends";
+    EXPECT_EQ(withLineEnds("\r\r\n\n"), "\r\n\r\n\r\n");
+    EXPECT_EQ(withLineEnds(""), "");
+}
+
+} // namespace zor
