@@ -2,6 +2,7 @@
 #include "simulator/bench_control.h"
 
 #include "simulator/loader_firmware.h"
+#include "simulator/register_list_chip.h"
 #include "simulator/trace_text.h"
 #include "support/error.h"
 #include "support/numbers.h"
@@ -241,6 +242,58 @@ bool keepImage(Board& board, std::string_view text) {
     return true;
 }
 
+/// A fresh chip of registers, with the values of a register list's first chip if one is named.
+bool setRegisters(Board& board, std::string_view text) {
+    try {
+        RegisterList list = text.empty() ? RegisterList{} : readRegisterList(readFile(std::string(text)));
+        takeFirstChip(board.circuits().fitRegisters(), list);
+        return true;
+    } catch (const std::runtime_error&) {
+        return false;
+    }
+}
+
+RegisterChip& registersOn(Board& board) {
+    Hardware& circuits = board.circuits();
+    return circuits.registers() == nullptr ? circuits.fitRegisters() : *circuits.registers();
+}
+
+bool setRegister(Board& board, std::string_view text) {
+    auto words = wordsOf(text);
+    auto address = words.size() == 2 ? readByte(words[0]) : std::nullopt;
+    auto value = words.size() == 2 && words[1].size() <= 4 ? readHex(words[1]) : std::nullopt;
+    bool good = address && *address < RegisterChip::registerCount && value;
+    if (good && words[1].size() > 2) {
+        registersOn(board).setStatus(*address, static_cast<std::uint16_t>(*value));
+    } else if (good) {
+        registersOn(board).setRegister(*address, static_cast<std::uint8_t>(*value));
+    }
+    return good;
+}
+
+bool fillFifo(Board& board, std::string_view text) {
+    auto bytes = readBytes(text);
+    for (std::uint8_t byte : bytes.value_or(std::vector<std::uint8_t>())) {
+        registersOn(board).receive(byte);
+    }
+    return bytes && !bytes->empty();
+}
+
+bool setLoop(Board& board, std::string_view text) {
+    if (text == "off") {
+        registersOn(board).openLoop();
+        return true;
+    }
+    auto words = wordsOf(text);
+    auto rate = words.empty() || words.size() > 2 ? std::nullopt : readNumericPrefix(words[0]);
+    auto seed = words.size() == 2 ? readCount(words[1], 2'000'000'000) : std::optional(1);
+    bool good = rate && *rate >= 0 && *rate <= 1 && seed;
+    if (good) {
+        registersOn(board).closeLoop(*rate, static_cast<std::uint32_t>(*seed));
+    }
+    return good;
+}
+
 struct Statement {
     std::string_view word;
     std::string_view form;
@@ -268,6 +321,13 @@ constexpr Statement statements[] = {
     {"slow",    "slow MS",          "a loader takes so long for each of XOFF and XON",      setFlowTime},
     {"stall",   "stall N",          "a loader falls silent at line N of a download, 0 never", stallAt},
     {"image",   "image PATH",       "write what a loader was given to a file, as text",     keepImage},
+    {"registers", "registers [FILE]", "a chip of 128 registers; its values from a register list", setRegisters},
+    {"register", "register AA VV",  "what a register holds; four digits are a status word", setRegister},
+    {"fifo",    "fifo XX XX ...",   "bytes that wait in the register chip's receive FIFO",  fillFifo},
+    {"loop",    "loop RATE [SEED]|off",
+                                    "transmit to receive FIFO, with that bit error rate",   setLoop},
+    {"eeprom",  "eeprom [none | busy MS|always | ADDRESS XX...]",
+                                    "a serial EEPROM in place of the radio chip; its bytes", setEeprom},
 };
 // clang-format on
 

@@ -56,7 +56,7 @@ void setPace(Options& options, const std::string& value) {
 /// A bench statement whose fields may stand between commas on the command line. It is tried on a board of its
 /// own, so that a bad one is told at once.
 void addSetup(Options& options, std::string_view word, std::string value) {
-    if (word != "refuse") {
+    if (word != "refuse" && word != "registers") {
         std::ranges::replace(value, ',', ' ');
     }
     std::string statement = std::string(word) + ' ' + value;
@@ -96,6 +96,8 @@ constexpr Option options[] = {
      [](Options& o, const std::string& v) { addSetup(o, "irq", v); }},
     {"--current", "HIGH,LOW", "what the current converter reads in each range, 0 to 1023",
      [](Options& o, const std::string& v) { addSetup(o, "current", v); }},
+    {"--registers", "FILE", "a chip of registers in place of the radio chip, as FILE lists its first one",
+     [](Options& o, const std::string& v) { addSetup(o, "registers", v); }},
     {"--eeprom", "FILE", "a serial EEPROM in place of the radio chip; FILE keeps its 1024 bytes",
      [](Options& o, const std::string& v) { o.eepromFile = v; }},
     {"--packets", "RATE", "a monitor prints so many packets a second, 0.01 to 1000, once nobody asks it anything",

@@ -80,6 +80,32 @@ TEST(BenchControl, SetsWhatALoaderDoesAndKeepsWhatItWasGiven) {
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
+TEST(BenchControl, PutsAChipOfRegistersOnTheBus) {
+    Bench bench;
+    EXPECT_EQ(say(bench, "registers"), ControlOutcome::done);
+    EXPECT_EQ(say(bench, "register 0A 5F"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("S2 0A00"), "005F \n\rOK\n\r>");
+    EXPECT_EQ(say(bench, "register 30 4225"), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("S2 3000"), "4225 \n\rOK\n\r>");
+    EXPECT_EQ(say(bench, "fifo 41 42"), ControlOutcome::done);
+    EXPECT_EQ(bench.board.circuits().registers()->receiveFifo().size(), 2u);
+    EXPECT_EQ(say(bench, "loop 0.001 7"), ControlOutcome::done);
+    EXPECT_EQ(say(bench, "loop off"), ControlOutcome::done);
+    for (const char* bad : {"registers /no/such/file", "register 80 00", "register 0A", "register 0A 123456",
+                            "fifo", "fifo 4", "loop", "loop 2", "loop 0.1 x"}) {
+        EXPECT_EQ(say(bench, bad), ControlOutcome::failed) << bad;
+    }
+}
+
+TEST(BenchControl, TheDemonstrationChipHasItsValuesAfterReset) {
+    Bench bench;
+    EXPECT_EQ(say(bench, "registers " ZOR_REGISTERS_FILE), ControlOutcome::done);
+    EXPECT_EQ(bench.ask("S2 0000"), "0024 \n\rOK\n\r>");
+    EXPECT_EQ(bench.ask("S2 3000"), "4225 \n\rOK\n\r>");
+    bench.ask("S2 BE41");
+    EXPECT_EQ(bench.board.circuits().registers()->transmitFifo().size(), 1u);
+}
+
 TEST(BenchControl, RefusesWhatItCannotReadAndChangesNothing) {
     Bench bench;
     bench.board.setStatus(0x12, 0x34);
