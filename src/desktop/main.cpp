@@ -133,6 +133,8 @@ int main(int argc, char** argv) {
         .registerStores = registerStores,
         .programFolder = fromQt(QCoreApplication::applicationDirPath()),
         .userFolder = fromQt(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
+        .startDatabase = fromQt(
+            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../Registers/ZOR.db"))),
         .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',
     };
     Desk desk(loop);

@@ -27,6 +27,7 @@ const std::map<std::string, View>& allViews() {
         {"OpalV2test", {opalTestView}},
         {"Preferences", {preferencesView, FormWindow::Frame::Titled}},
         {"Products", {productsView}},
+        {"SPI", {registerToolView}},
         {"Terminal", {terminalView}},
         {"eeprom", {eepromView}},
         {"frmAbout", {aboutView}},

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "desktop/widgets/binding.h"
+#include "elements/bit_cell.h"
 #include "elements/button.h"
 #include "elements/cell_picture.h"
 #include "elements/coloured_log.h"
@@ -22,6 +23,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <deque>
 #include <functional>
 #include <initializer_list>
 #include <vector>
@@ -80,6 +82,15 @@ enum class Tone { Normal, Soft, Reminder, Error, Title };
 [[nodiscard]] QWidget* cellPicture(CellPicture& element);
 /// What a cell of that kind looks like, and what it means.
 [[nodiscard]] QWidget* cellSample(CellPicture::Cell kind, const QString& meaning);
+enum class CellShape {
+    Tall, ///< number and digit in the cell, the name below it
+    Flat, ///< the name in the cell
+};
+enum class CellUse { Clicked, Shown };
+[[nodiscard]] QWidget* bitCell(BitCell& element, CellShape shape, CellUse use);
+/// Cells side by side, the highest at the left.
+[[nodiscard]] QWidget* bitRow(std::deque<BitCell>& cells, CellShape shape, CellUse use, std::size_t lowest,
+                              std::size_t count);
 
 [[nodiscard]] QWidget* slider(Slider& element);
 /// Two small arrows.
@@ -104,6 +115,8 @@ inline constexpr int monitorLines = 5'000;
 
 /// A table; it is `lines` rows high at first and takes what room there is.
 [[nodiscard]] QWidget* gridView(Grid& element, int lines = 10);
+/// The same under the grid's caption.
+[[nodiscard]] QWidget* captionedGrid(Grid& element, int lines = 10);
 /// A log of coloured lines.
 [[nodiscard]] QWidget* logView(ColouredLog& element, int columns = 80, int lines = 6);
 

@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPalette>
+#include <QPersistentModelIndex>
+#include <QTimer>
 
 namespace zor {
 
@@ -25,6 +27,7 @@ const Grid* GridModel::grid() const {
 void GridModel::take(const GridChange& change) {
     using Kind = GridChange::Kind;
     bool before = change.moment == GridChange::Moment::Before;
+    isChanging = before;
     int first = static_cast<int>(change.first);
     int last = first + static_cast<int>(change.count) - 1;
     switch (change.kind) {
@@ -86,6 +89,15 @@ QVariant GridModel::inkOf(CellLook look) {
     return {};
 }
 
+QVariant GridModel::groundOf(CellLook look) {
+    if (look == CellLook::Pending) {
+        return roles(QApplication::palette()).pendingBack;
+    }
+    // A quiet ground: the strong colours are for what can be clicked.
+    return look == CellLook::Strong ? QVariant(QApplication::palette().color(QPalette::Midlight))
+                                    : QVariant();
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (grid() == nullptr || !index.isValid() || index.row() >= rowCount()) {
         return {};
@@ -102,8 +114,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::ForegroundRole:
         return inkOf(cell.look);
     case Qt::BackgroundRole:
-        return cell.look == CellLook::Pending ? QVariant(roles(QApplication::palette()).pendingBack)
-                                              : QVariant();
+        return groundOf(cell.look);
     default:
         return {};
     }
@@ -130,16 +141,19 @@ Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
 }
 
 bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole || grid() == nullptr || !index.isValid()) {
+    if (role != Qt::EditRole || grid() == nullptr || !flags(index).testFlag(Qt::ItemIsEditable)) {
         return false;
     }
-    bool taken = false;
-    binding.gesture([&] {
-        taken = elementOf<Grid>(binding)->editCell(static_cast<std::size_t>(index.row()),
-                                                   static_cast<std::size_t>(index.column()),
-                                                   fromQt(value.toString()));
-    });
-    return taken;
+    QTimer::singleShot(
+        0, this, [this, place = QPersistentModelIndex(index), text = fromQt(value.toString())] {
+            if (place.isValid() && grid() != nullptr) {
+                binding.gesture([&] {
+                    elementOf<Grid>(binding)->editCell(static_cast<std::size_t>(place.row()),
+                                                       static_cast<std::size_t>(place.column()), text);
+                });
+            }
+        });
+    return true;
 }
 
 } // namespace zor

@@ -22,16 +22,22 @@ class GridModel : public QAbstractTableModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-    /// Types into a cell; the cell shows what the grid makes of it.
+    /// Types into a cell; the cell shows what the grid makes of it. The grid hears of it once the editor has
+    /// gone, since what it does then may wait for the board.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+
+    /// Rows are just coming or going: where the view stands now is none of the user's doing.
+    [[nodiscard]] bool changing() const { return isChanging; }
 
   private:
     [[nodiscard]] const Grid* grid() const;
     [[nodiscard]] QVariant fontOf(const GridColumn& column, CellLook look) const;
     [[nodiscard]] static QVariant inkOf(CellLook look);
+    [[nodiscard]] static QVariant groundOf(CellLook look);
     void take(const GridChange& change);
 
     Binding& binding;
+    bool isChanging = false;
 };
 
 } // namespace zor

@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/grid_model.h"
 
 #include <QHeaderView>
+#include <QLabel>
 #include <QTableView>
+#include <QVBoxLayout>
 
 namespace zor {
 
 namespace {
 
 constexpr int leastRows = 3;
+constexpr int captionSpace = 5;
 
 /// Rows of one line, one row picked at most, the last column as wide as there is room.
 class GridView : public QTableView {
@@ -30,9 +34,15 @@ class GridView : public QTableView {
 
         binding = new Binding(element, *this);
         binding->followFocus();
-        setModel(new GridModel(*binding));
+        model = new GridModel(*binding);
+        setModel(model);
         connect(selectionModel(), &QItemSelectionModel::currentRowChanged, binding,
                 [this](const QModelIndex& current) { pick(current.row()); });
+        binding->keep(element.rowsChanged.subscribe([this](const GridChange& change) {
+            if (change.moment == GridChange::Moment::After) {
+                showPicked();
+            }
+        }));
         binding->keep(element.pickChanged.subscribe([this] { showPicked(); }));
         binding->onDraw([this] { showPicked(); });
         fitColumns();
@@ -88,7 +98,8 @@ class GridView : public QTableView {
     }
 
     void pick(int row) {
-        if (row >= 0 && !showing) {
+        // Where the picked row goes, the toolkit moves on to its neighbour; a user did not ask for that.
+        if (row >= 0 && !showing && !model->changing()) {
             binding->gesture([&] { elementOf<Grid>(*binding)->pickRow(static_cast<std::size_t>(row)); });
         }
     }
@@ -110,6 +121,7 @@ class GridView : public QTableView {
 
     int lines;
     Binding* binding;
+    GridModel* model = nullptr;
     bool showing = false;
     bool tinting = false;
 };
@@ -118,6 +130,24 @@ class GridView : public QTableView {
 
 QWidget* gridView(Grid& element, int lines) {
     return new GridView(element, lines);
+}
+
+QWidget* captionedGrid(Grid& element, int lines) {
+    auto* whole = new QWidget;
+    auto* layout = new QVBoxLayout(whole);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(captionSpace);
+    auto* caption = new QLabel;
+    caption->setTextFormat(Qt::PlainText);
+    layout->addWidget(caption);
+    auto* view = new GridView(element, lines);
+    layout->addWidget(view, 1);
+    Binding* binding = Binding::of(view);
+    binding->addCompanion(*caption);
+    auto show = [binding, caption] { caption->setText(toQt(binding->element()->caption())); };
+    binding->keep(element.changed.subscribe(show));
+    show();
+    return whole;
 }
 
 } // namespace zor

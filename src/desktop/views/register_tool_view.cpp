@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/views/compose.h"
+#include "desktop/views/views.h"
+#include "registertool/spi.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+
+namespace zor {
+
+namespace {
+
+constexpr int rowsInSight = 12;
+
+QWidget* registerGroup(RegisterEditor& e) {
+    return group("Register", {
+                                 line(field(e.Address, 4), textField(e.Name1, 12)),
+                                 label(e.DescriptionLabel, Tone::Soft),
+                                 textArea(e.Description, 36, 2),
+                                 bitRow(e.bit, CellShape::Tall, CellUse::Clicked, 0, e.bit.size()),
+                                 line(field(e.HexValue, 5), stretch(), button(e.Read), strongButton(e.Send)),
+                             });
+}
+
+QWidget* statusGroup(StatusViewer& s) {
+    return group("Status register",
+                 {
+                     line(list(s.StatusRegCombo, 16), field(s.Hexadec, 6), stretch(), button(s.StatusRead)),
+                     bitRow(s.Databit, CellShape::Tall, CellUse::Shown, 8, 8),
+                     bitRow(s.Databit, CellShape::Tall, CellUse::Shown, 0, 8),
+                 });
+}
+
+QWidget* macroGroup(MacroRows& macros) {
+    auto* box = new QGroupBox(QStringLiteral("Macro rows"));
+    auto* table = new QGridLayout(box);
+    table->setContentsMargins(spaceInside, spaceInside, spaceInside, spaceInside);
+    table->setHorizontalSpacing(spaceBetween);
+    table->setVerticalSpacing(spaceBetween / 2);
+    int column = 0;
+    for (const char* title : {"Name", "Addr.", "Hex", "Bits 7 to 0"}) {
+        table->addWidget(remark(QString::fromLatin1(title)), 0, column++);
+    }
+    int at = 1;
+    for (MacroRow& row : macros.rows) {
+        table->addWidget(list(row.M_Name, 14), at, 0);
+        table->addWidget(field(row.M_Address, 4), at, 1);
+        table->addWidget(field(row.M_Hexvalue, 4), at, 2);
+        table->addWidget(bitRow(row.M_bit, CellShape::Flat, CellUse::Clicked, 0, row.M_bit.size()), at, 3);
+        table->addWidget(button(row.M_Read), at, 4);
+        table->addWidget(button(row.M_Send), at, 5);
+        ++at;
+    }
+    table->setColumnStretch(3, 1);
+    table->setRowStretch(at, 1);
+    return box;
+}
+
+QWidget* listPage(SPI& s) {
+    RegisterFilter& f = s.filter;
+    QWidget* choice = plain({line(caption("Order by"), option(f.ByAddress), option(f.ByName),
+                                  caption("Register Filter"), tick(f.ENRF), tick(f.ENTest), tick(f.ENDigital),
+                                  tick(f.ENMisc), button(f.ViewAll), stretch())});
+    QWidget* body = across({gridView(s.editor.SettingsDataGrid, rowsInSight),
+                            column({registerGroup(s.editor), statusGroup(s.status)})},
+                           0);
+    QWidget* notes = plain({label(s.GuiNotesLabel), textField(s.GuiNotes, 24)});
+    QWidget* supply = group(s.supply.SupplyFrame,
+                            {line(field(s.supply.Voltage, 5), caption("V"), button(s.supply.PB_Voltage))});
+    QWidget* lower = across({macroGroup(s.macros), column({notes, supply})}, 0);
+    return plain(s.Frame_tabs[0], {choice, body, lower});
+}
+
+QWidget* fifoPage(SPI& s) {
+    RegisterFilter& f = s.filter;
+    QWidget* choice =
+        group("Register list", {
+                                   line(caption("Order by"), option(f.ByAddress2), option(f.ByName2)),
+                                   line(caption("Register Filter"), stretch(), button(f.ViewAll2)),
+                                   line(tick(f.ENRF2), tick(f.ENTest2), tick(f.ENDigital2), tick(f.ENMisc2)),
+                               });
+    return plain(s.Frame_tabs[1], {across({captionedGrid(s.fifo.TXFIFO, rowsInSight),
+                                           captionedGrid(s.fifo.RXFIFO, rowsInSight), column({choice})})});
+}
+
+} // namespace
+
+QWidget* registerToolView(Form& form) {
+    auto& s = static_cast<SPI&>(form);
+    return window(
+        {
+            line(labelled("Chip", list(s.ChipSelect, 20)), labelled(s.ProjectLabel, field(s.Text3, 10)),
+                 labelled(s.NotesLabel, textField(s.Notes, 24))),
+            tabs(s.TabStrip1, {listPage(s), fifoPage(s)}),
+            line(button(s.whole.RefreshTable), button(s.whole.UpdateChip), button(s.whole.Defaults),
+                 progress(s.whole.ProgressBar1), stretch(), button(s.Command1), button(s.Command2),
+                 button(s.Command3), swatch(s.One), swatch(s.Zero), swatch(s.nodata), swatch(s.Blue),
+                 swatch(s.LightGray), button(s.Stop)),
+        },
+        1);
+}
+
+} // namespace zor
