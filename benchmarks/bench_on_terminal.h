@@ -9,6 +9,9 @@
 #include "shell/main_window.h"
 #include "store/sqlite_register_store.h"
 
+#include <QTemporaryDir>
+
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -22,6 +25,8 @@ class BenchOnTerminal {
     [[nodiscard]] Connect& connect() { return *window.bench().connect; }
     [[nodiscard]] Bench& bench() { return window.bench(); }
     [[nodiscard]] MainWindow& main() { return window; }
+    /// The program's own, which goes with it.
+    [[nodiscard]] std::filesystem::path folder() const { return ownFolder.path().toStdString(); }
     /// A KT1100 panel, filled and open.
     [[nodiscard]] OpalV2& panel();
     /// What every file dialog gives from now on.
@@ -50,7 +55,8 @@ class BenchOnTerminal {
     SilentDialogs dialogs;
     NoSurroundings surroundings;
     store::SqliteRegisterStores registerStores;
-    Platform platform{loop, ports, usb, dialogs, surroundings, registerStores, ".", "."};
+    QTemporaryDir ownFolder;
+    Platform platform{loop, ports, usb, dialogs, surroundings, registerStores, folder(), folder()};
     Desk desk{loop};
     MainWindow window{platform, desk};
     std::unique_ptr<OpalV2> opal;

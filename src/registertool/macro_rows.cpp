@@ -67,8 +67,14 @@ void MacroRows::wire(MacroRow& row) {
     for (BitCell& cell : row.M_bit) {
         cell.onClick = [this, &row, &cell] { M_bit_Click(row, cell.number()); };
     }
-    row.M_Read.onClick = [this, &row] { tool.guarded([&] { M_Read_Click(row); }); };
-    row.M_Send.onClick = [this, &row] { tool.guarded([&] { M_Send_Click(row); }); };
+    row.M_Read.onClick = [this, &row] {
+        tool.whenFree([this, &row, address = row.M_Address.text()] { read(row, address); });
+    };
+    row.M_Send.onClick = [this, &row] {
+        tool.whenFree([this, &row, address = row.M_Address.text(), value = row.M_Hexvalue.text()] {
+            send(row, address, value);
+        });
+    };
 }
 
 void MacroRows::offerNames() {
@@ -153,12 +159,8 @@ void MacroRows::M_bit_Click(MacroRow& row, int number) {
     row.M_Hexvalue.setBackground(editedColour);
 }
 
-void MacroRows::M_Read_Click(MacroRow& row) {
-    std::string address = row.M_Address.text();
-    if (address.empty()) {
-        return;
-    }
-    if (tool.bench.connect->Send_To_LoadBoard(readLine(address)).portGone() || tool.isClosed()) {
+void MacroRows::read(MacroRow& row, const std::string& address) {
+    if (address.empty() || !tool.send(readLine(address))) {
         return;
     }
     std::string value = answeredByte(tool.bench.link.Last15);
@@ -171,13 +173,8 @@ void MacroRows::M_Read_Click(MacroRow& row) {
     }
 }
 
-void MacroRows::M_Send_Click(MacroRow& row) {
-    std::string address = row.M_Address.text();
-    std::string value = row.M_Hexvalue.text();
-    if (address.empty()) {
-        return;
-    }
-    if (tool.bench.connect->Send_To_LoadBoard(writeLine(address, value)).portGone() || tool.isClosed()) {
+void MacroRows::send(MacroRow& row, const std::string& address, const std::string& value) {
+    if (address.empty() || !tool.send(writeLine(address, value))) {
         return;
     }
     if (row.M_Address.text() == address && row.M_Hexvalue.text() == value) {

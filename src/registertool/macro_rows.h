@@ -53,8 +53,8 @@ class MacroRows {
     void M_Name_Click(MacroRow& row);
     void M_Address_LostFocus(MacroRow& row);
     void M_bit_Click(MacroRow& row, int number);
-    void M_Read_Click(MacroRow& row);
-    void M_Send_Click(MacroRow& row);
+    void read(MacroRow& row, const std::string& address);
+    void send(MacroRow& row, const std::string& address, const std::string& value);
     void wire(MacroRow& row);
 
     SPI& tool;

@@ -80,8 +80,10 @@ RegisterEditor::RegisterEditor(SPI& ownTool)
         HexValue_Change();
         HexValue.setBackground(editedColour);
     };
-    Read.onClick = [this] { tool.guarded([this] { Read_Click(); }); };
-    Send.onClick = [this] { tool.guarded([this] { Send_Click(); }); };
+    Read.onClick = [this] { tool.whenFree([this, address = Address.text()] { read(address); }); };
+    Send.onClick = [this] {
+        tool.whenFree([this, address = Address.text(), value = HexValue.text()] { send(address, value); });
+    };
     stored = tool.table.stored.subscribe([this](std::size_t row) { showRow(row); });
     showsOthers = tool.table.showsOthers.subscribe([this] { showRows(); });
 }
@@ -188,20 +190,15 @@ void RegisterEditor::editGrid(std::size_t gridRow, const std::string& text) {
     std::string value = twoDigits(text);
     setValue(value);
     tool.table.storeValue(row, value);
-    // The send may wait, and the row be another one behind it.
-    Setting setting = tool.table.rows()[row];
+    const Setting& setting = tool.table.rows()[row];
     tool.macros.copyValue(setting.Address, value);
     if (setting.W) {
-        tool.bench.connect->Send_To_LoadBoard(writeLine(setting.Address, value));
+        tool.whenFree([this, line = writeLine(setting.Address, value)] { tool.send(line); });
     }
 }
 
-void RegisterEditor::Read_Click() {
-    std::string address = Address.text();
-    if (address.empty()) {
-        return;
-    }
-    if (tool.bench.connect->Send_To_LoadBoard(readLine(address)).portGone() || tool.isClosed()) {
+void RegisterEditor::read(const std::string& address) {
+    if (address.empty() || !tool.send(readLine(address))) {
         return;
     }
     std::string value = answeredByte(tool.bench.link.Last15);
@@ -211,13 +208,8 @@ void RegisterEditor::Read_Click() {
     tool.macros.copyValue(address, value);
 }
 
-void RegisterEditor::Send_Click() {
-    std::string address = Address.text();
-    std::string value = HexValue.text();
-    if (address.empty()) {
-        return;
-    }
-    if (tool.bench.connect->Send_To_LoadBoard(writeLine(address, value)).portGone() || tool.isClosed()) {
+void RegisterEditor::send(const std::string& address, const std::string& value) {
+    if (address.empty() || !tool.send(writeLine(address, value))) {
         return;
     }
     storeValue(address, value);

@@ -50,8 +50,8 @@ class RegisterEditor {
     /// Into the row of the address: the picked one if it has it, else the first.
     void storeValue(const std::string& address, const std::string& value);
     void bit_Click(int number);
-    void Read_Click();
-    void Send_Click();
+    void read(const std::string& address);
+    void send(const std::string& address, const std::string& value);
     [[nodiscard]] std::optional<std::size_t> gridRowOf(std::size_t settingRow) const;
 
     SPI& tool;

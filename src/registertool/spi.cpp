@@ -96,6 +96,7 @@ SPI::~SPI() {
 }
 
 void SPI::unload() {
+    waiting.clear();
     detachStore();
 }
 
@@ -105,6 +106,40 @@ void SPI::guarded(const std::function<void()>& action) {
     } catch (const StoreError& error) {
         tellStoreFailure(error);
     }
+}
+
+void SPI::whenFree(std::function<void()> action) {
+    if (sending) {
+        waiting.push_back(std::move(action));
+        return;
+    }
+    guarded(action);
+    runWaiting();
+}
+
+void SPI::runWaiting() {
+    while (!waiting.empty() && !sending) {
+        std::function<void()> next = std::move(waiting.front());
+        waiting.erase(waiting.begin());
+        guarded(next);
+    }
+}
+
+bool SPI::send(const std::string& line) {
+    // Also where the port is closed on purpose, and this is left by an exception.
+    struct Sending {
+        SPI& tool;
+        explicit Sending(SPI& owner)
+            : tool(owner) {
+            tool.sending = true;
+        }
+        ~Sending() { tool.sending = false; }
+    } guard(*this);
+    bool gone = bench.connect->Send_To_LoadBoard(line).portGone();
+    if (gone) {
+        waiting.clear();
+    }
+    return !gone && !isClosed();
 }
 
 void SPI::tellStoreFailure(const StoreError& error) {
@@ -250,7 +285,12 @@ bool LongAction::goesOn() const {
 }
 
 bool LongAction::send(const std::string& line) {
-    portGone = tool.bench.connect->Send_To_LoadBoard(line).portGone();
+    // What the user asked for meanwhile goes between two exchanges.
+    tool.runWaiting();
+    if (!goesOn()) {
+        return false;
+    }
+    portGone = !tool.send(line);
     return !portGone && sameTable();
 }
 

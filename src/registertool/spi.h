@@ -5,13 +5,13 @@
 #include "elements/tab_strip.h"
 #include "link/bench.h"
 #include "link/connect.h"
+#include "registertool/board_supply.h"
 #include "registertool/fifo_page.h"
 #include "registertool/macro_rows.h"
 #include "registertool/register_editor.h"
 #include "registertool/register_filter.h"
 #include "registertool/setting_table.h"
 #include "registertool/status_viewer.h"
-#include "registertool/supply_field.h"
 #include "registertool/whole_table.h"
 
 #include <array>
@@ -67,7 +67,7 @@ class SPI : public Form {
     MacroRows macros;
     StatusViewer status;
     WholeTable whole;
-    SupplyField supply;
+    BoardSupply supply;
     FifoPage fifo;
 
     /// Empties the worktables and what is known of the chip. Throws StoreError.
@@ -80,6 +80,11 @@ class SPI : public Form {
 
     /// Runs an action of the user; a failure of the store in it is told, and the tool is empty then.
     void guarded(const std::function<void()>& action);
+    /// Runs an action that sends once no exchange of this tool is on its way: between two exchanges of a run,
+    /// so that no answer is taken for another's.
+    void whenFree(std::function<void()> action);
+    /// Sends a line and waits. @return whether there is an answer, and still somebody to take it
+    bool send(const std::string& line);
 
   protected:
     void unload() override;
@@ -101,6 +106,10 @@ class SPI : public Form {
     std::unique_ptr<RecordSource> Chips;
     std::unique_ptr<RecordSource> Registers;
     Subscription opening;
+    void runWaiting();
+
+    bool sending = false;
+    std::vector<std::function<void()>> waiting;
     int longActions = 0;
     bool stopping = false;
 };

@@ -30,7 +30,7 @@ StatusViewer::StatusViewer(SPI& ownTool)
     makeCells(Databit, tool, "Databit", statusBits);
     StatusRead.setTip("Reads the status register from the chip");
     StatusRegCombo.onChange = [this] { tool.guarded([this] { StatusRegCombo_Click(); }); };
-    StatusRead.onClick = [this] { tool.guarded([this] { StatusRead_Click(); }); };
+    StatusRead.onClick = [this] { tool.whenFree([this] { StatusRead_Click(); }); };
 }
 
 void StatusViewer::offer(RecordSource& source) {
@@ -77,8 +77,7 @@ void StatusViewer::StatusRead_Click() {
     if (position >= registers.size()) {
         return;
     }
-    Exchange exchange = tool.bench.connect->Send_To_LoadBoard(readLine(registers[position].Address));
-    if (exchange.portGone() || tool.isClosed()) {
+    if (!tool.send(readLine(registers[position].Address))) {
         return;
     }
     std::string high = answeredHighByte(tool.bench.link.Last15);

@@ -28,9 +28,9 @@ WholeTable::WholeTable(SPI& ownTool)
     RefreshTable.setTip("Reads every register of the chip");
     UpdateChip.setTip("Writes every register of the table to the chip");
     Defaults.setTip("Takes the default values and writes them to the chip");
-    RefreshTable.onClick = [this] { tool.guarded([this] { RefreshTable_Click(); }); };
-    UpdateChip.onClick = [this] { tool.guarded([this] { UpdateChip_Click(); }); };
-    Defaults.onClick = [this] { tool.guarded([this] { Defaults_Click(); }); };
+    RefreshTable.onClick = [this] { tool.whenFree([this] { RefreshTable_Click(); }); };
+    UpdateChip.onClick = [this] { tool.whenFree([this] { UpdateChip_Click(); }); };
+    Defaults.onClick = [this] { tool.whenFree([this] { Defaults_Click(); }); };
 }
 
 void WholeTable::showAll() {

@@ -99,9 +99,17 @@ void MainWindow::wireMenu() {
     onDoubleClick = [this] { factoryGesture(); };
 }
 
+void MainWindow::tickWhileOpen(MenuEntry& entry, Form& form) {
+    entry.setChecked(true);
+    registerToolEnding = form.closed.subscribe([&entry] { entry.setChecked(false); });
+}
+
 void MainWindow::openTool(Tool tool) {
     if (tools.exists(tool)) {
         tools.open(tool);
+        if (tool == Tool::SPI) {
+            tickWhileOpen(menu.mnuSPI, *tools.find(tool));
+        }
     } else {
         Notice.setCaption("This version does not have that window.");
     }

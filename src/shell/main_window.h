@@ -72,6 +72,8 @@ class MainWindow : public Form {
     }
     void wireMenu();
     /// Opens a tool's window, or says that there is none.
+    /// The entry bears a tick until the form has closed.
+    void tickWhileOpen(MenuEntry& entry, Form& form);
     void openTool(Tool tool);
     void wireLink();
     void startSearch();
@@ -100,6 +102,7 @@ class MainWindow : public Form {
     bool FactoryClickPending = false;
     std::string PlainCaption;
     std::vector<Subscription> subscriptions;
+    Subscription registerToolEnding;
 };
 
 } // namespace zor

@@ -5,6 +5,7 @@
 #include "eeprom/eeprom.h"
 #include "eeprom/frm_cmd_sequence.h"
 #include "rftools/amber_v1_rflink.h"
+#include "registertool/spi.h"
 #include "rftools/beryl_rf_link_test.h"
 #include "rftools/frm_link.h"
 #include "rftools/frm_link_rx.h"
@@ -56,7 +57,7 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::OpalV2test,             "OpalV2test",             &Switch::OpalV2testOn,     &Menu::mnuToolsOpalTestmode,   make<OpalV2test>, placed},
         {Tool::Frm_AmberTestFunctions, "Frm_AmberTestFunctions", nullptr,                   &Menu::mnuToolsAmberTestmode,  make<Frm_AmberTestFunctions>},
         {Tool::Frm_BerylTestFunctions, "Frm_BerylTestFunctions", nullptr,                   &Menu::mnuToolsBerylTestmode,  make<Frm_BerylTestFunctions>},
-        {Tool::SPI,                    "SPI",                    nullptr,                   &Menu::mnuSPI,                 nullptr},
+        {Tool::SPI,                    "SPI",                    nullptr,                   &Menu::mnuSPI,                 make<SPI>},
         {Tool::SPIsub2,                "SPIsub2",                nullptr,                   nullptr,                       nullptr},
         {Tool::Frm_GenHeader,          "Frm_GenHeader",          nullptr,                   &Menu::mnuGenCHeader,          make<Frm_GenHeader>},
         {Tool::FirmLoad,               "FirmLoad",               &Switch::FirmLoadOn,       &Menu::mnuload,                make<FirmLoad>},

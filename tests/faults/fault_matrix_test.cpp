@@ -208,6 +208,10 @@ bool isWholeCommand(std::string_view line) {
     return isWholeList(line) ||
            std::any_of(std::begin(commandForms), std::end(commandForms), [line](const CommandForm& form) {
                std::string_view digits = line.substr(std::min(form.word.size(), line.size()));
+               // The register tool puts a blank between.
+               if (digits.starts_with(' ')) {
+                   digits.remove_prefix(1);
+               }
                return line.starts_with(form.word) && digits.size() >= form.fewest &&
                       digits.size() <= form.most &&
                       digits.find_first_not_of("0123456789ABCDEFabcdef") == std::string_view::npos;

@@ -3,7 +3,9 @@
 
 #include "eeprom/eeprom.h"
 #include "faults/link_actions.h"
+#include "registertool/spi.h"
 #include "shell/panel_table.h"
+#include "store/register_list_store.h"
 #include "support/record_file.h"
 
 #include <filesystem>
@@ -188,6 +190,64 @@ void addTestModeActions(std::vector<SendingAction>& all) {
     }
 }
 
+constexpr const char* registers = R"(
+chip 1 "One" "P1" 4 3 null null line
+register 1 00 "A" R,W,RF   11 8 "" ""
+register 1 01 "B" R,W,Test 22 8 "" ""
+register 1 02 "C" R,W,Misc 33 8 "" ""
+register 1 30 "S" R,Status 0000 16 "" ""
+)";
+
+/// The register tool with a chip chosen, opened anew if it knows none; nullptr while it is busy closing.
+SPI* registerTool(VirtualBench& bench) {
+    auto find = [&bench] { return dynamic_cast<SPI*>(bench.desk.find("SPI")); };
+    if (find() != nullptr && find()->ChipSelect.entries().empty()) {
+        find()->userClose();
+        store::SqliteRegisterStores stores;
+        store::makeDatabase(stores, bench.platform.programFolder / "ZOR.db", readRegisterList(registers));
+        bench.loop.perform([&bench] { bench.shared().tools.open(Tool::SPI); });
+    }
+    SPI* tool = find();
+    if (tool != nullptr && tool->editor.Address.text().empty()) {
+        tool->ChipSelect.choosePosition(0);
+        tool->editor.SettingsDataGrid.pickRow(1);
+        tool->macros.rows[0].M_Address.type("02");
+        tool->status.StatusRegCombo.choosePosition(0);
+    }
+    return tool;
+}
+
+void addRegisterActions(std::vector<SendingAction>& all) {
+    for (const char* button : {"Read", "Send", "M_Read(0)", "M_Send(0)", "StatusRead", "RefreshTable",
+                               "UpdateChip", "Defaults", "PB_Voltage"}) {
+        std::string name = "Registers_" + std::string(button);
+        std::erase_if(name, [](char c) { return c == '(' || c == ')'; });
+        all.push_back({name, "SPI", nullptr, [button](VirtualBench& bench) {
+                           if (SPI* tool = registerTool(bench)) {
+                               tool->find(button)->click();
+                           }
+                       }});
+    }
+    all.push_back({"Registers_GridEdit", "SPI", nullptr, [](VirtualBench& bench) {
+                       if (SPI* tool = registerTool(bench)) {
+                           tool->editor.SettingsDataGrid.editCell(1, 2, "5F");
+                       }
+                   }});
+    all.push_back(
+        {"Registers_Everything_at_once", "SPI", nullptr, [](VirtualBench& bench) {
+             bench.after(std::chrono::milliseconds(5), [&bench] {
+                 for (const char* button : {"M_Send(0)", "StatusRead", "Read", "PB_Voltage", "Stop"}) {
+                     if (Form* form = bench.desk.find("SPI")) {
+                         form->find(button)->click();
+                     }
+                 }
+             });
+             if (SPI* tool = registerTool(bench)) {
+                 tool->whole.RefreshTable.click();
+             }
+         }});
+}
+
 } // namespace
 
 std::vector<SendingAction> sendingActions() {
@@ -197,6 +257,7 @@ std::vector<SendingAction> sendingActions() {
             addPanelActions(all, panel);
         }
     }
+    addRegisterActions(all);
     all.push_back({"Supply_Voltage", "frm_PowerSupply", nullptr, clicking("frm_PowerSupply", "PB_Voltage")});
     all.push_back({"Supply_Current", "frm_PowerSupply", nullptr, clicking("frm_PowerSupply", "PB_Current")});
     all.push_back({"Supply_Continuous", "frm_PowerSupply", nullptr, [](VirtualBench& bench) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/variables.h"
 
+#include "registertool/spi.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -19,6 +21,12 @@ std::string shown(std::int32_t value) {
 }
 std::string shown(std::int16_t value) {
     return std::to_string(value);
+}
+
+/// A variable of the register tool; empty while the tool is closed.
+std::string ofRegisterTool(MainWindow& program, std::string (*value)(SPI&)) {
+    auto* tool = dynamic_cast<SPI*>(program.bench().tools.find(Tool::SPI));
+    return tool == nullptr ? std::string() : value(*tool);
 }
 
 struct Variable {
@@ -84,6 +92,16 @@ const Variable variables[] = {
     {"SearchTicks", [](MainWindow& p) { return shown(p.portSearch().ticks()); }},
     {"SearchLimit", [](MainWindow& p) { return shown(p.portSearch().tickLimit()); }},
     {"FactoryClickPending", [](MainWindow& p) { return shown(p.factoryClickPending()); }},
+    {"CurrentTab",
+     [](MainWindow& p) { return ofRegisterTool(p, [](SPI& t) { return shown(t.CurrentTab); }); }},
+    {"TxSize", [](MainWindow& p) { return ofRegisterTool(p, [](SPI& t) { return shown(t.fifo.TxSize); }); }},
+    {"RxSize", [](MainWindow& p) { return ofRegisterTool(p, [](SPI& t) { return shown(t.fifo.RxSize); }); }},
+    {"TxAddress",
+     [](MainWindow& p) { return ofRegisterTool(p, [](SPI& t) { return shown(t.fifo.TxAddress); }); }},
+    {"RxAddress",
+     [](MainWindow& p) { return ofRegisterTool(p, [](SPI& t) { return shown(t.fifo.RxAddress); }); }},
+    {"FifoSelectLine",
+     [](MainWindow& p) { return ofRegisterTool(p, [](SPI& t) { return shown(t.fifo.FifoSelectLine); }); }},
     {"PlainCaption", [](MainWindow& p) { return p.plainCaption(); }},
 };
 

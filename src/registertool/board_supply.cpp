@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "registertool/supply_field.h"
+#include "registertool/board_supply.h"
 
 #include "registertool/spi.h"
 #include "support/numbers.h"
@@ -20,7 +20,7 @@ double roundedVolts(const TextField& field) {
 
 } // namespace
 
-SupplyField::SupplyField(SPI& ownTool)
+BoardSupply::BoardSupply(SPI& ownTool)
     : SupplyFrame(ownTool, "SupplyFrame", "Testboard Supply Voltage")
     , Voltage(ownTool, "Voltage", ownTool.bench.preferences.Pref_Voltage)
     , PB_Voltage(ownTool, "PB_Voltage", "Set")
@@ -33,11 +33,11 @@ SupplyField::SupplyField(SPI& ownTool)
     PB_Voltage.onClick = [this] { PB_Voltage_Click(); };
 }
 
-void SupplyField::Voltage_LostFocus() {
+void BoardSupply::Voltage_LostFocus() {
     Voltage.setText(numberText(roundedVolts(Voltage)));
 }
 
-void SupplyField::PB_Voltage_Click() {
+void BoardSupply::PB_Voltage_Click() {
     double volts = roundedVolts(Voltage);
     if (volts < lowest) {
         volts = lowest;
@@ -55,7 +55,7 @@ void SupplyField::PB_Voltage_Click() {
         return;
     }
     auto code = static_cast<std::uint32_t>(roundToInt(codeVolts / volts));
-    tool.bench.connect->Send_To_LoadBoard("V" + hexText(code) + "\r");
+    tool.whenFree([this, line = "V" + hexText(code) + "\r"] { tool.send(line); });
 }
 
 } // namespace zor

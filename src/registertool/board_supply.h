@@ -12,9 +12,9 @@ namespace zor {
 class SPI;
 
 /// The supply of the test board that the register tool sets, from 1.8 V to 4.0 V.
-class SupplyField {
+class BoardSupply {
   public:
-    explicit SupplyField(SPI& ownTool);
+    explicit BoardSupply(SPI& ownTool);
 
     Frame SupplyFrame;
     /// In V.
