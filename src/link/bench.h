@@ -21,6 +21,7 @@ class ChipPanel;
 class Connect;
 class DataSelector;
 class TextField;
+class WireRecorder;
 
 /// What the main window holds for everybody: the link, the preferences, the window switches, and the ways to
 /// the board, to the tools and to the machine. Owned by the main window, older than every panel and tool.
@@ -38,6 +39,8 @@ struct Bench {
     /// The command channel; set once by the main window's construction.
     Connect* connect = nullptr;
     DataSelector* dataSelector = nullptr;
+    /// The wire's history.
+    WireRecorder* wireRecorder = nullptr;
     /// The bar's text field of the port's state; every sending action writes "reading..." there.
     TextField* CommStatus = nullptr;
 

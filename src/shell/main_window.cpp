@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/main_window.h"
 
+#include "panels/common/chip_panel.h"
+
 #include "shell/settings.h"
 
 #include <algorithm>
@@ -30,6 +32,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , link(ownBench, linkBar)
     , channel(ownBench)
     , messages(ownBench, channel)
+    , recorder(ownBench, channel.tap)
     , selector(ownBench, linkBar, link, channel)
     , search(ownBench, link, channel)
     , boardChoice(ownBench, linkBar, link, channel, selector)
@@ -41,6 +44,11 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     setExtent(startExtent);
     ownBench.connect = &channel;
     ownBench.dataSelector = &selector;
+    ownBench.wireRecorder = &recorder;
+    naming = recorder.addNaming([this](std::string_view line, std::string_view) {
+        const ChipPanel* panel = ownBench.openPanel();
+        return panel == nullptr ? std::string() : panel->meaningOfLine(line);
+    });
     ownBench.CommStatus = &linkBar.CommStatus;
     subscriptions.push_back(
         ownBench.noticed.subscribe([this](const std::string& text) { Notice.setCaption(text); }));

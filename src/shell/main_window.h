@@ -13,6 +13,7 @@
 #include "link/link_state.h"
 #include "link/port_search.h"
 #include "link/reconnect.h"
+#include "link/wire_recorder.h"
 #include "shell/main_menu.h"
 #include "shell/panel_registry.h"
 #include "shell/tool_windows.h"
@@ -91,6 +92,7 @@ class MainWindow : public Form {
     LinkStateMachine link;
     zor::Connect channel;
     LinkMessages messages;
+    WireRecorder recorder;
     DataSelector selector;
     PortSearch search;
     BoardChoice boardChoice;
@@ -103,6 +105,7 @@ class MainWindow : public Form {
     std::string PlainCaption;
     std::vector<Subscription> subscriptions;
     Subscription registerToolEnding;
+    Subscription naming;
 };
 
 } // namespace zor

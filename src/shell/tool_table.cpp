@@ -18,6 +18,7 @@
 #include "utilities/power_supply.h"
 #include "utilities/terminal.h"
 #include "utilities/tx_search.h"
+#include "utilities/wire_log.h"
 
 #include <algorithm>
 #include <cassert>
@@ -63,7 +64,7 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::FirmLoad,               "FirmLoad",               &Switch::FirmLoadOn,       &Menu::mnuload,                make<FirmLoad>},
         {Tool::frm_VireoMacSniffer,    "frm_VireoMacSniffer",    &Switch::VireoMacSnifferOn, &Menu::mnutoolsSniffer,       make<MacSniffer>},
         {Tool::frm_TxSearch,           "frm_TxSearch",           nullptr,                   &Menu::mnutoolsTxSearch,       make<TxSearch>},
-        {Tool::frm_WireLog,            "frm_WireLog",            nullptr,                   &Menu::mnutoolsWireLog,        nullptr},
+        {Tool::frm_WireLog,            "frm_WireLog",            nullptr,                   &Menu::mnutoolsWireLog,        make<WireLog>},
     };
     // clang-format on
     return rows;

@@ -36,6 +36,7 @@ const std::map<std::string, View>& allViews() {
         {"frm_PowerSupply", {powerSupplyView}},
         {"frm_TxSearch", {txSearchView}},
         {"frm_VireoMacSniffer", {macSnifferView}},
+        {"frm_WireLog", {wireLogView}},
         {"frm_Splash", {splashView, FormWindow::Frame::Bare}},
     };
     return views;

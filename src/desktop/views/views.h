@@ -33,6 +33,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* onyxView(Form& form);
 [[nodiscard]] QWidget* opalTestView(Form& form);
 [[nodiscard]] QWidget* opalView(Form& form);
+[[nodiscard]] QWidget* wireLogView(Form& form);
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
 [[nodiscard]] QWidget* preferencesView(Form& form);
 [[nodiscard]] QWidget* productsView(Form& form);

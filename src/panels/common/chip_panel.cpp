@@ -2,6 +2,9 @@
 #include "panels/common/chip_panel.h"
 
 #include "link/connect.h"
+#include "support/vocabulary.h"
+
+#include <algorithm>
 
 namespace zor {
 
@@ -165,6 +168,21 @@ void ChipPanel::setWords(std::vector<ControlWord*> sentByUpdate, std::vector<Con
     for (ControlWord* word : allWords) {
         wordSubscriptions.push_back(word->rewritten.subscribe([this] { LabelUpdate.setVisible(true); }));
     }
+}
+
+std::string ChipPanel::meaningOfLine(std::string_view line) const {
+    std::string chip = std::string(ownTraits.title).substr(0, std::string_view(ownTraits.title).find(' '));
+    return commandMeaning(line, [&](std::uint32_t value, int bits) {
+        auto size = bits == 8 ? ControlWord::Size::OneByte : ControlWord::Size::TwoBytes;
+        auto word = std::find_if(allWords.begin(), allWords.end(), [&](const ControlWord* candidate) {
+            return candidate->size() == size && candidate->fits(value);
+        });
+        if (word == allWords.end()) {
+            return std::string();
+        }
+        std::string explained = (*word)->explain(value);
+        return chip + " " + (*word)->title() + (explained.empty() ? "" : ", " + explained);
+    });
 }
 
 void ChipPanel::feed(CodeList& list, ControlWord& word) {

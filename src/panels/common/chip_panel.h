@@ -113,6 +113,8 @@ class ChipPanel : public Form {
     [[nodiscard]] Lamp& status(int index) const { return *statusLamps[static_cast<std::size_t>(index - 1)]; }
     [[nodiscard]] int statusCount() const { return static_cast<int>(statusLamps.size()); }
 
+    /// What a line that carries a word of this chip means; empty for any other line.
+    [[nodiscard]] std::string meaningOfLine(std::string_view line) const;
     /// All control words in the order in which Update sends them; then those it does not send.
     [[nodiscard]] const std::vector<ControlWord*>& words() const { return allWords; }
     [[nodiscard]] const PanelTraits& traits() const { return ownTraits; }

@@ -1,0 +1,281 @@
+// SPDX-License-Identifier: MIT
+#include "utilities/wire_log.h"
+
+#include "support/numbers.h"
+#include "support/record_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstdio>
+#include <ctime>
+
+namespace zor {
+
+namespace {
+
+/// A board that never stops talking is shown in steps, so that the window stays alive.
+constexpr std::chrono::milliseconds takingInterval(100);
+constexpr const char* savePattern = "*.txt";
+constexpr const char* everything = "All";
+
+constexpr std::array<WireEntry::Result, 6> results = {
+    WireEntry::Result::Answered, WireEntry::Result::Refused,    WireEntry::Result::NoAnswer,
+    WireEntry::Result::PortGone, WireEntry::Result::NotAwaited, WireEntry::Result::Unasked};
+
+std::vector<GridColumn> columns() {
+    using Access = GridColumn::Access;
+    return {{"", Access::ReadOnly, 2, true},           {"Time (ms)", Access::ReadOnly, 11, true},
+            {"Time of day", Access::ReadOnly, 13, true}, {"Port", Access::ReadOnly, 5, true},
+            {"Line sent", Access::ReadOnly, 24, true},   {"Answer", Access::ReadOnly, 24, true},
+            {"Duration (ms)", Access::ReadOnly, 9, true}, {"Result", Access::ReadOnly, 11, false},
+            {"Meaning", Access::ReadOnly, 44, false}};
+}
+
+std::string milliseconds(EventLoop::Duration time) {
+    std::array<char, 32> text{};
+    std::snprintf(text.data(), text.size(), "%lld.%03lld", static_cast<long long>(time.count() / 1000),
+                  static_cast<long long>(time.count() % 1000));
+    return text.data();
+}
+
+std::string timeOfDay(std::chrono::system_clock::time_point moment) {
+    std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
+    auto rest = std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()) % 1000;
+    std::array<char, 16> clock{};
+    if (const std::tm* local = std::localtime(&seconds)) {
+        std::strftime(clock.data(), clock.size(), "%H:%M:%S", local);
+    }
+    std::array<char, 24> text{};
+    std::snprintf(text.data(), text.size(), "%s.%03d", clock.data(), static_cast<int>(rest.count()));
+    return text.data();
+}
+
+/// What stands out beside the word for a result, and not by its colour alone.
+const char* signOf(WireEntry::Result result) {
+    switch (result) {
+    case WireEntry::Result::Refused:
+        return "!";
+    case WireEntry::Result::NoAnswer:
+        return "?";
+    case WireEntry::Result::PortGone:
+        return "x";
+    case WireEntry::Result::Answered:
+    case WireEntry::Result::NotAwaited:
+    case WireEntry::Result::Unasked:
+        break;
+    }
+    return "";
+}
+
+bool holds(std::string_view text, std::string_view part) {
+    auto same = [](unsigned char a, unsigned char b) { return std::tolower(a) == std::tolower(b); };
+    return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
+}
+
+std::string quoted(const std::string& cell) {
+    std::string text = "\"";
+    for (char c : cell) {
+        text += c;
+        if (c == '"') {
+            text += c;
+        }
+    }
+    return text + '"';
+}
+
+std::string withoutLineEnd(const std::string& line) {
+    std::size_t last = line.find_last_not_of("\r\n");
+    return last == std::string::npos ? std::string() : line.substr(0, last + 1);
+}
+
+} // namespace
+
+std::string printable(std::string_view bytes) {
+    std::string text;
+    for (char c : bytes) {
+        if (c == '\r') {
+            text += "\\r";
+        } else if (c == '\n') {
+            text += "\\n";
+        } else if (c >= ' ' && c <= '~') {
+            text += c;
+        } else {
+            text += "\\x" + hexText(static_cast<unsigned char>(c), 2);
+        }
+    }
+    return text;
+}
+
+WireLog::WireLog(Bench& ownBench)
+    : Form(ownBench.desk, "frm_WireLog", "Wire Log")
+    , LabelFilter(*this, "LabelFilter", "Filter:")
+    , Filter(*this, "Filter")
+    , LabelResult(*this, "LabelResult", "Result:")
+    , Result(*this, "Result", {everything}, everything)
+    , Pause(*this, "Pause", "Pause")
+    , Follow(*this, "Follow", "Follow", true)
+    , Log(*this, "Log", columns())
+    , Count(*this, "Count")
+    , Clear(*this, "Clear", "Clear")
+    , Copy(*this, "Copy", "Copy")
+    , Save(*this, "Save", "Save...")
+    , bench(ownBench)
+    , recorder(*ownBench.wireRecorder)
+    , taking(ownBench.platform.loop, [this] { take_Timer(); }) {
+    setExtent({4800, 15000});
+    for (WireEntry::Result result : results) {
+        Result.addEntry(wordOf(result));
+    }
+    Filter.setTip("Only lines with this text in line, answer, result or meaning");
+    Result.setTip("Only lines that ended so");
+    Pause.setTip("Stops the view; the recording goes on");
+    Follow.setTip("Keeps the newest line in sight");
+    Clear.setTip("Forgets all that was recorded");
+    Copy.setTip("Puts the shown lines on the clipboard");
+    Save.setTip("Saves the shown lines as text, or as CSV if the name ends so");
+
+    Filter.onEdit = [this] { refill(); };
+    Result.onChange = [this] { refill(); };
+    Pause.onChange = [this] { take_Timer(); };
+    Clear.onClick = [this] { recorder.clear(); };
+    Copy.onClick = [this] { bench.platform.surroundings.copyText(asText()); };
+    Save.onClick = [this] { Save_Click(); };
+    additions = recorder.added.subscribe([this](const WireEntry&) { taking.start(); });
+    clearing = recorder.cleared.subscribe([this] { refill(); });
+    taking.setInterval(takingInterval);
+    refill();
+}
+
+WireLog::~WireLog() = default;
+
+void WireLog::unload() {
+    taking.stop();
+    additions.end();
+    clearing.end();
+}
+
+bool WireLog::passes(const WireEntry& entry) const {
+    std::string word = wordOf(entry.result);
+    if (Result.text() != everything && Result.text() != word) {
+        return false;
+    }
+    std::string wanted = Filter.text();
+    return wanted.empty() || holds(entry.line, wanted) || holds(entry.answer, wanted) ||
+           holds(entry.meaning, wanted) || holds(word, wanted);
+}
+
+GridRow WireLog::rowOf(const WireEntry& entry) const {
+    bool wrong = *signOf(entry.result) != '\0';
+    CellLook strength = wrong ? CellLook::Wrong : CellLook::Plain;
+    return {{signOf(entry.result), wrong ? CellLook::Wrong : CellLook::Mark},
+            {milliseconds(entry.time), CellLook::Soft},
+            {timeOfDay(recorder.wallClock(entry.time)), CellLook::Soft},
+            {entry.port == 0 ? std::string() : "Com" + std::to_string(entry.port), CellLook::Soft},
+            {printable(withoutLineEnd(entry.line)), strength},
+            {printable(entry.answer), CellLook::Plain},
+            {milliseconds(entry.length), CellLook::Soft},
+            {wordOf(entry.result), strength},
+            {entry.meaning, CellLook::Plain}};
+}
+
+void WireLog::refill() {
+    std::vector<GridRow> rows;
+    shown.clear();
+    for (const WireEntry& entry : recorder.entries()) {
+        if (passes(entry)) {
+            rows.push_back(rowOf(entry));
+            shown.push_back(entry.number);
+        }
+    }
+    next = recorder.nextNumber();
+    Log.setRows(std::move(rows));
+    showCount();
+}
+
+void WireLog::take_Timer() {
+    taking.stop();
+    if (Pause.ticked()) {
+        return;
+    }
+    dropForgotten();
+    std::vector<GridRow> rows;
+    const std::deque<WireEntry>& all = recorder.entries();
+    std::uint64_t oldest = recorder.nextNumber() - all.size();
+    for (std::uint64_t number = std::max(next, oldest); number < recorder.nextNumber(); ++number) {
+        const WireEntry& entry = all[static_cast<std::size_t>(number - oldest)];
+        if (passes(entry)) {
+            rows.push_back(rowOf(entry));
+            shown.push_back(number);
+        }
+    }
+    next = recorder.nextNumber();
+    if (!rows.empty()) {
+        Log.insertRows(Log.rowCount(), std::move(rows));
+    }
+    showCount();
+}
+
+void WireLog::dropForgotten() {
+    std::uint64_t oldest = recorder.nextNumber() - recorder.entries().size();
+    auto kept = std::find_if(shown.begin(), shown.end(), [oldest](auto number) { return number >= oldest; });
+    auto gone = static_cast<std::size_t>(kept - shown.begin());
+    if (gone > 0) {
+        shown.erase(shown.begin(), kept);
+        Log.removeRows(0, gone);
+    }
+}
+
+void WireLog::showCount() {
+    Count.setCaption(std::to_string(Log.rowCount()) + " of " + std::to_string(recorder.entries().size()) +
+                     " lines; the last " + std::to_string(WireRecorder::capacity) + " are kept");
+}
+
+std::string WireLog::asText() const {
+    std::string text;
+    for (std::size_t row = 0; row < Log.rowCount(); ++row) {
+        for (std::size_t column = 0; column < Log.columns().size(); ++column) {
+            text += (column == 0 ? "" : "\t") + Log.cell(row, column).text;
+        }
+        text += "\r\n";
+    }
+    return text;
+}
+
+std::string WireLog::asCsv() const {
+    std::string text;
+    for (std::size_t column = 0; column < Log.columns().size(); ++column) {
+        text += (column == 0 ? "" : ",") + quoted(column == 0 ? "Sign" : Log.columns()[column].caption);
+    }
+    text += "\r\n";
+    for (std::size_t row = 0; row < Log.rowCount(); ++row) {
+        for (std::size_t column = 0; column < Log.columns().size(); ++column) {
+            text += (column == 0 ? "" : ",") + quoted(Log.cell(row, column).text);
+        }
+        text += "\r\n";
+    }
+    return text;
+}
+
+void WireLog::Save_Click() {
+    try {
+        FileChoice choice = bench.platform.dialogs.chooseFile(
+            {.mode = FileRequest::Mode::Save,
+             .title = "Save Wire Log",
+             .folder = {},
+             .startName = savePattern,
+             .filter = "Text files (*.txt)|*.txt|CSV files (*.csv)|*.csv|All files (*.*)|*.*",
+             .defaultExtension = "txt"});
+        if (choice.name == savePattern) {
+            return;
+        }
+        std::string name = choice.name;
+        bool table = name.size() > 4 && holds(name.substr(name.size() - 4), ".csv");
+        writeFileWhole(name, table ? asCsv() : asText());
+        bench.notice("Saved " + name);
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, "File save error");
+    }
+}
+
+} // namespace zor
