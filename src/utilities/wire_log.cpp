@@ -25,10 +25,14 @@ constexpr std::array<WireEntry::Result, 6> results = {
 
 std::vector<GridColumn> columns() {
     using Access = GridColumn::Access;
-    return {{"", Access::ReadOnly, 2, true},           {"Time (ms)", Access::ReadOnly, 11, true},
-            {"Time of day", Access::ReadOnly, 13, true}, {"Port", Access::ReadOnly, 5, true},
-            {"Line sent", Access::ReadOnly, 24, true},   {"Answer", Access::ReadOnly, 24, true},
-            {"Duration (ms)", Access::ReadOnly, 9, true}, {"Result", Access::ReadOnly, 11, false},
+    return {{"", Access::ReadOnly, 2, true},
+            {"Time (ms)", Access::ReadOnly, 11, true},
+            {"Time of day", Access::ReadOnly, 13, true},
+            {"Port", Access::ReadOnly, 5, true},
+            {"Line sent", Access::ReadOnly, 24, true},
+            {"Answer", Access::ReadOnly, 24, true},
+            {"Duration (ms)", Access::ReadOnly, 9, true},
+            {"Result", Access::ReadOnly, 11, false},
             {"Meaning", Access::ReadOnly, 44, false}};
 }
 

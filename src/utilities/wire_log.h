@@ -17,8 +17,8 @@
 
 namespace zor {
 
-/// What crossed the wire, line by line, with its outcome and its meaning. The past is there when the window is
-/// opened, for the recorder has listened all along; pausing stops the view, not the recording.
+/// What crossed the wire, line by line, with its outcome and its meaning. The past is there when the window
+/// is opened, for the recorder has listened all along; pausing stops the view, not the recording.
 class WireLog : public Form {
   public:
     explicit WireLog(Bench& ownBench);

@@ -22,9 +22,8 @@ void followNewest(QWidget& table, WireLog& log) {
             bar->setValue(greatest);
         }
     });
-    QObject::connect(bar, &QScrollBar::actionTriggered, view, [bar, &log] {
-        log.Follow.tick(bar->sliderPosition() == bar->maximum());
-    });
+    QObject::connect(bar, &QScrollBar::actionTriggered, view,
+                     [bar, &log] { log.Follow.tick(bar->sliderPosition() == bar->maximum()); });
 }
 
 } // namespace
@@ -33,11 +32,11 @@ QWidget* wireLogView(Form& form) {
     auto& w = static_cast<WireLog&>(form);
     QWidget* table = gridView(w.Log, 12);
     followNewest(*table, w);
-    return window({line(labelled(w.LabelFilter, field(w.Filter, 20)), labelled(w.LabelResult, list(w.Result, 12)),
-                        tick(w.Pause), tick(w.Follow), stretch()),
-                   table,
-                   line(label(w.Count, Tone::Soft), stretch(), button(w.Clear), button(w.Copy), button(w.Save))},
-                  1);
+    return window(
+        {line(labelled(w.LabelFilter, field(w.Filter, 20)), labelled(w.LabelResult, list(w.Result, 12)),
+              tick(w.Pause), tick(w.Follow), stretch()),
+         table, line(label(w.Count, Tone::Soft), stretch(), button(w.Clear), button(w.Copy), button(w.Save))},
+        1);
 }
 
 } // namespace zor
