@@ -168,60 +168,62 @@ void DemoTour::waitForEeprom(const Form& programmer) {
     main.loop().runUntil([&programmer] { return programmer.find("Read")->enabled(); });
     // The box that tells the end is closed, and its picture taken, by then.
     settle(500ms);
-    void DemoTour::visitHeaderGenerator() {
-        // Its menu is brought out by a gesture; what it shows is a panel's.
-        main.menu.mnuViewTopazTRx.click();
-        main.perform([this] { main.bench().tools.open(Tool::Frm_GenHeader); });
-        visitForm(*main.bench().tools.find(Tool::Frm_GenHeader));
-        main.menu.mnuViewTopazTRx.click();
-    }
+}
 
-    void DemoTour::visitForm(Form & form) {
-        settle(150ms);
-        QString name = toQt(form.name());
-        if (auto* panel = dynamic_cast<ChipPanel*>(&form)) {
-            workOn(*panel);
-            if (main.bench().IsBijakuModeSet()) {
-                name += QLatin1Char('B');
-            }
-        }
-        takePicture(name);
-        form.userClose();
-        settle(50ms);
-    }
+void DemoTour::visitHeaderGenerator() {
+    // Its menu is brought out by a gesture; what it shows is a panel's.
+    main.menu.mnuViewTopazTRx.click();
+    main.perform([this] { main.bench().tools.open(Tool::Frm_GenHeader); });
+    visitForm(*main.bench().tools.find(Tool::Frm_GenHeader));
+    main.menu.mnuViewTopazTRx.click();
+}
 
-    void DemoTour::workOn(ChipPanel & panel) {
-        panel.ShowStatus.click();
-        if (Option* band = panel.band(Band::Band868); band != nullptr && band->visible()) {
-            band->click();
-            panel.FreqCenter.type("868.3");
-        } else {
-            panel.FreqCenter.type("315");
+void DemoTour::visitForm(Form& form) {
+    settle(150ms);
+    QString name = toQt(form.name());
+    if (auto* panel = dynamic_cast<ChipPanel*>(&form)) {
+        workOn(*panel);
+        if (main.bench().IsBijakuModeSet()) {
+            name += QLatin1Char('B');
         }
-        if (Element* power = panel.find("OutputPower")) {
-            power->chooseText("-3 dB");
-        }
-        panel.Update.click();
-        panel.CalibratePLL.click();
-        panel.ReadStatus.click();
-        settle(800ms);
-        panel.IRQpoll.click();
-        settle(500ms);
-        panel.PB_PowerSupply.click();
-        if (Form* supply = main.desk().find("frm_PowerSupply")) {
-            supply->find("PB_Current")->click();
-            supply->userClose();
-        }
-        // One setting that has not been sent yet: its word is marked.
-        panel.Cxtal.chooseText("10.0 pF");
-        settle(100ms);
     }
+    takePicture(name);
+    form.userClose();
+    settle(50ms);
+}
 
-    void DemoTour::closeBoxes() {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            takePicture(QStringLiteral("box"));
-            box->accept();
-        }
+void DemoTour::workOn(ChipPanel& panel) {
+    panel.ShowStatus.click();
+    if (Option* band = panel.band(Band::Band868); band != nullptr && band->visible()) {
+        band->click();
+        panel.FreqCenter.type("868.3");
+    } else {
+        panel.FreqCenter.type("315");
     }
+    if (Element* power = panel.find("OutputPower")) {
+        power->chooseText("-3 dB");
+    }
+    panel.Update.click();
+    panel.CalibratePLL.click();
+    panel.ReadStatus.click();
+    settle(800ms);
+    panel.IRQpoll.click();
+    settle(500ms);
+    panel.PB_PowerSupply.click();
+    if (Form* supply = main.desk().find("frm_PowerSupply")) {
+        supply->find("PB_Current")->click();
+        supply->userClose();
+    }
+    // One setting that has not been sent yet: its word is marked.
+    panel.Cxtal.chooseText("10.0 pF");
+    settle(100ms);
+}
+
+void DemoTour::closeBoxes() {
+    if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+        takePicture(QStringLiteral("box"));
+        box->accept();
+    }
+}
 
 } // namespace zor
