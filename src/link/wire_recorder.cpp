@@ -97,7 +97,9 @@ void WireRecorder::recordBytes(const WireBytes& crossed) {
     }
     unasked.answer += crossed.bytes;
     unasked.length = crossed.time - unasked.time;
-    if (unasked.answer.size() >= unaskedLength || unasked.answer.ends_with('\n')) {
+    if (unasked.answer.size() >= unaskedLength || unasked.answer.ends_with("\r\n") ||
+        unasked.answer.ends_with(LinkVariables::Last7OK) ||
+        unasked.answer.ends_with(LinkVariables::Last7ERROR)) {
         recordUnasked();
     }
 }

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
+#include <QVBoxLayout>
 
 namespace zor {
 
