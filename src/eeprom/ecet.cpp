@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* caption = "EEPROM Content Editor Tool";
 constexpr Twips windowWidth = 9600;
-constexpr Twips windowHeight = 10800;
+constexpr Twips windowHeight = 9000;
 constexpr std::chrono::milliseconds secondClickInterval(1000);
 
 std::vector<std::string> tabTitles() {
@@ -57,7 +57,6 @@ ECET::ECET(Bench& ownBench)
     , ImageSize(*this, "ImageSize", "no image")
     , bench(ownBench)
     , PN9_Timer(ownBench.platform.loop, [this] { PN9_Timer_Timer(); }) {
-    setSizing(Sizing::ByContent);
     setExtent({windowHeight, windowWidth});
     PN9_Timer.setInterval(secondClickInterval);
     TB_EEPROMContent.setLimit(imageDigits);
@@ -67,6 +66,9 @@ ECET::ECET(Bench& ownBench)
     }
     TabStrip1.onTurn = [this] { TabStrip1_Click(); };
     PB_GenerateRom.onClick = [this] { PB_GenerateRom_Click(); };
+    PB_Call.onClick = [this] { PB_Call_Click(); };
+    PB_Load.onClick = [this] { PB_Load_Click(); };
+    PB_Save.onClick = [this] { PB_Save_Click(); };
     PB_ClearLog.onClick = [this] { TB_ErrorLog.clear(); };
     // Beside the pages' groups lies the ground of the page.
     onClick = [this] { frameClicked(); };
@@ -77,16 +79,26 @@ ECET::ECET(Bench& ownBench)
     // The words' meanings depend on the panel's band and crystal, which may have changed meanwhile.
     broughtToFront = activated.subscribe([this] { readAll(); });
     showFrames();
-    commands().setPlace({place().top, place().left + extent().width});
+    (void)commands();
 }
 
 Frm_CmdSequence& ECET::commands() {
     auto& form = dynamic_cast<Frm_CmdSequence&>(bench.tools.create(Tool::Frm_CmdSequence));
     if (served != &form) {
         served = &form;
+        besidePlace = form.place();
         form.serve(*this);
     }
+    placeBeside(form);
     return form;
+}
+
+void ECET::placeBeside(Form& window) {
+    // Where the user has put it, it stays.
+    if (!window.isOpen() && window.place() == besidePlace) {
+        besidePlace = {place().top, place().left + extent().width};
+        window.setPlace(besidePlace);
+    }
 }
 
 void ECET::unload() {
@@ -169,6 +181,7 @@ void ECET::PB_GenerateRom_Click() {
         TB_ErrorLog.append(LogColour::Red, "THE EEPROM CODE MIGHT BE INCORRECT.");
     }
     TB_ErrorLog.moveToEnd();
+    showImageInProgrammer();
 }
 
 bool ECET::generateEvent(EventTab& eventTab) {

@@ -63,11 +63,18 @@ class ECET final : public Form, private CommandTarget {
     [[nodiscard]] bool& opened(int event) { return FrmCmdSequenceLoaded[static_cast<std::size_t>(event)]; }
     void TabStrip1_Click();
     void readAll();
+    /// Puts the command editor at the right of this window.
+    void placeBeside(Form& window);
     void showFrames();
     void PB_GenerateRom_Click();
     /// @return true if the event's routine may be incorrect
     bool generateEvent(EventTab& eventTab);
     void logWithoutFunction();
+    /// Puts the image into the programmer's window at once if there is one.
+    void showImageInProgrammer();
+    void PB_Call_Click();
+    void PB_Save_Click();
+    void PB_Load_Click();
     void PN9_Timer_Timer();
     void showPN9(bool shown);
 
@@ -78,6 +85,7 @@ class ECET final : public Form, private CommandTarget {
     std::array<bool, eventCount> FrmCmdSequenceLoaded{};
     /// The command editor that was told of this window.
     Frm_CmdSequence* served = nullptr;
+    Place besidePlace;
     Timer PN9_Timer;
     Subscription imageChanged;
     Subscription broughtToFront;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "eeprom/event_routine.h"
 
+#include "eeprom/image.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -16,11 +17,6 @@ char upper(char character) {
 
 bool sameLetter(char a, char b) {
     return upper(a) == upper(b);
-}
-
-bool isDigit(char character) {
-    char c = upper(character);
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
 }
 
 /// 0 for what is no digit.
@@ -57,7 +53,7 @@ CaretText filteredDigits(std::string_view before, const CaretText& after) {
     filtered.text = after.text.substr(0, begin);
     std::copy_if(after.text.begin() + static_cast<std::ptrdiff_t>(begin),
                  after.text.begin() + static_cast<std::ptrdiff_t>(caret), std::back_inserter(filtered.text),
-                 isDigit);
+                 isHexDigit);
     filtered.caret = filtered.text.size();
     filtered.text += after.text.substr(caret);
     std::transform(filtered.text.begin(), filtered.text.end(), filtered.text.begin(), upper);

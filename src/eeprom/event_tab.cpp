@@ -29,8 +29,8 @@ std::vector<GridColumn> readingColumns() {
     return {{"", Access::ReadOnly, 1, false},
             {"At", Access::ReadOnly, 3, true},
             {"Bytes", Access::ReadOnly, 7, true},
-            {"Command", Access::ReadOnly, 20, false},
-            {"Meaning", Access::ReadOnly, 40, false}};
+            {"Command", Access::ReadOnly, 19, false},
+            {"Meaning", Access::ReadOnly, 24, false}};
 }
 
 /// A command's bytes as its row shows them, shortened.

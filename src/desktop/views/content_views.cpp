@@ -17,14 +17,6 @@ DigitStretch pickedStretch(const EventTab& tab) {
     return command == nullptr ? DigitStretch{} : DigitStretch{command->begin, command->count};
 }
 
-/// What comes and goes keeps its room, so that nothing beside it moves.
-QWidget* keepsRoom(QWidget* widget) {
-    QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget->setSizePolicy(policy);
-    return widget;
-}
-
 QWidget* titled(QWidget* left, QWidget* right, QWidget* below) {
     return plain({line(left, stretch(), right), below});
 }
@@ -49,9 +41,9 @@ QWidget* payload(EventTab& tab) {
                      line(byteArea(tab.TB_Payload, 5 * bytesInARow, payloadRows),
                           column({option(tab.OB_HexView), option(tab.OB_Ascii_View)}), stretch()),
                      line(button(tab.PB_Preamble), button(tab.PB_SynchPattern), field(tab.TB_Pattern, 5),
-                          keepsRoom(button(tab.PB_PN9)), stretch(), button(tab.PB_InsertTx)),
+                          keepRoom(button(tab.PB_PN9)), stretch(), button(tab.PB_InsertTx)),
                      line(button(tab.PB_Fill), field(tab.TB_FillData, 3), tick(tab.CB_FillEmptieswithC4),
-                          stretch(), keepsRoom(label(tab.LockHint, Tone::Soft)), button(tab.PB_InsertSleep)),
+                          stretch(), keepRoom(label(tab.LockHint, Tone::Soft)), button(tab.PB_InsertSleep)),
                  });
 }
 
@@ -93,7 +85,7 @@ QWidget* commandEditorView(Form& form) {
     for (Command command : everyCommand) {
         QWidget* box = tick(*c.CB_AddCmd(command));
         if (command == pushButtonCommand) {
-            commands.emplace_back(line(box, stretch(), keepsRoom(word(c.TB_PBCmdValue))));
+            commands.emplace_back(line(box, stretch(), keepRoom(word(c.TB_PBCmdValue))));
         } else {
             commands.emplace_back(line(box, stretch()));
         }
@@ -107,9 +99,9 @@ QWidget* commandEditorView(Form& form) {
                              {grid(2, {tick(c.CB_ContinousExecution[0]), tick(c.CB_ContinousExecution[1]),
                                        tick(c.CB_ContinousExecution[2]), tick(c.CB_ContinousExecution[3])})});
     QWidget* debouncing = group(c.Frm_DebouncingTime, {options(c.OB_Bypass, c.OB_10, c.OB_40, c.OB_160)});
-    return window({label(c.L_ControlName, Tone::Title), group("Commands", commands), keepsRoom(buttons),
-                   keepsRoom(tick(c.CB_FourthButton)), keepsRoom(tick(c.CB_Pullup)), keepsRoom(debouncing),
-                   keepsRoom(label(c.Label4, Tone::Error)),
+    return window({label(c.L_ControlName, Tone::Title), group("Commands", commands), keepRoom(buttons),
+                   keepRoom(tick(c.CB_FourthButton)), keepRoom(tick(c.CB_Pullup)), keepRoom(debouncing),
+                   keepRoom(label(c.Label4, Tone::Error)),
                    line(button(c.PB_SetDefaults), stretch(), button(c.PB_Save), strongButton(c.PB_Insert))});
 }
 
