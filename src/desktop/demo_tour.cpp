@@ -56,6 +56,7 @@ void DemoTour::play() {
     visitForm(*main.bench().tools.find(Tool::FirmLoad));
     visitEeprom();
     visitLinks();
+    visitContentEditor();
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }

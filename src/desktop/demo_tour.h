@@ -32,6 +32,7 @@ class DemoTour {
     void visitLinks();
     void waitForEeprom(const Form& programmer);
     void visitHeaderGenerator();
+    void visitContentEditor();
     void visitForm(Form& form);
     /// What an engineer does on a chip's panel: set, update, read the status, calibrate, look at the current.
     void workOn(ChipPanel& panel);
