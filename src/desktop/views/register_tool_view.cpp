@@ -25,7 +25,7 @@ QWidget* registerGroup(RegisterEditor& e) {
 QWidget* statusGroup(StatusViewer& s) {
     return group("Status register",
                  {
-                     line(list(s.StatusRegCombo, 16), field(s.Hexadec, 6), stretch(), button(s.StatusRead)),
+                     line(list(s.StatusRegCombo, 19), field(s.Hexadec, 6), stretch(), button(s.StatusRead)),
                      bitRow(s.Databit, CellShape::Tall, CellUse::Shown, 8, 8),
                      bitRow(s.Databit, CellShape::Tall, CellUse::Shown, 0, 8),
                  });
@@ -43,7 +43,7 @@ QWidget* macroGroup(MacroRows& macros) {
     }
     int at = 1;
     for (MacroRow& row : macros.rows) {
-        table->addWidget(list(row.M_Name, 14), at, 0);
+        table->addWidget(list(row.M_Name, 19), at, 0);
         table->addWidget(field(row.M_Address, 4), at, 1);
         table->addWidget(field(row.M_Hexvalue, 4), at, 2);
         table->addWidget(bitRow(row.M_bit, CellShape::Flat, CellUse::Clicked, 0, row.M_bit.size()), at, 3);

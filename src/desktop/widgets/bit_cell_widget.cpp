@@ -4,7 +4,9 @@
 #include "desktop/widgets/colours.h"
 #include "elements/bit_cell.h"
 
-#include <QAbstractButton>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 namespace zor {
@@ -17,7 +19,7 @@ constexpr int nameCharacters = 7;
 
 /// A cell for one bit. 1 is filled, 0 hollow, no data hatched, so that colour is never alone; a tall cell has
 /// its number and digit inside and the name below, a flat one only its name.
-class BitCellView : public QAbstractButton {
+class BitCellView : public QWidget {
   public:
     BitCellView(CellShape cellShape, CellUse use, int bitNumber)
         : shape(cellShape)
@@ -46,7 +48,24 @@ class BitCellView : public QAbstractButton {
         return {fontMetrics().averageCharWidth() * 4 + 2 * margin, sizeHint().height()};
     }
 
+    /// A click, or the space bar.
+    std::function<void()> onClick;
+
   protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (onClick && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+            onClick();
+        }
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        if (onClick && event->key() == Qt::Key_Space) {
+            onClick();
+        } else {
+            QWidget::keyPressEvent(event);
+        }
+    }
+
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -117,8 +136,7 @@ QWidget* bitCell(BitCell& element, CellShape shape, CellUse use) {
     binding->setBackgroundShown(false);
     binding->onDraw([binding, view] { view->show(*elementOf<BitCell>(*binding)); });
     if (use == CellUse::Clicked) {
-        QObject::connect(view, &QAbstractButton::clicked, binding,
-                         [binding] { binding->gesture([&] { binding->element()->click(); }); });
+        view->onClick = [binding] { binding->gesture([&] { binding->element()->click(); }); };
     }
     return view;
 }
