@@ -93,8 +93,8 @@ void VirtualSeat::fault(int code) {
 }
 
 void VirtualSeat::opened(VirtualSerialPort& port, const LineSettings& settings) {
-    holder = &port;
     setFormat(settings.format);
+    holder = &port;
     inputBuffer = static_cast<std::size_t>(std::max(settings.inputBuffer.value_or(driversBuffer), 1));
     if (settings.clearInput) {
         waiting.clear();
