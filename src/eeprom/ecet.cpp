@@ -84,8 +84,7 @@ ECET::ECET(Bench& ownBench)
 
 Frm_CmdSequence& ECET::commands() {
     auto& form = dynamic_cast<Frm_CmdSequence&>(bench.tools.create(Tool::Frm_CmdSequence));
-    if (served != &form) {
-        served = &form;
+    if (!form.serves(*this)) {
         besidePlace = form.place();
         form.serve(*this);
     }

@@ -83,8 +83,7 @@ class ECET final : public Form, private CommandTarget {
     std::array<bool, eventCount> NoFunction{};
     /// The command editor is open on the event.
     std::array<bool, eventCount> FrmCmdSequenceLoaded{};
-    /// The command editor that was told of this window.
-    Frm_CmdSequence* served = nullptr;
+    /// Where the command editor was put last.
     Place besidePlace;
     Timer PN9_Timer;
     Subscription imageChanged;

@@ -50,6 +50,7 @@ class Frm_CmdSequence : public Form {
 
     /// Begins to work for the content editor. Called once, before anything else.
     void serve(CommandTarget& editor);
+    [[nodiscard]] bool serves(const CommandTarget& editor) const { return target == &editor; }
 
     /// Shows the current event's commands.
     void ShowCommandEditor();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The widgets of tables, coloured logs and bytes.
+#include "bench.h"
+
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/grid_model.h"
-#include "elements/desk.h"
-#include "virtual/virtual_loop.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -20,11 +20,9 @@ namespace zor {
 
 namespace {
 
-struct Window {
+struct Window : DeskBench {
     Window() { form.show(); }
 
-    testing::VirtualLoop loop;
-    Desk desk{loop};
     Form form{desk, "Window", "A window"};
 };
 
