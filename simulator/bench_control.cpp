@@ -363,8 +363,11 @@ std::string controlHelp() {
     for (const Statement& statement : statements) {
         std::string form(statement.form);
         // A long form has its meaning under it.
-        form =
-            form.size() < 20 ? form + std::string(20 - form.size(), ' ') : form + "\n" + std::string(22, ' ');
+        if (form.size() < 20) {
+            form.resize(20, ' ');
+        } else {
+            form.append("\n").append(22, ' ');
+        }
         help += "  " + form + std::string(statement.meaning) + "\n";
     }
     return help + "  quit                end\n";
