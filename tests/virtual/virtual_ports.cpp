@@ -228,6 +228,8 @@ void VirtualSerialPort::open(int number, const LineSettings& settings) {
 
 void VirtualSerialPort::setFormat(const std::string& format) {
     if (seat != nullptr) {
+        // The driver waits until what was written has gone out at the old speed.
+        seat->toBoard.drain();
         seat->setFormat(format);
     }
 }
