@@ -22,12 +22,7 @@ bool isSpeedCommand(std::string_view line) {
 } // namespace
 
 Answer LoaderFirmware::execute(std::string_view line) {
-    if (downloading) {
-        return takeLine(line);
-    }
-    if (line == "i") {
-        return Answer::success(bannerText(BoardKind::Loader));
-    }
+    // Also in the midst of a download: the PC may have given it up without the line's telling so.
     if (line == "C") {
         downloading = true;
         stalled = false;
@@ -35,6 +30,12 @@ Answer LoaderFirmware::execute(std::string_view line) {
         lines = 0;
         downloaded.clear();
         return Answer::silence();
+    }
+    if (downloading) {
+        return takeLine(line);
+    }
+    if (line == "i") {
+        return Answer::success(bannerText(BoardKind::Loader));
     }
     return line.empty() || isSpeedCommand(line) ? Answer::success() : Answer::refusal();
 }

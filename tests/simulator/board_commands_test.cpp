@@ -360,6 +360,18 @@ TEST(Loader, ALineAtTheSpeedOfCommandsEndsADownload) {
     EXPECT_EQ(bench.board.loader()->image().bytes().size(), 3u);
 }
 
+TEST(Loader, TheDownloadCommandBeginsAnewAlsoInADownload) {
+    Bench bench(BoardKind::Loader);
+    bench.board.stallAt(2);
+    bench.ask("C");
+    bench.ask("L:0300300002337A1E");
+    EXPECT_EQ(bench.ask(":0300300002337A1E"), "");
+    bench.board.stallAt(0);
+    EXPECT_EQ(bench.ask("C"), "");
+    EXPECT_TRUE(bench.board.loader()->image().bytes().empty());
+    EXPECT_EQ(bench.ask("L:0300300002337A1E"), "\x13\x11");
+}
+
 TEST(Loader, OtherBoardsHaveNone) {
     Bench bench;
     EXPECT_EQ(bench.board.loader(), nullptr);
