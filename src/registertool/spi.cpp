@@ -55,7 +55,7 @@ SPI::SPI(Bench& ownBench)
     , whole(*this)
     , supply(*this)
     , fifo(*this) {
-    setExtent({10800, 18000});
+    setExtent({9900, 18000});
     Zero.setBackground(colourOf(BitState::Zero));
     for (Swatch* swatch : {&One, &Zero, &nodata, &Blue, &LightGray}) {
         swatch->setVisible(false);
