@@ -67,7 +67,6 @@ RegisterEditor::RegisterEditor(SPI& ownTool)
     for (BitCell& cell : bit) {
         cell.onClick = [this, &cell] { tool.guarded([&] { bit_Click(cell.number()); }); };
     }
-    Description.setMultiLine(true);
     HexValue.setTip("The value as it is sent; two hexadecimal digits");
     Read.setTip("Reads this register from the chip");
     Send.setTip("Writes the value to this register of the chip");

@@ -15,8 +15,7 @@ constexpr int rowsInSight = 12;
 QWidget* registerGroup(RegisterEditor& e) {
     return group("Register", {
                                  line(field(e.Address, 4), textField(e.Name1, 12)),
-                                 label(e.DescriptionLabel, Tone::Soft),
-                                 textArea(e.Description, 36, 2),
+                                 line(label(e.DescriptionLabel, Tone::Soft), textField(e.Description, 20)),
                                  bitRow(e.bit, CellShape::Tall, CellUse::Clicked, 0, e.bit.size()),
                                  line(field(e.HexValue, 5), stretch(), button(e.Read), strongButton(e.Send)),
                              });
@@ -36,7 +35,7 @@ QWidget* macroGroup(MacroRows& macros) {
     auto* table = new QGridLayout(box);
     table->setContentsMargins(spaceInside, spaceInside, spaceInside, spaceInside);
     table->setHorizontalSpacing(spaceBetween);
-    table->setVerticalSpacing(spaceBetween / 2);
+    table->setVerticalSpacing(2);
     int column = 0;
     for (const char* title : {"Name", "Addr.", "Hex", "Bits 7 to 0"}) {
         table->addWidget(remark(QString::fromLatin1(title)), 0, column++);
@@ -61,13 +60,13 @@ QWidget* listPage(SPI& s) {
     QWidget* choice = plain({line(caption("Order by"), option(f.ByAddress), option(f.ByName),
                                   caption("Register Filter"), tick(f.ENRF), tick(f.ENTest), tick(f.ENDigital),
                                   tick(f.ENMisc), button(f.ViewAll), stretch())});
-    QWidget* body = across({gridView(s.editor.SettingsDataGrid, rowsInSight),
-                            column({registerGroup(s.editor), statusGroup(s.status)})},
-                           0);
-    QWidget* notes = plain({label(s.GuiNotesLabel), textField(s.GuiNotes, 24)});
-    QWidget* supply = group(s.supply.SupplyFrame,
-                            {line(field(s.supply.Voltage, 5), caption("V"), button(s.supply.PB_Voltage))});
-    QWidget* lower = across({macroGroup(s.macros), column({notes, supply})}, 0);
+    QWidget* notes = plain({line(label(s.GuiNotesLabel, Tone::Soft), textField(s.GuiNotes, 16))});
+    QWidget* body = across(
+        {gridView(s.editor.SettingsDataGrid, rowsInSight), column({registerGroup(s.editor), notes})}, 0);
+    QWidget* supply =
+        group(s.supply.SupplyFrame,
+              {line(field(s.supply.Voltage, 5), caption("V"), button(s.supply.PB_Voltage), stretch())});
+    QWidget* lower = across({macroGroup(s.macros), column({statusGroup(s.status), supply})}, 0);
     return plain(s.Frame_tabs[0], {choice, body, lower});
 }
 
