@@ -85,7 +85,7 @@ struct Statement {
 constexpr Statement statements[] = {
     {"loss",       "loss DB",         "path loss between any two stations, at first 60",     setLoss},
     {"crystal",    "crystal PPM",     "how far the board's crystal is off",                  setCrystal},
-    {"far",        "far MODE [MS]",   "far end: silent, numbered, echo or carrier, each MS", setFarEnd},
+    {"far",        "far MODE [MS]",   "far end: silent, numbered, echo, carrier, lively; each MS", setFarEnd},
     {"farcrystal", "farcrystal PPM",  "how far the far end's crystal is off",                setFarCrystal},
     {"lose",       "lose N",          "the far end's packet of that number fades away",      loseNumber},
 };

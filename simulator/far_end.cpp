@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 namespace zor::sim {
 
@@ -21,7 +22,8 @@ std::optional<FarEnd::Mode> farEndMode(std::string_view name) {
     constexpr std::pair<std::string_view, FarEnd::Mode> modes[] = {{"silent", FarEnd::Mode::silent},
                                                                    {"numbered", FarEnd::Mode::numbered},
                                                                    {"echo", FarEnd::Mode::echo},
-                                                                   {"carrier", FarEnd::Mode::carrier}};
+                                                                   {"carrier", FarEnd::Mode::carrier},
+                                                                   {"lively", FarEnd::Mode::lively}};
     const auto* found = std::ranges::find(modes, name, [](const auto& mode) { return mode.first; });
     return found == std::end(modes) ? std::nullopt : std::optional(found->second);
 }
@@ -39,7 +41,8 @@ FarEnd::~FarEnd() {
 void FarEnd::setMode(Mode newMode, std::chrono::milliseconds newInterval) {
     ownMode = newMode;
     ownInterval = newInterval;
-    number = newMode == Mode::numbered ? number : 0;
+    bool counts = newMode == Mode::numbered || newMode == Mode::lively;
+    number = counts ? number : 0;
 }
 
 std::optional<std::chrono::milliseconds> FarEnd::interval() const {
@@ -54,13 +57,25 @@ void FarEnd::act() {
         sendNumbered();
         break;
     case Mode::echo:
-        if (auto settings = emission(); settings && !last.empty()) {
-            ether.send(*this, {*settings, last});
-        }
+        sendHeard();
         break;
     case Mode::carrier:
         high = !high;
         break;
+    case Mode::lively:
+        high = !high;
+        if (std::exchange(answerDue, false)) {
+            sendHeard();
+        } else {
+            sendNumbered();
+        }
+        break;
+    }
+}
+
+void FarEnd::sendHeard() {
+    if (auto settings = emission(); settings && !last.empty()) {
+        ether.send(*this, {*settings, last});
     }
 }
 
@@ -95,7 +110,7 @@ void FarEnd::sendNumbered() {
 }
 
 std::optional<Emission> FarEnd::carrier() const {
-    return ownMode == Mode::carrier ? emission() : std::nullopt;
+    return ownMode == Mode::carrier || ownMode == Mode::lively ? emission() : std::nullopt;
 }
 
 void FarEnd::hear(const AirPacket& packet) {
@@ -110,6 +125,7 @@ void FarEnd::hear(const AirPacket& packet) {
     if (auto arrived = ether.received(packet, alike)) {
         ++heard;
         last = *arrived;
+        answerDue = true;
     }
 }
 

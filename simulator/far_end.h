@@ -22,6 +22,7 @@ class FarEnd : public Station {
         numbered, ///< a packet "PKT 00001", "PKT 00002", ... each time
         echo,     ///< again and again what it heard last
         carrier,  ///< a carrier whose level changes each time
+        lively,   ///< the carrier, and what it heard since the last time or else a numbered packet
     };
 
     /// Joins the ether and stays until its end. @param nearBoard, @param space  must outlive it
@@ -48,20 +49,23 @@ class FarEnd : public Station {
   private:
     [[nodiscard]] std::optional<Emission> emission() const;
     void sendNumbered();
+    void sendHeard();
 
     const Board& near;
     Ether& ether;
     Mode ownMode = Mode::silent;
     std::chrono::milliseconds ownInterval{1000};
-    double crystalError = 0;
+    /// No two crystals are alike.
+    double crystalError = 12;
     bool high = false;
+    bool answerDue = false;
     int number = 0;
     int heard = 0;
     std::set<int> fading;
     std::vector<std::uint8_t> last;
 };
 
-/// "silent", "numbered", "echo", "carrier".
+/// "silent", "numbered", "echo", "carrier", "lively".
 [[nodiscard]] std::optional<FarEnd::Mode> farEndMode(std::string_view name);
 
 } // namespace zor::sim

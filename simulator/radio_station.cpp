@@ -96,7 +96,7 @@ AirSense RadioStation::sense() const {
     auto settings = reception();
     auto heard = settings ? ether.carrierAt(*this, *settings) : std::nullopt;
     if (!heard) {
-        return {};
+        return {.signal = false, .offsetSteps = settings ? packetOffset : std::nullopt};
     }
     return {.signal = heard->power >= settings->threshold + settings->attenuation,
             .offsetSteps = static_cast<int>(std::lround(heard->offset / settings->offsetStep))};
@@ -119,6 +119,8 @@ void RadioStation::hear(const AirPacket& packet) {
     if (!arrived) {
         return;
     }
+    packetOffset = static_cast<int>(
+        std::lround((packet.emission.frequency - settings->frequency) / settings->offsetStep));
     // A fill that has begun goes on until the FIFO is stopped.
     auto bytes = board.gathersPacket() ? arrived : behindPattern(*arrived, settings->synchron);
     if (bytes) {

@@ -35,6 +35,8 @@ class RadioStation : public Station {
     Board& board;
     Ether& ether;
     double crystalError = 0;
+    /// Where the sender of the last packet was, in steps; the chip holds what it found.
+    std::optional<int> packetOffset;
     /// The board's pseudo-random sequence, fifteen stages.
     std::uint16_t sequence = 0x7FFF;
 };

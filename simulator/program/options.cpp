@@ -106,7 +106,7 @@ constexpr Option options[] = {
      [](Options& o, const std::string& v) { addSetup(o, "slow", v); }},
     {"--stall", "N", "fault: a loader falls silent at line N of a download",
      [](Options& o, const std::string& v) { addSetup(o, "stall", v); }},
-    {"--air", "WHO", "who else is on the air: two, silent, numbered, echo or carrier; see below",
+    {"--air", "WHO", "who else is on the air: two, silent, numbered, echo, carrier or lively; see below",
      setAir},
     {"--delay", "MS", "fault: every answer comes so much later",
      [](Options& o, const std::string& v) { o.faults.delay = milliseconds(readNumber(v, 0, 3'600'000)); }},
@@ -161,7 +161,7 @@ byte behind the chip select's falling edge ("H2", "L2"), then the second.
 The air: with "two" a second board of the same kind sits on a second terminal, whose path is the second line on
 standard output, and the two radios hear each other where the words latched in their chips agree. With the others
 there is a far end without a terminal, tuned like the board's chip: it keeps silent, sends a numbered packet each
-second, says again each second what it heard last, or keys a carrier.
+second, says again each second what it heard last, or keys a carrier; a lively one does all of it.
 
 The trace shows lines from the PC as "<" and what the board says as ">", with the name of the chip command that an
 "S1" or "S2" line carries:

@@ -271,6 +271,37 @@ TEST(FarEnd, SaysAgainWhatItHeardAndKeepsSilentOtherwise) {
     EXPECT_EQ(bench.said, "\n\rReceived packet: 02 bytes: A\r\n\rOK\n\r>");
 }
 
+TEST(FarEnd, ALivelyOneAnswersOrCountsAndKeysItsCarrier) {
+    Bench bench;
+    Ether ether;
+    RadioStation station(bench.board, ether);
+    FarEnd far(bench.board, ether);
+    far.setMode(FarEnd::Mode::lively);
+    Air::transmit(bench);
+    bench.ask("T14,2D,D4,41,0D");
+    Air::receive(bench);
+    far.act();
+    EXPECT_EQ(bench.said, "\n\rReceived packet: 02 bytes: A\r\n\rOK\n\r>");
+    EXPECT_EQ(dataOf(bench), '1');
+    Air::receive(bench);
+    far.act();
+    EXPECT_EQ(bench.said, "\n\rReceived packet: 10 bytes: PKT 00001\r\n\rOK\n\r>");
+    EXPECT_EQ(dataOf(bench), '0');
+}
+
+TEST(FarEnd, ItsCrystalShowsBehindAPacket) {
+    Bench bench;
+    Ether ether;
+    RadioStation station(bench.board, ether);
+    FarEnd far(bench.board, ether);
+    Air::receive(bench);
+    EXPECT_EQ(bench.board.radio().status()[1] & 0x1F, 0);
+    far.setMode(FarEnd::Mode::numbered);
+    far.act();
+    // 315 MHz x 12 ppm = 3.78 kHz, 1.5 steps of 2.5 kHz.
+    EXPECT_EQ(bench.board.radio().status()[1] & 0x1F, 2);
+}
+
 TEST(FarEnd, ItsCarrierMovesTheDataLine) {
     Bench bench;
     Ether ether;
