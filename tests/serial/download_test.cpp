@@ -88,9 +88,15 @@ class OtherFirmware : public testing::Test {
     LinuxUsbDriver usb{devices};
     FileDialogs dialogs;
     NoSurroundings surroundings;
-    Platform platform{
-        loop, ports, usb, dialogs, surroundings, folder.path().toStdString(), folder.path().toStdString(),
-        '.'};
+    store::SqliteRegisterStores registerStores;
+    Platform platform{loop,
+                      ports,
+                      usb,
+                      dialogs,
+                      surroundings,
+                      registerStores,
+                      folder.path().toStdString(),
+                      folder.path().toStdString()};
     Desk desk{loop};
     DemoBoard board;
     std::unique_ptr<MainWindow> main;
