@@ -31,4 +31,15 @@ QString literalCaption(std::string_view caption) {
     return toQt(caption).replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
+QString mnemonicCaption(std::string_view caption) {
+    QString text = toQt(caption);
+    for (qsizetype at = text.indexOf(QLatin1Char('&')); at >= 0;
+         at = text.indexOf(QLatin1Char('&'), at + 2)) {
+        if (at + 1 == text.size() || !text.at(at + 1).isLetterOrNumber()) {
+            text.insert(at, QLatin1Char('&'));
+        }
+    }
+    return text;
+}
+
 } // namespace zor

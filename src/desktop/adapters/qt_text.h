@@ -19,5 +19,7 @@ namespace zor {
 
 /// A caption for a widget that takes '&' for a mnemonic, where ours means the character itself.
 [[nodiscard]] QString literalCaption(std::string_view caption);
+/// The same where '&' in front of a letter or digit is a mnemonic, and any other the character itself.
+[[nodiscard]] QString mnemonicCaption(std::string_view caption);
 
 } // namespace zor

@@ -155,7 +155,7 @@ QWidget* tickSaying(TickBox& element, std::function<QString(const Binding&)> tex
 
 QWidget* tick(TickBox& element) {
     return tickSaying(element,
-                      [](const Binding& binding) { return literalCaption(binding.element()->caption()); });
+                      [](const Binding& binding) { return mnemonicCaption(binding.element()->caption()); });
 }
 
 QWidget* tick(TickBox& element, const QString& face) {
@@ -170,7 +170,7 @@ QWidget* option(Option& element) {
     binding->followFocus();
     bindClick(*radio, *binding);
     binding->onDraw([binding, radio] {
-        radio->setText(literalCaption(binding->element()->caption()));
+        radio->setText(mnemonicCaption(binding->element()->caption()));
         radio->setChecked(elementOf<Option>(*binding)->chosen());
     });
     return radio;
@@ -284,11 +284,13 @@ QWidget* tabs(TabStrip& element, const std::vector<QWidget*>& pages, std::functi
     layout->addWidget(frame, 1);
 
     auto* binding = new Binding(element, *strip);
-    binding->addCompanion(*frame);
     QObject::connect(strip, &QTabBar::currentChanged, binding, [binding](int index) {
         binding->gesture([&] { binding->element()->choosePosition(index + 1); });
     });
-    binding->onDraw([binding, strip, stack] {
+    binding->onDraw([binding, strip, frame, stack] {
+        // A strip that is out of reach keeps its page: what stands there says for itself whether it can be
+        // used.
+        frame->setVisible(binding->element()->shown());
         int index = elementOf<TabStrip>(*binding)->page() - 1;
         strip->setCurrentIndex(index);
         stack->setCurrentIndex(index);
