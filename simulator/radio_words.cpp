@@ -46,7 +46,11 @@ bool isReceiver(Chip chip) {
 }
 
 unsigned word(const RadioChip& chip, WordRole role) {
-    return chip.latched(role).value_or(0);
+    unsigned value = 0;
+    if (auto latched = chip.latched(role)) {
+        value = *latched;
+    }
+    return value;
 }
 
 const BandRow& bandOf(const RadioChip& chip) {

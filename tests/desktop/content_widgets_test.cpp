@@ -8,6 +8,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QCoreApplication>
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QTableView>
@@ -83,6 +84,8 @@ TEST(GridView, TypesIntoACellThroughTheElement) {
         grid.setCell(row, column, GridCell(text + "!"));
     };
     EXPECT_TRUE(table->model()->setData(table->model()->index(0, 1), QStringLiteral("new")));
+    // The edit may wait for the board, so it runs when the toolkit's commit is over.
+    QCoreApplication::processEvents();
     EXPECT_EQ(grid.cell(0, 1).text, "new!");
     EXPECT_FALSE(table->model()->setData(table->model()->index(0, 0), QStringLiteral("new")));
 }
