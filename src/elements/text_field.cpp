@@ -170,8 +170,19 @@ bool TextField::press(char key) {
     return !refused;
 }
 
+bool TextField::click() {
+    return act([this] {
+        if (onClick) {
+            onClick();
+        }
+    });
+}
+
 bool TextField::doubleClick() {
     return act([this] {
+        if (onClick) {
+            onClick();
+        }
         if (onDoubleClick) {
             onDoubleClick();
         }

@@ -42,6 +42,8 @@ class TextField : public Element {
     bool edit(std::string_view text) override;
     /// Types at the caret; '\r' is Enter, '\b' takes the character in front of the caret.
     bool press(char key) override;
+    bool click() override;
+    /// A mouse sends its click first, and so does this.
     bool doubleClick() override;
     /// Replaces the whole text at once, as a paste does; the caret comes to its end.
     bool replace(std::string_view text) { return replace(text, text.size()); }
@@ -59,6 +61,7 @@ class TextField : public Element {
     /// A key that the field gets, locked or not, before it does anything with it; true if the action took the
     /// key. A locked field types none.
     std::function<bool(char)> onKey;
+    std::function<void()> onClick;
     std::function<void()> onDoubleClick;
 
     /// The caret moved without the text having changed.

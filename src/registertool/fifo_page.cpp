@@ -115,4 +115,40 @@ void FifoPage::showRows() {
     showSource(RXFIFO, RX.get(), {"Item", "Hex", "ASCII", "Expected", "Error"});
 }
 
+StoredValue FifoPage::value(Column column, std::size_t row) const {
+    RecordSource* source = column == Column::Hex ? TX.get() : RX.get();
+    if (source == nullptr || row >= source->count()) {
+        return std::nullopt;
+    }
+    source->moveTo(row);
+    return source->value(column == Column::Hex ? "Hex" : "Expected");
+}
+
+void FifoPage::store(Column column, std::size_t row, const std::string& text) {
+    RecordSource* source = column == Column::Hex ? TX.get() : RX.get();
+    if (source == nullptr || row >= source->count()) {
+        return;
+    }
+    source->moveTo(row);
+    source->setValue(column == Column::Hex ? "Hex" : "Expected", text);
+    source->save();
+    if (column == Column::Hex) {
+        TXFIFO.setCell(row, TXFIFO.column("Hex").value(), text);
+    } else {
+        RXFIFO.setCell(row, RXFIFO.column("Xpd").value(), text);
+    }
+}
+
+void FifoPage::storeRead(std::size_t row, const std::string& hex, const std::string& error) {
+    if (!RX || row >= RX->count()) {
+        return;
+    }
+    RX->moveTo(row);
+    RX->setValue("Hex", hex);
+    RX->setValue("Error", error);
+    RX->save();
+    RXFIFO.setCell(row, RXFIFO.column("Hex").value(), hex);
+    RXFIFO.setCell(row, RXFIFO.column("Err").value(), GridCell(error, CellLook::Wrong));
+}
+
 } // namespace zor

@@ -45,6 +45,15 @@ class FifoPage {
     void takeChip(const RecordSource& chip);
     /// Shows what the worktables hold.
     void showRows();
+
+    /// What is asked of a row from outside: the byte to be sent, the byte to be received.
+    enum class Column { Hex, Expected };
+    /// Of the transmit FIFO's Hex, or of the receive FIFO's Expected; nothing where there is no such row.
+    [[nodiscard]] StoredValue value(Column column, std::size_t row) const;
+    /// Stores it and shows it. Throws StoreError.
+    void store(Column column, std::size_t row, const std::string& text);
+    /// Stores what a read of the receive FIFO gave. Throws StoreError.
+    void storeRead(std::size_t row, const std::string& hex, const std::string& error);
 };
 
 } // namespace zor

@@ -91,10 +91,14 @@ void SettingTable::fill(RecordSource& registers) {
 }
 
 std::optional<std::size_t> SettingTable::find(std::string_view address) {
+    return findBy("Address = '" + std::string(address) + "'");
+}
+
+std::optional<std::size_t> SettingTable::findBy(std::string_view criterion) {
     if (!attached()) {
         return std::nullopt;
     }
-    whole->find("Address = '" + std::string(address) + "'");
+    whole->find(criterion);
     return whole->pastLast() ? std::nullopt : std::optional(whole->position());
 }
 

@@ -55,6 +55,8 @@ class SettingTable {
     [[nodiscard]] const std::vector<Setting>& rows() const { return settings; }
     /// The number of the first row with that address. Throws StoreError.
     [[nodiscard]] std::optional<std::size_t> find(std::string_view address);
+    /// The first row that fits a criterion as it stands. Throws StoreError.
+    [[nodiscard]] std::optional<std::size_t> findBy(std::string_view criterion);
     /// Stores a value and its binary form. Throws StoreError; the table then holds what it held.
     void storeValue(std::size_t row, const std::string& hexValue);
 

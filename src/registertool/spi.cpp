@@ -54,7 +54,10 @@ SPI::SPI(Bench& ownBench)
     , status(*this)
     , whole(*this)
     , supply(*this)
-    , fifo(*this) {
+    , fifo(*this)
+    , fifoTest(*this)
+    , batch(*this)
+    , files(*this) {
     setExtent({9900, 18000});
     Zero.setBackground(colourOf(BitState::Zero));
     for (Swatch* swatch : {&One, &Zero, &nodata, &Blue, &LightGray}) {
@@ -62,7 +65,11 @@ SPI::SPI(Bench& ownBench)
     }
     Stop.setEnabled(false);
     Stop.setTip("Ends what is running, behind the exchange that it is at");
-    whileReady = {&ChipSelect, &whole.Defaults, &whole.UpdateChip, &whole.RefreshTable, &status.StatusRead};
+    whileReady = {&ChipSelect,        &whole.Defaults,     &whole.UpdateChip, &whole.RefreshTable,
+                  &status.StatusRead, &fifoTest.WriteTXff, &fifoTest.ReadRXff};
+    for (Batch& script : batch.batches) {
+        whileReady.push_back(&script.BatchRun);
+    }
 
     ChipSelect.onChange = [this] { guarded([this] { ChipSelect_Click(); }); };
     TabStrip1.onTurn = [this] { TabStrip1_Click(); };
@@ -97,6 +104,7 @@ SPI::~SPI() {
 
 void SPI::unload() {
     waiting.clear();
+    bench.tools.close(Tool::SPIsub2);
     detachStore();
 }
 
@@ -258,8 +266,9 @@ void SPI::LoadboardReady() {
     }
 }
 
-LongAction::LongAction(SPI& ownTool)
+LongAction::LongAction(SPI& ownTool, Works ownWorks)
     : tool(ownTool)
+    , works(ownWorks)
     , generation(ownTool.table.generation()) {
     tool.LoadboardBusy();
     if (tool.longActions++ == 0) {
@@ -280,8 +289,12 @@ bool LongAction::sameTable() const {
     return !tool.isClosed() && tool.table.generation() == generation;
 }
 
+bool LongAction::hasItsGround() const {
+    return works == Works::OnRegisters ? sameTable() : !tool.isClosed();
+}
+
 bool LongAction::goesOn() const {
-    return !portGone && !tool.stopping && sameTable();
+    return !portGone && !tool.stopping && hasItsGround();
 }
 
 bool LongAction::send(const std::string& line) {
@@ -291,7 +304,7 @@ bool LongAction::send(const std::string& line) {
         return false;
     }
     portGone = !tool.send(line);
-    return !portGone && sameTable();
+    return !portGone && hasItsGround();
 }
 
 } // namespace zor

@@ -5,13 +5,16 @@
 #include "elements/tab_strip.h"
 #include "link/bench.h"
 #include "link/connect.h"
+#include "registertool/batch_page.h"
 #include "registertool/board_supply.h"
 #include "registertool/fifo_page.h"
+#include "registertool/fifo_test.h"
 #include "registertool/macro_rows.h"
 #include "registertool/register_editor.h"
 #include "registertool/register_filter.h"
 #include "registertool/setting_table.h"
 #include "registertool/status_viewer.h"
+#include "registertool/text_files.h"
 #include "registertool/whole_table.h"
 
 #include <array>
@@ -69,6 +72,9 @@ class SPI : public Form {
     WholeTable whole;
     BoardSupply supply;
     FifoPage fifo;
+    FifoTest fifoTest;
+    BatchPage batch;
+    TextFiles files;
 
     /// Empties the worktables and what is known of the chip. Throws StoreError.
     void ClearWorktables();
@@ -119,7 +125,9 @@ class SPI : public Form {
 /// longer those it began with.
 class LongAction {
   public:
-    explicit LongAction(SPI& ownTool);
+    /// What the run works on: the registers of the chip, or nothing that a choice of chip changes.
+    enum class Works { OnRegisters, OnTheBoard };
+    explicit LongAction(SPI& ownTool, Works works = Works::OnRegisters);
     LongAction(const LongAction&) = delete;
     LongAction& operator=(const LongAction&) = delete;
     /// Frees the tool, also where the run was dropped in its middle.
@@ -134,7 +142,10 @@ class LongAction {
     void end();
 
   private:
+    [[nodiscard]] bool hasItsGround() const;
+
     SPI& tool;
+    Works works;
     unsigned generation;
     bool portGone = false;
     bool ended = false;

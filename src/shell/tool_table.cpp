@@ -6,6 +6,7 @@
 #include "eeprom/frm_cmd_sequence.h"
 #include "headergen/frm_gen_header.h"
 #include "registertool/spi.h"
+#include "registertool/spi_sub2.h"
 #include "rftools/amber_v1_rflink.h"
 #include "rftools/beryl_rf_link_test.h"
 #include "rftools/frm_link.h"
@@ -59,7 +60,7 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::Frm_AmberTestFunctions, "Frm_AmberTestFunctions", nullptr,                   &Menu::mnuToolsAmberTestmode,  make<Frm_AmberTestFunctions>},
         {Tool::Frm_BerylTestFunctions, "Frm_BerylTestFunctions", nullptr,                   &Menu::mnuToolsBerylTestmode,  make<Frm_BerylTestFunctions>},
         {Tool::SPI,                    "SPI",                    nullptr,                   &Menu::mnuSPI,                 make<SPI>},
-        {Tool::SPIsub2,                "SPIsub2",                nullptr,                   nullptr,                       nullptr},
+        {Tool::SPIsub2,                "SPIsub2",                nullptr,                   nullptr,                       make<SPIsub2>},
         {Tool::Frm_GenHeader,          "Frm_GenHeader",          nullptr,                   &Menu::mnuGenCHeader,          make<Frm_GenHeader>},
         {Tool::FirmLoad,               "FirmLoad",               &Switch::FirmLoadOn,       &Menu::mnuload,                make<FirmLoad>},
         {Tool::frm_VireoMacSniffer,    "frm_VireoMacSniffer",    &Switch::VireoMacSnifferOn, &Menu::mnutoolsSniffer,       make<MacSniffer>},

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "registertool/text_file.h"
+
+#include "platform/register_store.h"
+#include "support/lines.h"
+#include "support/record_file.h"
+
+namespace zor {
+
+namespace {
+
+constexpr const char* anyText = "*.txt";
+constexpr const char* loadErrorTitle = "File open error";
+constexpr const char* saveErrorTitle = "File save error";
+
+std::optional<std::string> chooseText(const Bench& bench, FileRequest::Mode mode, const std::string& title) {
+    FileChoice choice =
+        bench.platform.dialogs.chooseFile({.mode = mode,
+                                           .title = title,
+                                           .folder = {},
+                                           .startName = anyText,
+                                           .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
+                                           .defaultExtension = "txt"});
+    if (choice.extensionDiffers) {
+        throw ToolError(wrongExtension, "Incorrect extension");
+    }
+    return choice.name == anyText ? std::nullopt : std::optional(choice.name);
+}
+
+} // namespace
+
+std::optional<std::string> chooseTextToLoad(const Bench& bench, const std::string& title) {
+    return chooseText(bench, FileRequest::Mode::Load, title);
+}
+
+std::optional<std::string> chooseTextToSave(const Bench& bench, const std::string& title) {
+    return chooseText(bench, FileRequest::Mode::Save, title);
+}
+
+std::vector<std::string> readTextLines(const std::string& name) {
+    std::string text = withLineEnds(readFile(name));
+    if (text.empty()) {
+        throw ToolError(inputPastEnd);
+    }
+    std::vector<std::string> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        std::size_t end = text.find(textLineEnd, start);
+        lines.push_back(text.substr(start, end - start));
+        start = end + 2;
+    }
+    return lines;
+}
+
+void loading(const Bench& bench, const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const StoreError&) {
+        // The database's failure is told by the tool.
+        throw;
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, loadErrorTitle);
+    }
+}
+
+void saving(const Bench& bench, const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const StoreError&) {
+        throw;
+    } catch (const ToolError& error) {
+        bool wrongType = error.number() == wrongExtension;
+        bench.tellFileError(error, wrongType ? loadErrorTitle : saveErrorTitle, "Please try again");
+    }
+}
+
+} // namespace zor
