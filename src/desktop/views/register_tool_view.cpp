@@ -2,6 +2,7 @@
 #include "desktop/views/compose.h"
 #include "desktop/views/views.h"
 #include "registertool/spi.h"
+#include "registertool/spi_sub2.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -30,7 +31,7 @@ QWidget* statusGroup(StatusViewer& s) {
                  });
 }
 
-QWidget* macroGroup(MacroRows& macros) {
+QWidget* macroGroup(MacroRows& macros, BatchPage& batch) {
     auto* box = new QGroupBox(QStringLiteral("Macro rows"));
     auto* table = new QGridLayout(box);
     table->setContentsMargins(spaceInside, spaceInside, spaceInside, spaceInside);
@@ -48,6 +49,10 @@ QWidget* macroGroup(MacroRows& macros) {
         table->addWidget(bitRow(row.M_bit, CellShape::Flat, CellUse::Clicked, 0, row.M_bit.size()), at, 3);
         table->addWidget(button(row.M_Read), at, 4);
         table->addWidget(button(row.M_Send), at, 5);
+        int place = 6;
+        for (Button& collector : batch.M_Batch[static_cast<std::size_t>(at) - 1]) {
+            table->addWidget(button(collector), at, place++);
+        }
         ++at;
     }
     table->setColumnStretch(3, 1);
@@ -60,26 +65,74 @@ QWidget* listPage(SPI& s) {
     QWidget* choice = plain({line(caption("Order by"), option(f.ByAddress), option(f.ByName),
                                   caption("Register Filter"), tick(f.ENRF), tick(f.ENTest), tick(f.ENDigital),
                                   tick(f.ENMisc), button(f.ViewAll), stretch())});
-    QWidget* notes = plain({line(label(s.GuiNotesLabel, Tone::Soft), textField(s.GuiNotes, 16))});
+    TextFiles& files = s.files;
+    QWidget* notes = plain({line(label(s.GuiNotesLabel, Tone::Soft), textField(s.GuiNotes, 16)),
+                            line(button(files.LoadGUI), button(files.SaveGUI), stretch())});
     QWidget* body = across(
         {gridView(s.editor.SettingsDataGrid, rowsInSight), column({registerGroup(s.editor), notes})}, 0);
+    QWidget* registers = plain(
+        {line(button(files.LoadSettings), button(files.SaveSettings), button(files.Command4), stretch())});
     QWidget* supply =
         group(s.supply.SupplyFrame,
               {line(field(s.supply.Voltage, 5), caption("V"), button(s.supply.PB_Voltage), stretch())});
-    QWidget* lower = across({macroGroup(s.macros), column({statusGroup(s.status), supply})}, 0);
+    QWidget* lower =
+        across({macroGroup(s.macros, s.batch), column({statusGroup(s.status), registers, supply})}, 0);
     return plain(s.Frame_tabs[0], {choice, body, lower});
+}
+
+QWidget* batchGroup(Batch& batch) {
+    return plain({
+        line(textField(batch.BatchName, 12), tick(batch.EnLoop), button(batch.BatchRun)),
+        textArea(batch.BatchCommands, 18, 8),
+    });
+}
+
+QWidget* batchControls(BatchPage& b) {
+    QWidget* loop = plain(
+        b.LoopFrame, {label(b.LoopControlLabel),
+                      line(labelled(b.LoopCountLabel, field(b.LoopCount, 6)), button(b.Reset), stretch()),
+                      line(tick(b.ENLimit), field(b.LoopLimit, 6), stretch())});
+    QWidget* files =
+        plain(b.SaveLoadFrame, {label(b.SaveLoadLabel),
+                                line(option(b.batches[0].BatchSel), option(b.batches[1].BatchSel), stretch()),
+                                line(option(b.batches[2].BatchSel), option(b.batches[3].BatchSel), stretch()),
+                                line(button(b.LoadBach), button(b.SaveBatch), stretch())});
+    return column({loop, files});
+}
+
+QWidget* fifoControls(SPI& s) {
+    FifoTest& f = s.fifoTest;
+    return group(
+        f.FifoFrame,
+        {
+            line(button(f.WriteTXff), button(f.ReadRXff), stretch(), button(f.ResetBER)),
+            line(labelled(f.PacketsLabel, field(f.Packets)), labelled(f.ErrorsLabel, field(f.Errors))),
+            line(labelled(f.PacketLostLabel, field(f.PacketLost)),
+                 labelled(f.DatabitsLabel, field(f.Databits))),
+            line(labelled(f.PERLabel, field(f.PER)), labelled(f.BERLabel, field(f.BER))),
+        });
 }
 
 QWidget* fifoPage(SPI& s) {
     RegisterFilter& f = s.filter;
+    TextFiles& files = s.files;
     QWidget* choice =
         group("Register list", {
                                    line(caption("Order by"), option(f.ByAddress2), option(f.ByName2)),
                                    line(caption("Register Filter"), stretch(), button(f.ViewAll2)),
                                    line(tick(f.ENRF2), tick(f.ENTest2), tick(f.ENDigital2), tick(f.ENMisc2)),
                                });
-    return plain(s.Frame_tabs[1], {across({captionedGrid(s.fifo.TXFIFO, rowsInSight),
-                                           captionedGrid(s.fifo.RXFIFO, rowsInSight), column({choice})})});
+    QWidget* transmit = plain({captionedGrid(s.fifo.TXFIFO, rowsInSight),
+                               line(button(files.OpenTXff), button(files.SaveTXff), stretch())});
+    QWidget* receive = plain({captionedGrid(s.fifo.RXFIFO, rowsInSight),
+                              line(button(files.OpenRXff), button(files.SaveRXff), stretch())});
+    std::vector<QWidget*> scripts;
+    for (Batch& batch : s.batch.batches) {
+        scripts.push_back(batchGroup(batch));
+    }
+    scripts.push_back(batchControls(s.batch));
+    return plain(s.Frame_tabs[1], {across({transmit, receive, column({fifoControls(s), choice})}),
+                                   across(std::move(scripts))});
 }
 
 } // namespace
@@ -97,6 +150,25 @@ QWidget* registerToolView(Form& form) {
                  swatch(s.LightGray), button(s.Stop)),
         },
         1);
+}
+
+QWidget* addCommandView(Form& form) {
+    auto& s = static_cast<SPIsub2&>(form);
+    Lines channels;
+    for (std::size_t channel = 0; channel < s.SetHigh.size(); ++channel) {
+        std::vector<Cell> cells{label(s.ChName[channel]), button(s.SetHigh[channel]),
+                                button(s.SetLow[channel]), button(s.SetZ[channel])};
+        if (channel < s.ChLabel.size()) {
+            cells.emplace_back(label(s.ChLabel[channel], Tone::Soft));
+        }
+        cells.push_back(stretch());
+        channels.emplace_back(std::move(cells));
+    }
+    Lines macros;
+    for (Button& macro : s.MacroCmd) {
+        macros.emplace_back(button(macro));
+    }
+    return window({group(s.ChannelFrame, std::move(channels)), group(s.MacroFrame, std::move(macros))});
 }
 
 } // namespace zor

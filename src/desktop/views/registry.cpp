@@ -28,6 +28,7 @@ const std::map<std::string, View>& allViews() {
         {"Preferences", {preferencesView, FormWindow::Frame::Titled}},
         {"Products", {productsView}},
         {"SPI", {registerToolView}},
+        {"SPIsub2", {addCommandView}},
         {"Terminal", {terminalView}},
         {"eeprom", {eepromView}},
         {"frmAbout", {aboutView}},

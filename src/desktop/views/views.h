@@ -39,6 +39,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* productsView(Form& form);
 [[nodiscard]] QWidget* receiverLinkView(Form& form);
 [[nodiscard]] QWidget* registerToolView(Form& form);
+[[nodiscard]] QWidget* addCommandView(Form& form);
 [[nodiscard]] QWidget* splashView(Form& form);
 [[nodiscard]] QWidget* testFunctionsView(Form& form);
 [[nodiscard]] QWidget* terminalView(Form& form);

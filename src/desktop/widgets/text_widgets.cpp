@@ -81,6 +81,10 @@ class LockedFieldActions : public QObject {
                 return true;
             }
         }
+        if (event->type() == QEvent::MouseButtonPress && field->onClick) {
+            // The click goes on to place the caret.
+            binding.gesture([&] { field->click(); });
+        }
         if (event->type() == QEvent::MouseButtonDblClick && field->onDoubleClick) {
             binding.gesture([&] { field->doubleClick(); });
             return true;
