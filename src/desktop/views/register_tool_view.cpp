@@ -25,7 +25,7 @@ QWidget* registerGroup(RegisterEditor& e) {
 QWidget* statusGroup(StatusViewer& s) {
     return group("Status register",
                  {
-                     line(list(s.StatusRegCombo, 19), field(s.Hexadec, 6), stretch(), button(s.StatusRead)),
+                     line(list(s.StatusRegCombo, 10), field(s.Hexadec, 6), stretch(), button(s.StatusRead)),
                      bitRow(s.Databit, CellShape::Tall, CellUse::Shown, 8, 8),
                      bitRow(s.Databit, CellShape::Tall, CellUse::Shown, 0, 8),
                  });
@@ -43,7 +43,7 @@ QWidget* macroGroup(MacroRows& macros, BatchPage& batch) {
     }
     int at = 1;
     for (MacroRow& row : macros.rows) {
-        table->addWidget(list(row.M_Name, 19), at, 0);
+        table->addWidget(list(row.M_Name, 9), at, 0);
         table->addWidget(field(row.M_Address, 4), at, 1);
         table->addWidget(field(row.M_Hexvalue, 4), at, 2);
         table->addWidget(bitRow(row.M_bit, CellShape::Flat, CellUse::Clicked, 0, row.M_bit.size()), at, 3);
@@ -51,7 +51,7 @@ QWidget* macroGroup(MacroRows& macros, BatchPage& batch) {
         table->addWidget(button(row.M_Send), at, 5);
         int place = 6;
         for (Button& collector : batch.M_Batch[static_cast<std::size_t>(at) - 1]) {
-            table->addWidget(button(collector), at, place++);
+            table->addWidget(smallButton(collector), at, place++);
         }
         ++at;
     }
@@ -82,8 +82,9 @@ QWidget* listPage(SPI& s) {
 
 QWidget* batchGroup(Batch& batch) {
     return plain({
-        line(textField(batch.BatchName, 12), tick(batch.EnLoop), button(batch.BatchRun)),
-        textArea(batch.BatchCommands, 18, 8),
+        textField(batch.BatchName, 12),
+        line(tick(batch.EnLoop), stretch(), button(batch.BatchRun)),
+        textArea(batch.BatchCommands, 16, 7),
     });
 }
 

@@ -66,6 +66,8 @@ template <class... Options>
 [[nodiscard]] QWidget* list(ListBox& element, int columns = 4);
 
 [[nodiscard]] QWidget* button(Button& element);
+/// The same, no wider than its caption, for many in a row.
+[[nodiscard]] QWidget* smallButton(Button& element);
 /// The one strong button of a window.
 [[nodiscard]] QWidget* strongButton(Button& element);
 /// A button that shows a sign of its own instead of the caption, which an element may not have.

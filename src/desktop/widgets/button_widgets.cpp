@@ -183,6 +183,23 @@ QWidget* button(Button& element) {
     return push;
 }
 
+QWidget* smallButton(Button& element) {
+    /// As wide as what stands on it; the toolkit would give it the width of a word.
+    class SmallButton : public QPushButton {
+      public:
+        [[nodiscard]] QSize sizeHint() const override {
+            constexpr int margins = 14;
+            return {fontMetrics().horizontalAdvance(text()) + margins, QPushButton::sizeHint().height()};
+        }
+        [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    };
+    auto* push = new SmallButton;
+    Binding& binding = bindButton(*push, element);
+    binding.onDraw([&binding, push] { push->setText(toQt(binding.element()->caption())); });
+    push->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    return push;
+}
+
 QWidget* button(Button& element, const QString& face) {
     auto* push = new QPushButton(face);
     bindButton(*push, element);
