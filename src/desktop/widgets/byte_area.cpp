@@ -111,6 +111,11 @@ class ByteArea : public QPlainTextEdit {
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
+    ~ByteArea() override {
+        // Losing the focus in its last moments it must not be drawn any more.
+        removeEventFilter(binding);
+    }
+
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         char key = typedKey(*event);

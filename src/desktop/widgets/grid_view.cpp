@@ -58,6 +58,11 @@ class GridView : public QTableView {
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return {width() / 4, heightOf(leastRows)}; }
 
+    ~GridView() override {
+        // Losing the focus in its last moments it must not be drawn any more.
+        removeEventFilter(binding);
+    }
+
   protected:
     void changeEvent(QEvent* event) override {
         QTableView::changeEvent(event);

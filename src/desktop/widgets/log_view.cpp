@@ -36,6 +36,11 @@ class LogView : public QPlainTextEdit {
         return {sizeHint().width() / 4, QFontMetrics(font()).lineSpacing() * 3 + 12};
     }
 
+    ~LogView() override {
+        // Losing the focus in its last moments it must not be drawn any more.
+        removeEventFilter(binding);
+    }
+
   protected:
     void changeEvent(QEvent* event) override {
         QPlainTextEdit::changeEvent(event);
