@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The least that a program with a window of this toolkit costs: tools/bench-start measures the product
+// The least that a program with a window of this toolkit costs: tools/benchmark-start measures the product
 // against it.
 #include "desktop/first_paint.h"
 

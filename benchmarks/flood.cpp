@@ -5,7 +5,7 @@
 #include "answering_terminal.h"
 #include "bench_on_terminal.h"
 
-#include "desktop/workbench.h"
+#include "desktop/desktop_window.h"
 #include "utilities/terminal.h"
 
 #include <QApplication>
@@ -70,8 +70,8 @@ std::string floodLine() {
 int flood() {
     TerminalPair pair;
     BenchOnTerminal bench(pair.path());
-    Workbench workbench(bench.main());
-    workbench.show();
+    DesktopWindow desktopWindow(bench.main());
+    desktopWindow.show();
     bench.bench().tools.open(Tool::Terminal);
     auto& window = static_cast<Terminal&>(*bench.main().desk().find("Terminal"));
 

@@ -5,7 +5,7 @@
 #include "plain_copy.h"
 #include "ratio.h"
 
-#include "desktop/workbench.h"
+#include "desktop/desktop_window.h"
 
 #include <benchmark/benchmark.h>
 
@@ -37,13 +37,13 @@ void settle() {
 void plainOpened(benchmark::State& state, Tool tool) {
     AnsweringTerminal terminal;
     BenchOnTerminal bench(terminal.path());
-    Workbench workbench(bench.main());
-    workbench.show();
+    DesktopWindow desktopWindow(bench.main());
+    desktopWindow.show();
     bench.bench().tools.open(tool);
     settle();
-    QWidget& model = workbench.windowOf(*bench.bench().tools.find(tool))->content();
+    QWidget& model = desktopWindow.windowOf(*bench.bench().tools.find(tool))->content();
     for (auto _ : state) {
-        auto* window = workbench.area().addSubWindow(plainCopy(model));
+        auto* window = desktopWindow.area().addSubWindow(plainCopy(model));
         window->show();
         settle();
         state.PauseTiming();
@@ -56,8 +56,8 @@ void plainOpened(benchmark::State& state, Tool tool) {
 void toolOpened(benchmark::State& state, Tool tool) {
     AnsweringTerminal terminal;
     BenchOnTerminal bench(terminal.path());
-    Workbench workbench(bench.main());
-    workbench.show();
+    DesktopWindow desktopWindow(bench.main());
+    desktopWindow.show();
     settle();
     for (auto _ : state) {
         bench.bench().tools.open(tool);

@@ -6,7 +6,7 @@
 #include "plain_copy.h"
 #include "ratio.h"
 
-#include "desktop/workbench.h"
+#include "desktop/desktop_window.h"
 
 #include <benchmark/benchmark.h>
 
@@ -28,13 +28,13 @@ void settle() {
 void PlainWindowOpened(benchmark::State& state) {
     AnsweringTerminal terminal;
     BenchOnTerminal bench(terminal.path());
-    Workbench workbench(bench.main());
-    workbench.show();
+    DesktopWindow desktopWindow(bench.main());
+    desktopWindow.show();
     OpalV2& panel = bench.panel();
     settle();
-    QWidget& model = workbench.windowOf(panel)->content();
+    QWidget& model = desktopWindow.windowOf(panel)->content();
     for (auto _ : state) {
-        auto* window = workbench.area().addSubWindow(plainCopy(model));
+        auto* window = desktopWindow.area().addSubWindow(plainCopy(model));
         window->show();
         settle();
         state.PauseTiming();
@@ -48,8 +48,8 @@ BENCHMARK(PlainWindowOpened)->UseRealTime();
 void PanelOpened(benchmark::State& state) {
     AnsweringTerminal terminal;
     BenchOnTerminal bench(terminal.path());
-    Workbench workbench(bench.main());
-    workbench.show();
+    DesktopWindow desktopWindow(bench.main());
+    desktopWindow.show();
     settle();
     for (auto _ : state) {
         OpalV2 panel(bench.bench());

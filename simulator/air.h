@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "simulator/bench_control.h"
+#include "simulator/board_control.h"
 #include "simulator/far_end.h"
 #include "simulator/radio_station.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench_control.h"
+#include "simulator/board_control.h"
 
 #include "simulator/loader_firmware.h"
 #include "simulator/register_list_chip.h"

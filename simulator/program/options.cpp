@@ -2,7 +2,7 @@
 #include "simulator/program/options.h"
 
 #include "simulator/air.h"
-#include "simulator/bench_control.h"
+#include "simulator/board_control.h"
 
 #include <algorithm>
 #include <charconv>

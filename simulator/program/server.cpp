@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/program/server.h"
 
-#include "simulator/bench_control.h"
+#include "simulator/board_control.h"
 #include "simulator/trace_text.h"
 
 #include <algorithm>

@@ -30,7 +30,7 @@ const std::set<std::string> notVisited{
 
 } // namespace
 
-DemoTour::DemoTour(MainWindow& mainForm, Workbench& mainWindow, const QDir& pictures, QString filePrefix)
+DemoTour::DemoTour(MainWindow& mainForm, DesktopWindow& mainWindow, const QDir& pictures, QString filePrefix)
     : main(mainForm)
     , window(mainWindow)
     , folder(pictures)

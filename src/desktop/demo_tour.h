@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/workbench.h"
+#include "desktop/desktop_window.h"
 #include "platform/event_loop.h"
 
 #include <QDir>
@@ -17,7 +17,7 @@ class DemoTour {
   public:
     /// @param pictures  where the pictures go; made if it is missing
     /// @param filePrefix  begins each picture's name ("light-")
-    DemoTour(MainWindow& mainForm, Workbench& mainWindow, const QDir& pictures, QString filePrefix);
+    DemoTour(MainWindow& mainForm, DesktopWindow& mainWindow, const QDir& pictures, QString filePrefix);
 
     /// Runs it from the program's start to its end, and closes the program.
     void play();
@@ -40,7 +40,7 @@ class DemoTour {
     void closeBoxes();
 
     MainWindow& main;
-    Workbench& window;
+    DesktopWindow& window;
     QDir folder;
     QString prefix;
     Timer boxCloser;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/workbench.h"
+#include "desktop/desktop_window.h"
 
 #include "desktop/adapters/qt_text.h"
 #include "desktop/views/registry.h"
@@ -23,7 +23,7 @@
 
 namespace zor {
 
-Workbench::Workbench(MainWindow& mainForm)
+DesktopWindow::DesktopWindow(MainWindow& mainForm)
     : main(mainForm)
     , mdi(new QMdiArea) {
     setObjectName(QStringLiteral("main"));
@@ -53,17 +53,17 @@ Workbench::Workbench(MainWindow& mainForm)
     follow();
 }
 
-Workbench::~Workbench() {
+DesktopWindow::~DesktopWindow() {
     subscriptions.clear();
     windows.clear();
 }
 
-FormWindow* Workbench::windowOf(const Form& form) const {
+FormWindow* DesktopWindow::windowOf(const Form& form) const {
     auto window = windows.find(&form);
     return window == windows.end() ? nullptr : window->second.get();
 }
 
-void Workbench::open(Form& form) {
+void DesktopWindow::open(Form& form) {
     if (&form == &main || windows.contains(&form)) {
         // Its own subscription to the form shows it.
         return;
@@ -76,11 +76,11 @@ void Workbench::open(Form& form) {
     windows.emplace(&form, std::make_unique<FormWindow>(form, view->make(form), view->frame, *mdi));
 }
 
-void Workbench::remove(Form& form) {
+void DesktopWindow::remove(Form& form) {
     windows.erase(&form);
 }
 
-void Workbench::follow() {
+void DesktopWindow::follow() {
     if (std::exchange(following, true)) {
         return;
     }
@@ -96,7 +96,7 @@ void Workbench::follow() {
     following = false;
 }
 
-void Workbench::tellGeometry() {
+void DesktopWindow::tellGeometry() {
     if (following || !isVisible() || isMinimized()) {
         return;
     }
@@ -108,23 +108,23 @@ void Workbench::tellGeometry() {
     following = false;
 }
 
-void Workbench::closeEvent(QCloseEvent* event) {
+void DesktopWindow::closeEvent(QCloseEvent* event) {
     // The form decides; it ends the program if it closes.
     event->ignore();
     main.userClose();
 }
 
-void Workbench::moveEvent(QMoveEvent* event) {
+void DesktopWindow::moveEvent(QMoveEvent* event) {
     QMainWindow::moveEvent(event);
     tellGeometry();
 }
 
-void Workbench::resizeEvent(QResizeEvent* event) {
+void DesktopWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     tellGeometry();
 }
 
-void Workbench::changeEvent(QEvent* event) {
+void DesktopWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && mdi != nullptr) {
         colourArea();
@@ -132,12 +132,12 @@ void Workbench::changeEvent(QEvent* event) {
 }
 
 /// The room behind the inner windows lies a shade deeper than they do.
-void Workbench::colourArea() {
+void DesktopWindow::colourArea() {
     QColor window = palette().color(QPalette::Window);
     mdi->setBackground(schemeOf(palette()) == Scheme::Dark ? window.darker(130) : window.darker(108));
 }
 
-void Workbench::changePane() {
+void DesktopWindow::changePane() {
     QWidget* focus = QApplication::focusWidget();
     bool inside = focus != nullptr && mdi->isAncestorOf(focus);
     QMdiSubWindow* inner = mdi->currentSubWindow();
@@ -157,7 +157,7 @@ void Workbench::changePane() {
     }
 }
 
-bool Workbench::eventFilter(QObject* watched, QEvent* event) {
+bool DesktopWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == mdi->viewport()) {
         if (event->type() == QEvent::MouseButtonPress) {
             main.userClick();

@@ -18,10 +18,10 @@ class MainWindow;
 /// The main window on the screen: menus, three bars, the room that the inner windows stand in, and one quiet
 /// line at the foot. It makes a window for every form that opens on the desk. Owned by main; the main form
 /// must outlive it.
-class Workbench : public QMainWindow {
+class DesktopWindow : public QMainWindow {
   public:
-    explicit Workbench(MainWindow& mainForm);
-    ~Workbench() override;
+    explicit DesktopWindow(MainWindow& mainForm);
+    ~DesktopWindow() override;
 
     /// The window of an open form, or nullptr.
     [[nodiscard]] FormWindow* windowOf(const Form& form) const;

@@ -7,10 +7,10 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/demo_board.h"
 #include "desktop/demo_tour.h"
+#include "desktop/desktop_window.h"
 #include "desktop/first_paint.h"
-#include "desktop/widgets/bench_style.h"
 #include "desktop/widgets/colours.h"
-#include "desktop/workbench.h"
+#include "desktop/widgets/instrument_style.h"
 #include "panels/common/chip_panel.h"
 #include "shell/about.h"
 #include "shell/main_window.h"
@@ -96,7 +96,7 @@ int main(int argc, char** argv) {
     // The main form says when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
     Switches switches = readSwitches(application);
-    QApplication::setStyle(new BenchStyle);
+    QApplication::setStyle(new InstrumentStyle);
     if (switches.scheme) {
         QApplication::setPalette(schemePalette(*switches.scheme));
     }
@@ -150,8 +150,8 @@ int main(int argc, char** argv) {
         });
     }
     MainWindow main(platform, desk);
-    Workbench workbench(main);
-    DemoTour tour(main, workbench, QDir(switches.pictures),
+    DesktopWindow desktopWindow(main);
+    DemoTour tour(main, desktopWindow, QDir(switches.pictures),
                   schemeOf(application.palette()) == Scheme::Dark ? QStringLiteral("dark-")
                                                                   : QStringLiteral("light-"));
     if (!switches.pictures.isEmpty()) {
@@ -160,7 +160,7 @@ int main(int argc, char** argv) {
     // Closing during the start-up ends the program too; there is nothing to run then.
     loop.perform([&] { main.start(); });
     if (switches.exitWhenShown) {
-        new FirstPaint(workbench, [&] { main.userClose(); });
+        new FirstPaint(desktopWindow, [&] { main.userClose(); });
     }
     return loop.leaving() ? 0 : QApplication::exec();
 }

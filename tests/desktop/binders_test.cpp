@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "bench.h"
+#include "desk_of_test.h"
 
 #include "desktop/views/compose.h"
 #include "desktop/widgets/binders.h"
@@ -49,8 +49,8 @@ class Binders : public testing::Test {
         return added;
     }
 
-    DeskBench bench;
-    std::unique_ptr<Form> form = std::make_unique<Form>(bench.desk, "Panel", "Panel");
+    DeskOfTest test;
+    std::unique_ptr<Form> form = std::make_unique<Form>(test.desk, "Panel", "Panel");
     OptionGroup bands;
     std::vector<std::shared_ptr<Element>> elements;
     QWidget host;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The widgets of tables, coloured logs and bytes.
-#include "bench.h"
+#include "desk_of_test.h"
 
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
@@ -21,7 +21,7 @@ namespace zor {
 
 namespace {
 
-struct Window : DeskBench {
+struct Window : DeskOfTest {
     Window() { form.show(); }
 
     Form form{desk, "Window", "A window"};

@@ -14,7 +14,7 @@
 namespace zor {
 
 /// A window of the core with what a test puts on it.
-struct DeskBench {
+struct DeskOfTest {
     QtLoop loop;
     Desk desk{loop};
 };

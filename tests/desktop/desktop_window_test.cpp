@@ -255,7 +255,7 @@ TEST_P(EveryView, IsWalkedWithTheTabKeyAlone) {
     }
 }
 
-TEST(Workbench, TheKeyboardGoesToTheBarsAndBack) {
+TEST(DesktopWindow, TheKeyboardGoesToTheBarsAndBack) {
     Program program;
     program.start();
     program.main.bench().tools.open(Tool::frm_PowerSupply);
@@ -270,7 +270,7 @@ TEST(Workbench, TheKeyboardGoesToTheBarsAndBack) {
     EXPECT_TRUE(voltage->hasFocus());
 }
 
-TEST(Workbench, TheKeyboardGoesFromWindowToWindowAndClosesOne) {
+TEST(DesktopWindow, TheKeyboardGoesFromWindowToWindowAndClosesOne) {
     Program program;
     program.start();
     program.main.menu.mnutoolsTerminal.click();
@@ -287,7 +287,7 @@ TEST(Workbench, TheKeyboardGoesFromWindowToWindowAndClosesOne) {
     EXPECT_EQ(program.desk.find("Terminal"), nullptr);
 }
 
-TEST(Workbench, TheMenusHaveTheirKeys) {
+TEST(DesktopWindow, TheMenusHaveTheirKeys) {
     Program program;
     program.start();
     QStringList captions;
@@ -297,14 +297,14 @@ TEST(Workbench, TheMenusHaveTheirKeys) {
     EXPECT_EQ(captions, (QStringList{"&File", "&View", "&Tools", "&Help"}));
 }
 
-TEST(Workbench, ShowsEveryElementOfTheMainForm) {
+TEST(DesktopWindow, ShowsEveryElementOfTheMainForm) {
     Program program;
     program.start();
     EXPECT_EQ(unseenElements(program.main, program.window), QStringList());
     EXPECT_EQ(wronglyHidden(program.window), QStringList());
 }
 
-TEST(Workbench, BearsTheTitleAndSizeOfTheMainForm) {
+TEST(DesktopWindow, BearsTheTitleAndSizeOfTheMainForm) {
     Program program;
     program.start();
     EXPECT_EQ(program.window.windowTitle(), "Ortolan Radio Bench System");
@@ -314,7 +314,7 @@ TEST(Workbench, BearsTheTitleAndSizeOfTheMainForm) {
     EXPECT_EQ(program.main.extent(), (Extent{7500, 9000}));
 }
 
-TEST(Workbench, AMenuEntryOpensAWindowInsideTheMainOne) {
+TEST(DesktopWindow, AMenuEntryOpensAWindowInsideTheMainOne) {
     Program program;
     program.start();
     deleteWhatHasGone();
@@ -332,7 +332,7 @@ TEST(Workbench, AMenuEntryOpensAWindowInsideTheMainOne) {
     EXPECT_TRUE(program.window.area().subWindowList().isEmpty());
 }
 
-TEST(Workbench, MovingAndSizingAnInnerWindowIsToldInTwips) {
+TEST(DesktopWindow, MovingAndSizingAnInnerWindowIsToldInTwips) {
     Program program;
     program.start();
     program.main.menu.mnutoolsTerminal.click();
@@ -347,7 +347,7 @@ TEST(Workbench, MovingAndSizingAnInnerWindowIsToldInTwips) {
     EXPECT_EQ(shell.pos(), QPoint(10, 20));
 }
 
-TEST(Workbench, AWindowAskedForAgainComesToTheFront) {
+TEST(DesktopWindow, AWindowAskedForAgainComesToTheFront) {
     Program program;
     program.start();
     program.main.menu.mnutoolsTerminal.click();
@@ -364,7 +364,7 @@ TEST(Workbench, AWindowAskedForAgainComesToTheFront) {
     EXPECT_EQ(front(), "Power Supply Settings");
 }
 
-TEST(Workbench, APanelOpensInTheTopLeftCornerWhateverElseIsOpen) {
+TEST(DesktopWindow, APanelOpensInTheTopLeftCornerWhateverElseIsOpen) {
     Program program;
     program.start();
     program.main.menu.mnutoolsTerminal.click();
@@ -408,7 +408,7 @@ std::pair<QRect, std::string> restored(const std::string& values) {
             bytes.substr(terminalWorkspace("").size())};
 }
 
-TEST(Workbench, AWorkspaceBringsAWindowBackWhereItWasAndAsLargeAsItWas) {
+TEST(DesktopWindow, AWorkspaceBringsAWindowBackWhereItWasAndAsLargeAsItWas) {
     struct Row {
         const char* values;
         QRect window;
@@ -423,7 +423,7 @@ TEST(Workbench, AWorkspaceBringsAWindowBackWhereItWasAndAsLargeAsItWas) {
     }
 }
 
-TEST(Workbench, AWorkspaceOfALargerScreenLeavesItsWindowsWithinReach) {
+TEST(DesktopWindow, AWorkspaceOfALargerScreenLeavesItsWindowsWithinReach) {
     for (const char* values :
          {"30000\r\n45000\r\n9000\r\n10500\r\n", "-30000\r\n-45000\r\n9000\r\n10500\r\n"}) {
         QRect window = restored(values).first;
@@ -435,7 +435,7 @@ TEST(Workbench, AWorkspaceOfALargerScreenLeavesItsWindowsWithinReach) {
     EXPECT_LE(restored("0\r\n0\r\n90000\r\n105000\r\n").first.width(), 1280);
 }
 
-TEST(Workbench, AModalFormIsADialogThatEscapeCloses) {
+TEST(DesktopWindow, AModalFormIsADialogThatEscapeCloses) {
     Program program;
     program.start();
     program.main.menu.mnuHelpAbout.click();
@@ -449,7 +449,7 @@ TEST(Workbench, AModalFormIsADialogThatEscapeCloses) {
     EXPECT_TRUE(program.main.menu.mnutoolsTerminal.click());
 }
 
-TEST(Workbench, ItsOwnButtonClosesAWindowWithoutHarm) {
+TEST(DesktopWindow, ItsOwnButtonClosesAWindowWithoutHarm) {
     Program program;
     program.start();
     program.main.menu.mnuHelpProducts.click();
@@ -461,7 +461,7 @@ TEST(Workbench, ItsOwnButtonClosesAWindowWithoutHarm) {
     deleteWhatHasGone();
 }
 
-TEST(Workbench, TheToolBarsFollowTheirElements) {
+TEST(DesktopWindow, TheToolBarsFollowTheirElements) {
     Program program;
     program.start();
     auto* chips = program.window.findChild<QToolBar*>("Toolbar1");
@@ -487,7 +487,7 @@ TEST(Workbench, TheToolBarsFollowTheirElements) {
     EXPECT_FALSE(connect->isChecked());
 }
 
-TEST(Workbench, ADoubleClickOnTheEmptyAreaBeginsTheFactoryGesture) {
+TEST(DesktopWindow, ADoubleClickOnTheEmptyAreaBeginsTheFactoryGesture) {
     Program program;
     program.start();
     QWidget* ground = program.window.area().viewport();
@@ -500,7 +500,7 @@ TEST(Workbench, ADoubleClickOnTheEmptyAreaBeginsTheFactoryGesture) {
     EXPECT_EQ(program.window.windowTitle(), "Ortolan Radio Bench System");
 }
 
-TEST(Workbench, TheSplashGoesWhenItIsClicked) {
+TEST(DesktopWindow, TheSplashGoesWhenItIsClicked) {
     Program program;
     program.main.start();
     Form* splash = program.desk.find("frm_Splash");
@@ -511,7 +511,7 @@ TEST(Workbench, TheSplashGoesWhenItIsClicked) {
     EXPECT_FALSE(program.main.bench().windows.SplashOn);
 }
 
-TEST(Workbench, ClosingTheMainWindowLeavesTheLoop) {
+TEST(DesktopWindow, ClosingTheMainWindowLeavesTheLoop) {
     Program program;
     program.start();
     program.main.menu.mnutoolsTerminal.click();
@@ -520,7 +520,7 @@ TEST(Workbench, ClosingTheMainWindowLeavesTheLoop) {
     EXPECT_FALSE(program.window.isVisible());
 }
 
-TEST(Workbench, AFieldKeepsItsFocusAndIsCommittedWhenAnotherTakesIt) {
+TEST(DesktopWindow, AFieldKeepsItsFocusAndIsCommittedWhenAnotherTakesIt) {
     Program program;
     program.start();
     program.main.bench().tools.open(Tool::frm_PowerSupply);
@@ -536,7 +536,7 @@ TEST(Workbench, AFieldKeepsItsFocusAndIsCommittedWhenAnotherTakesIt) {
     EXPECT_TRUE(voltage->hasFocus());
 }
 
-TEST(Workbench, TurningAPageKeepsTheWindowsSize) {
+TEST(DesktopWindow, TurningAPageKeepsTheWindowsSize) {
     Program program;
     program.start();
     program.main.menu.mnuFilePreferences.click();
@@ -557,7 +557,7 @@ TEST(Workbench, TurningAPageKeepsTheWindowsSize) {
     EXPECT_TRUE(form->find("Frame_pref_tabs(2)")->visible());
 }
 
-TEST(Workbench, MarksAndReasonsThatComeAndGoMoveNothing) {
+TEST(DesktopWindow, MarksAndReasonsThatComeAndGoMoveNothing) {
     for (const PanelRow& row : panelRows()) {
         SCOPED_TRACE(row.name);
         Program program;
@@ -580,7 +580,7 @@ TEST(Workbench, MarksAndReasonsThatComeAndGoMoveNothing) {
     }
 }
 
-TEST(Workbench, EveryWordStandsBesideItsWholeCaption) {
+TEST(DesktopWindow, EveryWordStandsBesideItsWholeCaption) {
     for (const PanelRow& row : panelRows()) {
         SCOPED_TRACE(row.name);
         Program program;
@@ -596,7 +596,7 @@ TEST(Workbench, EveryWordStandsBesideItsWholeCaption) {
     }
 }
 
-TEST(Workbench, TheUpperBitsOfTheFifoLevelSayWhatTheyAre) {
+TEST(DesktopWindow, TheUpperBitsOfTheFifoLevelSayWhatTheyAre) {
     Program program;
     program.start();
     std::unique_ptr<Form> none;
@@ -605,7 +605,7 @@ TEST(Workbench, TheUpperBitsOfTheFifoLevelSayWhatTheyAre) {
     EXPECT_TRUE(shown.contains("Bit[1-0] are the upper bits of the FIFO IT level"));
 }
 
-TEST(Workbench, AListsTextOfAnyLengthMovesNothing) {
+TEST(DesktopWindow, AListsTextOfAnyLengthMovesNothing) {
     Program program;
     program.start();
     std::unique_ptr<Form> none;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "bench.h"
+#include "desk_of_test.h"
 
 #include "desktop/widgets/binders.h"
 #include "elements/grid.h"
@@ -36,8 +36,8 @@ class GridWidget : public testing::Test {
     }
     [[nodiscard]] int currentRow() const { return table.currentIndex().row(); }
 
-    DeskBench bench;
-    Form form{bench.desk, "Panel", "Panel"};
+    DeskOfTest test;
+    Form form{test.desk, "Panel", "Panel"};
     Grid grid{form, "Table", {{.caption = "Addr."}, {.caption = "Hex", .access = Access::Editable}}};
     std::unique_ptr<QWidget> widget;
     QTableView& table;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/widgets/bench_style.h"
+#include "desktop/widgets/instrument_style.h"
 
 #include <gtest/gtest.h>
 
@@ -13,6 +13,6 @@ int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
-    QApplication::setStyle(new zor::BenchStyle);
+    QApplication::setStyle(new zor::InstrumentStyle);
     return RUN_ALL_TESTS();
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/adapters/qt_loop.h"
-#include "desktop/workbench.h"
+#include "desktop/desktop_window.h"
 #include "elements/desk.h"
 #include "shell/main_window.h"
 #include "store/sqlite_register_store.h"
@@ -83,7 +83,7 @@ struct Program {
                       folder.path().toStdString()};
     Desk desk{loop};
     MainWindow main{platform, desk};
-    Workbench window{main};
+    DesktopWindow window{main};
 
     /// Starts, takes the splash away and sees the search to its end.
     void start() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/air.h"
 
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,8 +18,8 @@ ControlOutcome say(Air& air, std::string_view statement, std::size_t index = 0) 
 } // namespace
 
 TEST(AirControl, SetsWhatIsOnTheAir) {
-    Bench bench;
-    Bench second;
+    BoardOnLine bench;
+    BoardOnLine second;
     Air air;
     air.add(bench.board);
     air.add(second.board);
@@ -38,7 +38,7 @@ TEST(AirControl, SetsWhatIsOnTheAir) {
 }
 
 TEST(AirControl, RefusesWhatItCannotRead) {
-    Bench bench;
+    BoardOnLine bench;
     Air air;
     air.add(bench.board);
     for (const char* statement :

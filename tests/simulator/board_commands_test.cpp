@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 #include "simulator/loader_firmware.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +15,7 @@ constexpr std::string_view refused = "ERROR\n\r>";
 } // namespace
 
 TEST(LoadBoard, RefusalEndsInTheTailThatThePcLooksFor) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_TRUE(bench.ask("nonsense").ends_with("\x52\x52\x4F\x52\x0A\x0D\x3E"));
 }
 
@@ -26,7 +26,7 @@ TEST(LoadBoard, CommandsWithoutAValueGiveTheBarePrompt) {
           "y20",  "y31",        "d2",           "d0",          "S1B0",      "SX02,00,10,aa,BB",
           "WSCC", "WS03,00,00", "WS CC",        "F11,13,10,1", "F12,13,10", "F13,13,10",
           "F15",  "F0",         "T14,31,32,0D", "T0"}) {
-        Bench bench;
+        BoardOnLine bench;
         EXPECT_EQ(bench.ask(line), good) << line;
     }
 }
@@ -37,7 +37,7 @@ TEST(LoadBoard, RefusesArgumentsOfTheWrongForm) {
           "H8",    "H22",   "L-",    "Z9",    "V",         "VG",   "V123",  "VFF",     "WS",     "WSXX",
           "WS,CC", "SX123", "RS0",   "RS256", "RSx",       "X3",   "y4",    "y0",      "y02",    "A2",
           "i1",    "I",     "rI",    "F11,",  "F11,256,1", "T14,", "T14,G", "s28080"}) {
-        Bench bench;
+        BoardOnLine bench;
         EXPECT_EQ(bench.ask(line), refused) << line;
     }
 }
@@ -45,14 +45,14 @@ TEST(LoadBoard, RefusesArgumentsOfTheWrongForm) {
 TEST(LoadBoard, GenerationOneRefusesSelectorConverterAndLaterPacketCommands) {
     for (const char* line :
          {"X0", "X1", "X2", "A0", "A1", "AD", "F11,13,10", "F12,13,10", "F13,13,10", "F15", "T14,31", "T0"}) {
-        Bench bench(BoardKind::LoadBoard1);
+        BoardOnLine bench(BoardKind::LoadBoard1);
         EXPECT_EQ(bench.ask(line), refused) << line;
     }
 }
 
 TEST(LoadBoard, PacketReceptionHasAFormForEachGeneration) {
-    Bench first(BoardKind::LoadBoard1);
-    Bench second(BoardKind::LoadBoard2);
+    BoardOnLine first(BoardKind::LoadBoard1);
+    BoardOnLine second(BoardKind::LoadBoard2);
     EXPECT_EQ(first.ask("F1,13,10,1"), good);
     EXPECT_EQ(first.ask("F2,13,10"), good);
     EXPECT_EQ(first.ask("F3,13,10"), good);
@@ -61,7 +61,7 @@ TEST(LoadBoard, PacketReceptionHasAFormForEachGeneration) {
 }
 
 TEST(LoadBoard, ABlankMayStandBetweenWordAndArgument) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(Chip::KT3100);
     EXPECT_EQ(bench.ask("S2 8080"), "0000 \n\rOK\n\r>");
     EXPECT_EQ(bench.board.radio().latched(WordRole::configuration), 0x8080);
@@ -70,15 +70,15 @@ TEST(LoadBoard, ABlankMayStandBetweenWordAndArgument) {
 }
 
 TEST(LoadBoard, TakesLowerCaseDigits) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(Chip::KT3100);
     EXPECT_EQ(bench.ask("S2c039"), "0000 \n\rOK\n\r>");
     EXPECT_EQ(bench.board.radio().latched(WordRole::lowBattery), 0xC039);
 }
 
 TEST(LoadBoard, SupplyFollowsItsCodeByGeneration) {
-    Bench first(BoardKind::LoadBoard1);
-    Bench second(BoardKind::LoadBoard2);
+    BoardOnLine first(BoardKind::LoadBoard1);
+    BoardOnLine second(BoardKind::LoadBoard2);
     EXPECT_EQ(first.board.supplyVoltage(), 0);
     first.ask("V83");
     second.ask("V83");
@@ -89,7 +89,7 @@ TEST(LoadBoard, SupplyFollowsItsCodeByGeneration) {
 }
 
 TEST(LoadBoard, DrivesEachLineHighLowAndReleased) {
-    Bench bench;
+    BoardOnLine bench;
     for (char line = '0'; line <= '7'; ++line) {
         auto number = static_cast<std::size_t>(line - '0');
         EXPECT_EQ(bench.board.output(number), OutputState::released);
@@ -103,7 +103,7 @@ TEST(LoadBoard, DrivesEachLineHighLowAndReleased) {
 }
 
 TEST(LoadBoard, ReadsAByteAtPositions6And7OfTheLast15) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setStatus(0x5F, 0xA0);
     bench.ask("H2");
     bench.ask("L2");
@@ -113,7 +113,7 @@ TEST(LoadBoard, ReadsAByteAtPositions6And7OfTheLast15) {
 }
 
 TEST(LoadBoard, StatusReadsGiveTheFirstByteThenTheSecondAfterEachSelect) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setStatus(0x5F, 0xA0);
     for (int round = 0; round < 2; ++round) {
         bench.ask("H2");
@@ -126,7 +126,7 @@ TEST(LoadBoard, StatusReadsGiveTheFirstByteThenTheSecondAfterEachSelect) {
 }
 
 TEST(LoadBoard, TransmitterStatusComesBehindItsReadCommand) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(Chip::KT1100);
     bench.board.setStatus(0x81);
     bench.write("H2\rL2\rWSCC\rL0\r");
@@ -134,14 +134,14 @@ TEST(LoadBoard, TransmitterStatusComesBehindItsReadCommand) {
 }
 
 TEST(LoadBoard, ADeselectedBusFloatsHigh) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setStatus(0x5F);
     bench.ask("H2");
     EXPECT_EQ(bench.ask("RS"), "FF \n\rOK\n\r>");
 }
 
 TEST(LoadBoard, ATransferGivesTheClockedBackBitsAtPositions4To7) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setStatus(0x5F, 0xA0);
     std::string tail = "padding" + bench.ask("S20000");
     EXPECT_EQ(bench.said, "5FA0 \n\rOK\n\r>");
@@ -151,7 +151,7 @@ TEST(LoadBoard, ATransferGivesTheClockedBackBitsAtPositions4To7) {
 }
 
 TEST(LoadBoard, ACountedReadGivesThreeCharactersAByteInLowerCase) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setStatus(0x5F, 0xA0);
     bench.ask("L2");
     EXPECT_EQ(bench.ask("RS16"), "5f a0 00 00 00 00 00 00 00 00 00 00 00 00 00 00 \n\rOK\n\r>");
@@ -160,7 +160,7 @@ TEST(LoadBoard, ACountedReadGivesThreeCharactersAByteInLowerCase) {
 }
 
 TEST(LoadBoard, InterruptLineStandsAtPositions3And7OfTheLast15) {
-    Bench bench;
+    BoardOnLine bench;
     for (const char* line : {"RI", "ri"}) {
         bench.board.setInterruptLine(false);
         std::string tail = "padding" + bench.ask(line);
@@ -173,7 +173,7 @@ TEST(LoadBoard, InterruptLineStandsAtPositions3And7OfTheLast15) {
 }
 
 TEST(LoadBoard, DataLineStandsAtPosition5OfTheLast15) {
-    Bench bench;
+    BoardOnLine bench;
     std::string tail = "padding" + bench.ask("RO");
     EXPECT_EQ(bench.said, "0   \n\rOK\n\r>");
     EXPECT_EQ(at(tail, 15, 5, 1), "0");
@@ -183,7 +183,7 @@ TEST(LoadBoard, DataLineStandsAtPosition5OfTheLast15) {
 }
 
 TEST(LoadBoard, ConverterBytesStandAtPositions68And84OfTheLast100) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setCurrentCounts(0x2A7, 0x013);
     std::string tail = std::string(100, '.') + bench.ask("AD");
     EXPECT_EQ(bench.said, "ADC high byte 02h, low byte = A7h, done \n\rOK\n\r>");
@@ -212,7 +212,7 @@ TEST(LoadBoard, BannersAnswerTheWindowOfTheSearch) {
         {BoardKind::Monitor, 5, "Vireo Demo Monitor", 27, "1."},
     };
     for (const Row& row : rows) {
-        Bench bench(row.kind);
+        BoardOnLine bench(row.kind);
         std::string banner = bench.ask("i");
         ASSERT_EQ(banner.size(), 94u);
         EXPECT_EQ(at(banner, 94, row.position, row.text.size()), row.text);
@@ -222,7 +222,7 @@ TEST(LoadBoard, BannersAnswerTheWindowOfTheSearch) {
 }
 
 TEST(LoadBoard, SelectorKeepsWhatWasSent) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_EQ(bench.board.dataSelector(), DataSelector::internal);
     bench.ask("X0");
     EXPECT_EQ(bench.board.dataSelector(), DataSelector::external);
@@ -231,7 +231,7 @@ TEST(LoadBoard, SelectorKeepsWhatWasSent) {
 }
 
 TEST(LoadBoard, DataModeAnswersNothingUntilABreak) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_EQ(bench.ask("X2"), "");
     EXPECT_EQ(bench.board.dataSelector(), DataSelector::dataMode);
     EXPECT_EQ(bench.ask("Z3"), "");
@@ -242,20 +242,20 @@ TEST(LoadBoard, DataModeAnswersNothingUntilABreak) {
 }
 
 TEST(LoadBoard, OpeningTheLineLeavesDataMode) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("X2\rhalf");
     bench.board.lineOpened();
     EXPECT_EQ(bench.ask("Z3"), good);
 }
 
 TEST(LoadBoard, ALineFeedBehindTheLineThatEntersDataModeStillBelongsToIt) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("X2\r\ndata");
     EXPECT_THAT(bench.lines, testing::ElementsAre("X2\n"));
 }
 
 TEST(LoadBoard, KeepsTheStateOfTheModulationLine) {
-    Bench bench;
+    BoardOnLine bench;
     bench.ask("y20");
     EXPECT_EQ(bench.board.modulation(), Modulation::pseudoRandom);
     bench.ask("y31");
@@ -267,7 +267,7 @@ TEST(LoadBoard, KeepsTheStateOfTheModulationLine) {
 }
 
 TEST(Loader, KnowsItsSpeedsAndRefusesTheRest) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     EXPECT_EQ(bench.ask("C192"), good);
     EXPECT_EQ(bench.ask("C384"), good);
     EXPECT_EQ(bench.ask("C576"), good);
@@ -277,7 +277,7 @@ TEST(Loader, KnowsItsSpeedsAndRefusesTheRest) {
 }
 
 TEST(Loader, AcknowledgesEachRecordByXoffAndXonUntilTheLast) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     EXPECT_EQ(bench.ask("C"), "");
     bench.said.clear();
     bench.write("L:0300300002337A1E\r\n");
@@ -291,7 +291,7 @@ TEST(Loader, AcknowledgesEachRecordByXoffAndXonUntilTheLast) {
 TEST(Loader, DoesNotAcknowledgeABadRecord) {
     for (const char* record : {":0300300002337A1F", ":0300300002337A1", ":0400300002337A1E",
                                ":03x0300002337A1E", "L:0300300002337A1F", ":00000006FA"}) {
-        Bench bench(BoardKind::Loader);
+        BoardOnLine bench(BoardKind::Loader);
         bench.ask("C");
         EXPECT_EQ(bench.ask(record), "") << record;
         EXPECT_TRUE(bench.board.loader()->image().bytes().empty()) << record;
@@ -299,7 +299,7 @@ TEST(Loader, DoesNotAcknowledgeABadRecord) {
 }
 
 TEST(Loader, PassesOverWhatHoldsNoRecord) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     bench.ask("C");
     EXPECT_EQ(bench.ask("L"), "\x13\x11");
     EXPECT_EQ(bench.ask(""), "\x13\x11");
@@ -312,7 +312,7 @@ TEST(Loader, PassesOverWhatHoldsNoRecord) {
 }
 
 TEST(Loader, KeepsWhatItWasGivenUntilTheNextDownload) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     bench.ask("C");
     bench.ask("L:0300300002337A1E");
     bench.ask(":00000001FF");
@@ -324,7 +324,7 @@ TEST(Loader, KeepsWhatItWasGivenUntilTheNextDownload) {
 }
 
 TEST(Loader, TakesItsTimeForEachFlowControlCharacter) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     bench.board.setFlowTime(std::chrono::milliseconds(40));
     bench.board.setDelay(std::chrono::milliseconds(5));
     bench.ask("C");
@@ -334,7 +334,7 @@ TEST(Loader, TakesItsTimeForEachFlowControlCharacter) {
 }
 
 TEST(Loader, FallsSilentAtALineUntilTheNextDownload) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     bench.board.stallAt(2);
     bench.ask("C");
     EXPECT_EQ(bench.ask("L:0300300002337A1E"), "\x13\x11");
@@ -349,7 +349,7 @@ TEST(Loader, FallsSilentAtALineUntilTheNextDownload) {
 }
 
 TEST(Loader, ALineAtTheSpeedOfCommandsEndsADownload) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     bench.ask("C");
     bench.board.lineSpeedChanged(57600);
     EXPECT_EQ(bench.ask("C384"), "");
@@ -361,7 +361,7 @@ TEST(Loader, ALineAtTheSpeedOfCommandsEndsADownload) {
 }
 
 TEST(Loader, TheDownloadCommandBeginsAnewAlsoInADownload) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     bench.board.stallAt(2);
     bench.ask("C");
     bench.ask("L:0300300002337A1E");
@@ -373,7 +373,7 @@ TEST(Loader, TheDownloadCommandBeginsAnewAlsoInADownload) {
 }
 
 TEST(Loader, OtherBoardsHaveNone) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_EQ(bench.board.loader(), nullptr);
     bench.board.stallAt(1);
     bench.board.setFlowTime(std::chrono::milliseconds(1));
@@ -383,20 +383,20 @@ TEST(Loader, OtherBoardsHaveNone) {
 }
 
 TEST(Loader, ABreakEndsADownload) {
-    Bench bench(BoardKind::Loader);
+    BoardOnLine bench(BoardKind::Loader);
     bench.ask("C");
     bench.board.breakReceived();
     EXPECT_EQ(bench.ask(""), good);
 }
 
 TEST(Monitor, KnowsOnlyItsBanner) {
-    Bench bench(BoardKind::Monitor);
+    BoardOnLine bench(BoardKind::Monitor);
     EXPECT_EQ(bench.ask("Z3"), refused);
     EXPECT_EQ(bench.ask(""), good);
 }
 
 TEST(Monitor, PrintsPacketAfterPacketTheSameOnesEachTime) {
-    Bench bench(BoardKind::Monitor);
+    BoardOnLine bench(BoardKind::Monitor);
     bench.board.reportPacket();
     std::string first = bench.said;
     EXPECT_TRUE(first.starts_with("00001 CID ")) << first;
@@ -407,13 +407,13 @@ TEST(Monitor, PrintsPacketAfterPacketTheSameOnesEachTime) {
         EXPECT_LE(bench.said.size(), 80u);
     }
     EXPECT_TRUE(bench.said.starts_with("00300 CID ")) << bench.said;
-    Bench again(BoardKind::Monitor);
+    BoardOnLine again(BoardKind::Monitor);
     again.board.reportPacket();
     EXPECT_EQ(again.said, first);
 }
 
 TEST(SilentPort, NeverAnswers) {
-    Bench bench(BoardKind::Silent);
+    BoardOnLine bench(BoardKind::Silent);
     EXPECT_EQ(bench.ask("i"), "");
     EXPECT_EQ(bench.ask(""), "");
     EXPECT_THAT(bench.lines, testing::ElementsAre("i", ""));

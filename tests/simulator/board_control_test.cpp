@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench_control.h"
+#include "simulator/board_control.h"
 
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 #include "simulator/trace_text.h"
 #include "support/record_file.h"
 
@@ -14,14 +14,14 @@ namespace zor::sim {
 
 namespace {
 
-ControlOutcome say(Bench& bench, std::string_view statement) {
+ControlOutcome say(BoardOnLine& bench, std::string_view statement) {
     return control(bench.board, statement).outcome;
 }
 
 } // namespace
 
-TEST(BenchControl, SetsWhatABenchCanSet) {
-    Bench bench;
+TEST(BoardControl, SetsWhatABenchCanSet) {
+    BoardOnLine bench;
     EXPECT_EQ(say(bench, "chip kt3100"), ControlOutcome::done);
     EXPECT_EQ(say(bench, "status 5F A0"), ControlOutcome::done);
     EXPECT_EQ(say(bench, "offset -1"), ControlOutcome::done);
@@ -52,16 +52,16 @@ TEST(BenchControl, SetsWhatABenchCanSet) {
     EXPECT_EQ(say(bench, "quit"), ControlOutcome::quit);
 }
 
-TEST(BenchControl, BytesFromTheAirReachAReceivingChip) {
-    Bench bench;
+TEST(BoardControl, BytesFromTheAirReachAReceivingChip) {
+    BoardOnLine bench;
     EXPECT_EQ(say(bench, "chip KT3101"), ControlOutcome::done);
     bench.write("S28048\rS282C8\r");
     EXPECT_EQ(say(bench, "air 31 32 FF"), ControlOutcome::done);
     EXPECT_EQ(bench.board.radio().fifoFill(), 3u);
 }
 
-TEST(BenchControl, SetsWhatALoaderDoesAndKeepsWhatItWasGiven) {
-    Bench bench(BoardKind::Loader);
+TEST(BoardControl, SetsWhatALoaderDoesAndKeepsWhatItWasGiven) {
+    BoardOnLine bench(BoardKind::Loader);
     EXPECT_EQ(say(bench, "slow 20"), ControlOutcome::done);
     EXPECT_EQ(say(bench, "stall 2"), ControlOutcome::done);
     bench.ask("C");
@@ -75,13 +75,13 @@ TEST(BenchControl, SetsWhatALoaderDoesAndKeepsWhatItWasGiven) {
     std::filesystem::remove(path);
     EXPECT_EQ(say(bench, "image /no such folder/image"), ControlOutcome::failed);
     EXPECT_EQ(say(bench, "image"), ControlOutcome::failed);
-    Bench other;
+    BoardOnLine other;
     EXPECT_EQ(say(other, "image " + path), ControlOutcome::failed);
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST(BenchControl, PutsAChipOfRegistersOnTheBus) {
-    Bench bench;
+TEST(BoardControl, PutsAChipOfRegistersOnTheBus) {
+    BoardOnLine bench;
     EXPECT_EQ(say(bench, "registers"), ControlOutcome::done);
     EXPECT_EQ(say(bench, "register 0A 5F"), ControlOutcome::done);
     EXPECT_EQ(bench.ask("S2 0A00"), "005F \n\rOK\n\r>");
@@ -97,8 +97,8 @@ TEST(BenchControl, PutsAChipOfRegistersOnTheBus) {
     }
 }
 
-TEST(BenchControl, TheDemonstrationChipHasItsValuesAfterReset) {
-    Bench bench;
+TEST(BoardControl, TheDemonstrationChipHasItsValuesAfterReset) {
+    BoardOnLine bench;
     EXPECT_EQ(say(bench, "registers " ZOR_REGISTERS_FILE), ControlOutcome::done);
     EXPECT_EQ(bench.ask("S2 0000"), "0024 \n\rOK\n\r>");
     EXPECT_EQ(bench.ask("S2 3000"), "4225 \n\rOK\n\r>");
@@ -106,8 +106,8 @@ TEST(BenchControl, TheDemonstrationChipHasItsValuesAfterReset) {
     EXPECT_EQ(bench.board.circuits().registers()->transmitFifo().size(), 1u);
 }
 
-TEST(BenchControl, RefusesWhatItCannotReadAndChangesNothing) {
-    Bench bench;
+TEST(BoardControl, RefusesWhatItCannotReadAndChangesNothing) {
+    BoardOnLine bench;
     bench.board.setStatus(0x12, 0x34);
     for (const char* statement :
          {"status", "status 123", "status 1 2 3",   "status 5F zz", "irq",       "irq up",
@@ -122,8 +122,8 @@ TEST(BenchControl, RefusesWhatItCannotReadAndChangesNothing) {
     EXPECT_EQ(bench.delays.back(), 0);
 }
 
-TEST(BenchControl, SaysWhatItExpected) {
-    Bench bench;
+TEST(BoardControl, SaysWhatItExpected) {
+    BoardOnLine bench;
     EXPECT_EQ(control(bench.board, "status").message, "expected: status XX [YY]");
     EXPECT_EQ(control(bench.board, "jump 3").message, "unknown statement \"jump\"");
 }

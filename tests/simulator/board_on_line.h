@@ -10,8 +10,8 @@
 namespace zor::sim {
 
 /// A board on a line without time: what it says is collected as it says it.
-struct Bench {
-    explicit Bench(BoardKind kind = BoardKind::LoadBoard2)
+struct BoardOnLine {
+    explicit BoardOnLine(BoardKind kind = BoardKind::LoadBoard2)
         : board(kind) {
         board.transmit = [this](const Transmission& transmission) {
             said += transmission.bytes;

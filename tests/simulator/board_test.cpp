@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,54 +12,54 @@ namespace zor::sim {
 using testing::ElementsAre;
 
 TEST(Board, AnswersACommandWithThePromptLineFeedFirst) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_EQ(bench.ask("Z3"), "\x0A\x0DOK\x0A\x0D>");
 }
 
 TEST(Board, RefusesAnUnknownCommandWithTheErrorPrompt) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_EQ(bench.ask("Q"), "ERROR\x0A\x0D>");
 }
 
 TEST(Board, AnswersABareCarriageReturnWithThePrompt) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_EQ(bench.ask(""), "\n\rOK\n\r>");
 }
 
 TEST(Board, ReportsALineWithoutItsCarriageReturn) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("Z3\rS2 8080\r");
     EXPECT_THAT(bench.lines, ElementsAre("Z3", "S2 8080"));
 }
 
 TEST(Board, ALineFeedBehindTheCarriageReturnBelongsToTheLineItEnds) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("ri\r\nZ3\r");
     EXPECT_THAT(bench.lines, ElementsAre("ri\n", "Z3"));
     EXPECT_EQ(bench.said, "1   1 \n\rOK\n\r>\n\rOK\n\r>");
 }
 
 TEST(Board, AnswersEachLineOfATextWithItsOwnPrompt) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("H2\r\nQ\r\nL2\r\n");
     EXPECT_EQ(bench.said, "\n\rOK\n\r>ERROR\n\r>\n\rOK\n\r>");
 }
 
 TEST(Board, ALineFeedElsewhereIsPartOfItsLine) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("\nZ3\r");
     EXPECT_THAT(bench.lines, ElementsAre("\nZ3"));
     EXPECT_EQ(bench.said, "ERROR\n\r>");
 }
 
 TEST(Board, OnlyTheFirstLineFeedBehindACarriageReturnIsDropped) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("Z3\r\n\n\r");
     EXPECT_THAT(bench.lines, ElementsAre("Z3\n", "\n"));
 }
 
 TEST(Board, OpeningOrABreakForgetsAHalfLine) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("S28");
     bench.board.lineOpened();
     bench.write("Z3\rS28");
@@ -69,7 +69,7 @@ TEST(Board, OpeningOrABreakForgetsAHalfLine) {
 }
 
 TEST(Board, AMuteBoardActsAndIsRecordedButSaysNothing) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setMute(true);
     EXPECT_EQ(bench.ask("H2"), "");
     EXPECT_THAT(bench.lines, ElementsAre("H2"));
@@ -81,7 +81,7 @@ TEST(Board, AMuteBoardActsAndIsRecordedButSaysNothing) {
 }
 
 TEST(Board, ADelayGoesWithEachAnswer) {
-    Bench bench;
+    BoardOnLine bench;
     bench.ask("Z3");
     bench.board.setDelay(std::chrono::milliseconds(1500));
     bench.ask("Z3");
@@ -90,7 +90,7 @@ TEST(Board, ADelayGoesWithEachAnswer) {
 }
 
 TEST(Board, RefusesTheNextSuchLineOnceAndWithoutEffect) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.refuseNext("H2");
     EXPECT_EQ(bench.ask("L2"), "\n\rOK\n\r>");
     EXPECT_EQ(bench.ask("H2"), "ERROR\n\r>");
@@ -99,7 +99,7 @@ TEST(Board, RefusesTheNextSuchLineOnceAndWithoutEffect) {
 }
 
 TEST(Board, RefusalsOfALineAddUp) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.refuseNext("y30");
     bench.board.refuseNext("y30");
     EXPECT_EQ(bench.ask("y30"), "ERROR\n\r>");
@@ -108,7 +108,7 @@ TEST(Board, RefusalsOfALineAddUp) {
 }
 
 TEST(Board, AReplyStandsInFrontOfThePromptWheneverItsLineComes) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setReply("S20500", "0002 ");
     bench.board.setReply("what", "ever ");
     EXPECT_EQ(bench.ask("S20500"), "0002 \n\rOK\n\r>");
@@ -119,7 +119,7 @@ TEST(Board, AReplyStandsInFrontOfThePromptWheneverItsLineComes) {
 }
 
 TEST(Board, ARepliedLineStillTakesEffect) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setReply("L2\n", "low ");
     EXPECT_EQ(bench.ask("L2"), "low \n\rOK\n\r>");
     EXPECT_EQ(bench.board.output(2), OutputState::low);
@@ -132,7 +132,7 @@ TEST(Board, AnotherChipOnTheBusAnswersInPlaceOfTheRadio) {
         void deselect() override {}
         std::uint8_t before = 0;
     } echo;
-    Bench bench;
+    BoardOnLine bench;
     bench.board.circuits().mount(echo);
     EXPECT_EQ(bench.ask("S2A15B"), "E0A1 \n\rOK\n\r>");
     bench.write("H2\rL2\rWS03,04\r");
@@ -140,7 +140,7 @@ TEST(Board, AnotherChipOnTheBusAnswersInPlaceOfTheRadio) {
 }
 
 TEST(Board, ALineWithoutEndIsCutAndRefused) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write(std::string(1'000'000, 'A'));
     EXPECT_EQ(bench.ask(""), "ERROR\n\r>");
     ASSERT_EQ(bench.lines.size(), 1u);
@@ -151,7 +151,7 @@ TEST(Board, ALineWithoutEndIsCutAndRefused) {
 TEST(Board, NoStreamOfBytesSilencesACommandBoardForGood) {
     for (BoardKind kind :
          {BoardKind::LoadBoard1, BoardKind::LoadBoard2, BoardKind::Loader, BoardKind::Monitor}) {
-        Bench bench(kind);
+        BoardOnLine bench(kind);
         bench.board.setChip(Chip::KT3101);
         std::mt19937 random(42);
         // Mostly the letters that commands are made of, so that the stream gets past the first character.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 #include "simulator/far_end.h"
 #include "simulator/radio_station.h"
 
@@ -11,24 +11,24 @@ namespace {
 
 /// Two boards that hear each other.
 struct Air {
-    Bench a;
-    Bench b;
+    BoardOnLine a;
+    BoardOnLine b;
     Ether ether;
     RadioStation stationA{a.board, ether};
     RadioStation stationB{b.board, ether};
 
-    static void lines(Bench& bench, std::initializer_list<const char*> all) {
+    static void lines(BoardOnLine& bench, std::initializer_list<const char*> all) {
         for (const char* line : all) {
             bench.ask(line);
         }
         bench.said.clear();
     }
     /// The panel's words as a KT3100 has them after its start, with receiver and FIFO on, and an armed board.
-    static void receive(Bench& bench, Chip chip = Chip::KT3100) {
+    static void receive(BoardOnLine& bench, Chip chip = Chip::KT3100) {
         bench.board.setChip(chip);
         lines(bench, {"S28048", "S2A7D0", "S28288", "S29080", "S2C623", "S2CA80", "F11,13,100,1", "S2CA82"});
     }
-    static void transmit(Bench& bench) {
+    static void transmit(BoardOnLine& bench) {
         bench.board.setChip(Chip::KT3100);
         lines(bench, {"S28088", "S2A7D0", "S28228", "S29800", "S2C623"});
     }
@@ -38,7 +38,7 @@ struct Air {
 const char* const hello = "\n\rReceived packet: 06 bytes: HELLO\r\n\rOK\n\r>";
 
 /// The level that a board's monitor reads.
-char dataOf(Bench& bench) {
+char dataOf(BoardOnLine& bench) {
     return at(bench.ask("RO"), 15, 5, 1).front();
 }
 
@@ -206,7 +206,7 @@ TEST(Ether, TheStrongestCarrierIsTheOneThatIsHeard) {
     Air air;
     Air::transmit(air.a);
     Air::receive(air.b);
-    Bench c;
+    BoardOnLine c;
     RadioStation stationC(c.board, air.ether);
     Air::transmit(c);
     Air::lines(c, {"S29802", "y11"});
@@ -237,7 +237,7 @@ TEST(Ether, AFillGoesOnOverPacketsThatDoNotEndIt) {
 }
 
 TEST(FarEnd, SendsNumberedPacketsOfWhichOneFades) {
-    Bench bench;
+    BoardOnLine bench;
     Ether ether;
     RadioStation station(bench.board, ether);
     FarEnd far(bench.board, ether);
@@ -254,7 +254,7 @@ TEST(FarEnd, SendsNumberedPacketsOfWhichOneFades) {
 }
 
 TEST(FarEnd, SaysAgainWhatItHeardAndKeepsSilentOtherwise) {
-    Bench bench;
+    BoardOnLine bench;
     Ether ether;
     RadioStation station(bench.board, ether);
     FarEnd far(bench.board, ether);
@@ -272,7 +272,7 @@ TEST(FarEnd, SaysAgainWhatItHeardAndKeepsSilentOtherwise) {
 }
 
 TEST(FarEnd, ALivelyOneAnswersOrCountsAndKeysItsCarrier) {
-    Bench bench;
+    BoardOnLine bench;
     Ether ether;
     RadioStation station(bench.board, ether);
     FarEnd far(bench.board, ether);
@@ -290,7 +290,7 @@ TEST(FarEnd, ALivelyOneAnswersOrCountsAndKeysItsCarrier) {
 }
 
 TEST(FarEnd, ItsCrystalShowsBehindAPacket) {
-    Bench bench;
+    BoardOnLine bench;
     Ether ether;
     RadioStation station(bench.board, ether);
     FarEnd far(bench.board, ether);
@@ -303,7 +303,7 @@ TEST(FarEnd, ItsCrystalShowsBehindAPacket) {
 }
 
 TEST(FarEnd, ItsCarrierMovesTheDataLine) {
-    Bench bench;
+    BoardOnLine bench;
     Ether ether;
     RadioStation station(bench.board, ether);
     FarEnd far(bench.board, ether);

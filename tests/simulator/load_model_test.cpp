@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@ namespace zor::sim {
 namespace {
 
 double currentAfter(Chip chip, std::string_view lines) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(chip);
     bench.write(lines);
     return supplyCurrent(activityOf(bench.board.radio()));
@@ -19,7 +19,7 @@ double currentAfter(Chip chip, std::string_view lines) {
 TEST(LoadModel, AChipWithoutAWordSleeps) {
     EXPECT_DOUBLE_EQ(supplyCurrent({}), 0.0003);
     EXPECT_DOUBLE_EQ(currentAfter(Chip::KT3100, ""), 0.0003);
-    Bench unknown;
+    BoardOnLine unknown;
     unknown.ask("S282FF");
     EXPECT_DOUBLE_EQ(supplyCurrent(activityOf(unknown.board.radio())), 0.0003);
 }
@@ -64,7 +64,7 @@ TEST(Converter, FallsOneCountEach24MicroampsInTheHighAnd48InTheLowRange) {
 }
 
 TEST(Converter, IsReadByTheBoardInTheChosenRange) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(Chip::KT3100);
     bench.write("S282C8\rA1\r");
     EXPECT_EQ(bench.ask("AD"), "ADC high byte 02h, low byte = 28h, done \n\rOK\n\r>"); // 552
@@ -73,7 +73,7 @@ TEST(Converter, IsReadByTheBoardInTheChosenRange) {
 }
 
 TEST(Converter, ABenchsFiguresStandOverTheModelAndAreHeldIn10Bits) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setCurrentCounts(1500, -3);
     EXPECT_EQ(bench.ask("AD"), "ADC high byte 03h, low byte = FFh, done \n\rOK\n\r>");
     bench.ask("A0");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 #include "simulator/packet_receiver.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@ namespace zor::sim {
 
 namespace {
 
-std::string heard(Bench& bench, std::string_view packet) {
+std::string heard(BoardOnLine& bench, std::string_view packet) {
     bench.said.clear();
     bench.board.hearPacket(packet);
     return bench.said;
@@ -20,7 +20,7 @@ TEST(PacketReceiver, AnArmedBoardOfEitherGenerationReportsOnePacketWhole) {
     for (auto [kind, line] : {std::pair{BoardKind::LoadBoard1, "F1,13,100"},
                               {BoardKind::LoadBoard1, "F3,13,2,1"},
                               {BoardKind::LoadBoard2, "F12,13,100,1"}}) {
-        Bench bench(kind);
+        BoardOnLine bench(kind);
         bench.ask(line);
         EXPECT_EQ(heard(bench, "HELLO"), "\n\rReceived packet: 05 bytes: HELLO\n\rOK\n\r>") << line;
         EXPECT_EQ(heard(bench, "AGAIN"), "") << line;
@@ -28,7 +28,7 @@ TEST(PacketReceiver, AnArmedBoardOfEitherGenerationReportsOnePacketWhole) {
 }
 
 TEST(PacketReceiver, ItsReportStandsWhereTheToolsLook) {
-    Bench bench;
+    BoardOnLine bench;
     bench.ask("F11,13,100,1");
     std::string report = heard(bench, std::string("a\r\n\0z", 5));
     EXPECT_EQ(report.substr(2, 15), "Received packet");
@@ -37,7 +37,7 @@ TEST(PacketReceiver, ItsReportStandsWhereTheToolsLook) {
 }
 
 TEST(PacketReceiver, ABoardThatIsNotArmedLosesAPacket) {
-    Bench bench;
+    BoardOnLine bench;
     EXPECT_EQ(heard(bench, "early"), "");
     bench.ask("F11,13,100,1");
     bench.ask("F0");
@@ -46,7 +46,7 @@ TEST(PacketReceiver, ABoardThatIsNotArmedLosesAPacket) {
 }
 
 TEST(PacketReceiver, AnEmptyPacketIsReportedAndALongOneIsCut) {
-    Bench bench;
+    BoardOnLine bench;
     bench.ask("F11,13,100,1");
     EXPECT_EQ(heard(bench, ""), "\n\rReceived packet: 00 bytes: \n\rOK\n\r>");
     bench.ask("F11,13,255,1");
@@ -55,7 +55,7 @@ TEST(PacketReceiver, AnEmptyPacketIsReportedAndALongOneIsCut) {
 }
 
 TEST(PacketReceiver, ARefusedArmingDoesNotArmAMuteOneDoes) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.refuseNext("F11,13,100,1");
     bench.ask("F11,13,100,1");
     EXPECT_EQ(heard(bench, "x"), "");
@@ -66,7 +66,7 @@ TEST(PacketReceiver, ARefusedArmingDoesNotArmAMuteOneDoes) {
 }
 
 TEST(PacketReceiver, TheReportOfAMuteBoardWaitsUntilItIsAskedFor) {
-    Bench bench;
+    BoardOnLine bench;
     bench.ask("F11,13,100,1");
     bench.board.setMute(true);
     EXPECT_EQ(heard(bench, "kept"), "");
@@ -76,7 +76,7 @@ TEST(PacketReceiver, TheReportOfAMuteBoardWaitsUntilItIsAskedFor) {
 }
 
 TEST(PacketReceiver, ABoardInDataModeReportsNothing) {
-    Bench bench;
+    BoardOnLine bench;
     bench.ask("F11,13,100,1");
     bench.ask("X2");
     EXPECT_EQ(heard(bench, "x"), "");

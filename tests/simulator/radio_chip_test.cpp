@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 
 #include <array>
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@ namespace {
 using Status = std::array<std::uint8_t, 2>;
 
 /// A transceiver that receives into its FIFO, interrupt at four bytes.
-struct ReceivingBench : Bench {
+struct ReceivingBench : BoardOnLine {
     ReceivingBench() {
         board.setChip(Chip::KT3100);
         ask("S28048");
@@ -30,7 +30,7 @@ struct ReceivingBench : Bench {
 } // namespace
 
 TEST(RadioChip, LatchesEachWordUnderItsRole) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(Chip::KT1100);
     bench.write("S28080\rS2A7D0\rS1B3\rS2C038\rS2C205\rS2E196\r");
     const RadioChip& radio = bench.board.radio();
@@ -44,14 +44,14 @@ TEST(RadioChip, LatchesEachWordUnderItsRole) {
 }
 
 TEST(RadioChip, KeepsWordsAsTheyCameWhileNoChipIsTold) {
-    Bench bench;
+    BoardOnLine bench;
     bench.write("S28080\rS1B3\r");
     EXPECT_THAT(bench.board.radio().words(), testing::ElementsAre(0x8080, 0xB3));
     EXPECT_EQ(bench.board.radio().latched(WordRole::configuration), std::nullopt);
 }
 
 TEST(RadioChip, RemembersTheLast256Words) {
-    Bench bench;
+    BoardOnLine bench;
     for (int i = 0; i < 300; ++i) {
         bench.ask(i < 44 ? "S2A000" : "S2A001");
     }
@@ -60,7 +60,7 @@ TEST(RadioChip, RemembersTheLast256Words) {
 }
 
 TEST(RadioChip, LatchesAWordThatWasWrittenUnderTheSelectLine) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(Chip::KT3100);
     bench.write("H2\rL2\rWS82,08\r");
     EXPECT_EQ(bench.board.radio().latched(WordRole::powerManagement), std::nullopt);
@@ -69,7 +69,7 @@ TEST(RadioChip, LatchesAWordThatWasWrittenUnderTheSelectLine) {
 }
 
 TEST(RadioChip, AStatusReadLatchesNothing) {
-    Bench bench;
+    BoardOnLine bench;
     bench.board.setChip(Chip::KT2100);
     bench.write("H2\rL2\rL0\rRS\rRS\rH2\r");
     EXPECT_EQ(bench.board.radio().latched(WordRole::lowDutyCycle), std::nullopt);
@@ -98,7 +98,7 @@ TEST(RadioChip, OffsetFillsFiveBitsOnTransceiversAndSixOnReceivers) {
 
 TEST(ReceiveFifo, TakesNothingWhileReceiverOrFifoIsOff) {
     for (const char* word : {"S28048", "S282C8"}) {
-        Bench bench;
+        BoardOnLine bench;
         bench.board.setChip(Chip::KT3100);
         bench.ask(word);
         bench.board.radio().receiveFromAir(0x55);

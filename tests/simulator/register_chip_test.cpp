@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/register_chip.h"
 
-#include "simulator/bench.h"
+#include "simulator/board_on_line.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ namespace zor::sim {
 namespace {
 
 /// A generation 2 board with a register chip on its bus.
-struct Registers : Bench {
+struct Registers : BoardOnLine {
     RegisterChip& chip = board.circuits().fitRegisters();
 };
 

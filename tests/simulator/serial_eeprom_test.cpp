@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/serial_eeprom.h"
 
-#include "simulator/bench.h"
-#include "simulator/bench_control.h"
+#include "simulator/board_control.h"
+#include "simulator/board_on_line.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,7 @@ namespace {
 constexpr const char* ok = "\n\rOK\n\r>";
 
 /// A board with an EEPROM and a clock that stands until it is moved.
-struct EepromBench : Bench {
+struct EepromBench : BoardOnLine {
     EepromBench() {
         board.circuits().time = [this] { return time; };
         board.circuits().mountEeprom();
@@ -162,8 +162,8 @@ TEST(SerialEeprom, ARefusedLineIsNotCarriedOutAndAMuteBoardsIs) {
     EXPECT_EQ(bench.read("00,00", 1), "11 ");
 }
 
-TEST(BenchControl, SetsTheEeprom) {
-    Bench bench;
+TEST(BoardControl, SetsTheEeprom) {
+    BoardOnLine bench;
     auto say = [&](std::string_view statement) { return control(bench.board, statement).outcome; };
     EXPECT_EQ(say("eeprom"), ControlOutcome::done);
     EXPECT_EQ(say("eeprom 16 C4 00 c605"), ControlOutcome::done);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/widgets/bench_style.h"
+#include "desktop/widgets/instrument_style.h"
 
 #include "desktop/widgets/colours.h"
 
@@ -155,11 +155,11 @@ class IconOnDemand : public QIconEngine {
 
 } // namespace
 
-BenchStyle::BenchStyle()
+InstrumentStyle::InstrumentStyle()
     : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
 
-void BenchStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                                    QPainter* painter, const QWidget* widget) const {
+void InstrumentStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                         QPainter* painter, const QWidget* widget) const {
     if (const auto* bar = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
         control == CC_TitleBar && bar != nullptr) {
         drawTitleBar(*this, *bar, *painter, widget);
@@ -168,8 +168,8 @@ void BenchStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
-void BenchStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
-                             const QWidget* widget) const {
+void InstrumentStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                                  const QWidget* widget) const {
     if (element == CE_ToolBar) {
         // Flat: Fusion's seams between the bars cost more than all else on them.
         return;
@@ -177,8 +177,8 @@ void BenchStyle::drawControl(ControlElement element, const QStyleOption* option,
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
-void BenchStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
-                               const QWidget* widget) const {
+void InstrumentStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                    const QWidget* widget) const {
     switch (element) {
     case PE_IndicatorCheckBox:
         drawIndicator(*option, *painter, false);
@@ -208,12 +208,13 @@ void BenchStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
-QIcon BenchStyle::standardIcon(StandardPixmap which, const QStyleOption*, const QWidget*) const {
+QIcon InstrumentStyle::standardIcon(StandardPixmap which, const QStyleOption*, const QWidget*) const {
     // An inner window asks for its menu's picture at once; our title bars show none.
     return which == SP_TitleBarMenuButton ? QIcon() : QIcon(new IconOnDemand(*baseStyle(), which));
 }
 
-int BenchStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
+int InstrumentStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                 const QWidget* widget) const {
     switch (metric) {
     case PM_TitleBarHeight:
         return (option != nullptr ? option->fontMetrics.height() : 16) + 12;
@@ -227,8 +228,8 @@ int BenchStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
     }
 }
 
-int BenchStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                          QStyleHintReturn* returned) const {
+int InstrumentStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                               QStyleHintReturn* returned) const {
     // A title is drawn on the bar itself, and a window's corners are not cut.
     if (hint == SH_WindowFrame_Mask) {
         return 0;

@@ -7,9 +7,9 @@ namespace zor {
 
 /// The toolkit's Fusion style with what it lacks for a bench: flat bars and title bars, and ticks, radio
 /// circles and fields whose outlines can be seen in the dark too.
-class BenchStyle : public QProxyStyle {
+class InstrumentStyle : public QProxyStyle {
   public:
-    BenchStyle();
+    InstrumentStyle();
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
