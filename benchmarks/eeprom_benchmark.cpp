@@ -8,7 +8,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/demo_board.h"
 #include "eeprom/eeprom.h"
-#include "support/record_file.h"
+#include "host/files.h"
 
 #include <benchmark/benchmark.h>
 

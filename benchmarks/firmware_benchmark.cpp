@@ -2,7 +2,7 @@
 // A firmware file of 1 MB made ready for its download, against the mere reading of the file.
 #include "ratio.h"
 
-#include "support/record_file.h"
+#include "host/files.h"
 #include "utilities/download_image.h"
 
 #include <benchmark/benchmark.h>

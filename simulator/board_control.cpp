@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/board_control.h"
 
+#include "host/files.h"
 #include "simulator/loader_firmware.h"
 #include "simulator/register_list_chip.h"
 #include "simulator/trace_text.h"
 #include "support/error.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 
 #include <charconv>
 #include <vector>

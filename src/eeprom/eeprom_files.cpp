@@ -2,8 +2,8 @@
 // The programmer's files: ASCII-hex images, and those that other tools make.
 #include "eeprom/eeprom.h"
 #include "eeprom/foreign_image.h"
+#include "host/files.h"
 #include "support/error.h"
-#include "support/record_file.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -47,7 +47,7 @@ std::string lowerExtension(const std::string& name) {
 std::optional<std::string> Eeprom::chooseFile(const FileRequest& request) const {
     FileChoice choice = bench.platform.dialogs.chooseFile(request);
     if (choice.extensionDiffers && request.defaultExtension == "asc") {
-        throw ToolError(wrongExtension, "Incorrect extension");
+        throw ToolError(unsupported, "Incorrect extension");
     }
     return choice.name == request.startName ? std::nullopt : std::optional(choice.name);
 }
@@ -120,7 +120,7 @@ bool Eeprom::saveFile() {
         }
         return name.has_value();
     } catch (const ToolError& error) {
-        bool wrongType = error.number() == wrongExtension;
+        bool wrongType = error.number() == unsupported;
         bench.tellFileError(error, wrongType ? loadErrorTitle : saveErrorTitle, saveErrorClosing);
         return false;
     }

@@ -31,6 +31,7 @@ void ListBox::putText(std::string text) {
 }
 
 void ListBox::runAction() {
+    chosen.emit();
     if (onChange) {
         onChange();
     }

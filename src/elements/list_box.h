@@ -45,6 +45,8 @@ class ListBox : public Element {
     bool chooseText(std::string_view entry) override;
     bool choosePosition(int entryPosition) override;
 
+    /// Whoever lives by the choice hears of it before the window's own action.
+    Signal<> chosen;
     std::function<void()> onChange;
 
   private:

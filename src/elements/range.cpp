@@ -29,7 +29,11 @@ void Ranged::setRange(int minimum, int maximum) {
 void Slider::setValue(int newValue) {
     int before = value();
     putValue(newValue);
-    if (value() != before && onChange) {
+    if (value() == before) {
+        return;
+    }
+    moved.emit();
+    if (onChange) {
         onChange();
     }
 }

@@ -33,6 +33,8 @@ class Slider : public Ranged {
     void setValue(int value);
     bool slide(int value) override;
 
+    /// Whoever lives by the number hears of it before the window's own action.
+    Signal<> moved;
     std::function<void()> onChange;
 };
 

@@ -2,8 +2,8 @@
 // The generator's files: the dialog, what is done about a name, and what is remembered of it.
 #include "headergen/frm_gen_header.h"
 
+#include "host/files.h"
 #include "support/error.h"
-#include "support/record_file.h"
 
 #include <filesystem>
 

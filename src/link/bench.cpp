@@ -21,7 +21,7 @@ void Bench::tellError(const ToolError& error, const std::string& title, const st
 
 void Bench::tellFileError(const ToolError& error, const std::string& title,
                           const std::string& closing) const {
-    if (error.number() != wrongExtension) {
+    if (error.number() != unsupported) {
         tellError(error, title, closing);
         return;
     }

@@ -12,7 +12,7 @@ double supplyConstant(int loadBoardRev) {
 
 std::string supplyCommand(double volts, double constant) {
     if (volts == 0) {
-        throw ToolError(11, "Division by zero");
+        throw ToolError(divisionByZero);
     }
     int code = roundToInt(255 - constant / volts);
     if (code < 0 || code > 255) {

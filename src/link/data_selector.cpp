@@ -95,7 +95,7 @@ void DataSelector::comeBack() {
         if (!bench.platform.ports.present(connect.portNumber())) {
             link.goneInDataMode();
         }
-        throw ToolError(portUnavailable, "Commport is not available");
+        throw ToolError(unsupported, "Commport is not available");
     }
     connect.open(connect.portNumber(), {.clearInput = true, .dtr = true, .rts = true});
     link.leaveDataMode();

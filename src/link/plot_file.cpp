@@ -2,9 +2,9 @@
 #include "link/plot_file.h"
 
 #include "elements/plot.h"
+#include "host/files.h"
 #include "link/bench.h"
 #include "support/error.h"
-#include "support/record_file.h"
 
 namespace zor {
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/batch_page.h"
 
+#include "host/files.h"
 #include "registertool/cell_values.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 
 #include <array>
 #include <iterator>

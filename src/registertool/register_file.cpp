@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/register_file.h"
 
-#include "support/record_file.h"
+#include "host/files.h"
 
 #include <system_error>
-
-#include <unistd.h>
 
 namespace zor {
 
@@ -17,8 +15,7 @@ constexpr const char* fileName = "ZOR.db";
 constexpr std::uintmax_t largestStart = 1u << 30;
 
 fs::path placeOf(const Platform& platform) {
-    bool writable = ::access(platform.programFolder.c_str(), W_OK) == 0;
-    return (writable ? platform.programFolder : platform.userFolder) / fileName;
+    return (mayWrite(platform.programFolder) ? platform.programFolder : platform.userFolder) / fileName;
 }
 
 void make(const Platform& platform, const fs::path& file) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/text_file.h"
 
+#include "host/files.h"
 #include "platform/register_store.h"
 #include "support/lines.h"
-#include "support/record_file.h"
 
 namespace zor {
 
@@ -22,7 +22,7 @@ std::optional<std::string> chooseText(const Bench& bench, FileRequest::Mode mode
                                            .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
                                            .defaultExtension = "txt"});
     if (choice.extensionDiffers) {
-        throw ToolError(wrongExtension, "Incorrect extension");
+        throw ToolError(unsupported, "Incorrect extension");
     }
     return choice.name == anyText ? std::nullopt : std::optional(choice.name);
 }
@@ -68,7 +68,7 @@ void saving(const Bench& bench, const std::function<void()>& action) {
     } catch (const StoreError&) {
         throw;
     } catch (const ToolError& error) {
-        bool wrongType = error.number() == wrongExtension;
+        bool wrongType = error.number() == unsupported;
         bench.tellFileError(error, wrongType ? loadErrorTitle : saveErrorTitle, "Please try again");
     }
 }

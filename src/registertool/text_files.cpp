@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/text_files.h"
 
+#include "host/files.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
-#include "support/record_file.h"
 
 #include <algorithm>
 #include <memory>

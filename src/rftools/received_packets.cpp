@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "rftools/received_packets.h"
 
+#include "host/files.h"
 #include "link/connect.h"
 #include "link/plot_file.h"
 #include "support/error.h"
 #include "support/hex_text.h"
-#include "support/record_file.h"
 
 #include <algorithm>
 #include <array>

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "shell/settings.h"
 
+#include "host/files.h"
 #include "support/record_file.h"
 
 #include <utility>
-
-#include <unistd.h>
 
 namespace zor {
 
@@ -16,24 +15,20 @@ constexpr const char* ownName = "ZOR-more.ini";
 constexpr std::string_view ownBanner = "# ZOR more settings version 1";
 constexpr std::string_view iniBanner = "# ZOR ini file version 2.2.0";
 
-bool writable(const std::filesystem::path& folder) {
-    return ::access(folder.c_str(), W_OK) == 0;
-}
-
 } // namespace
 
 std::filesystem::path settingsFileToRead(const Platform& platform, const std::string& name) {
     std::filesystem::path own = platform.programFolder / name;
     std::filesystem::path users = platform.userFolder / name;
     std::error_code ignored;
-    if (!writable(platform.programFolder) && std::filesystem::exists(users, ignored)) {
+    if (!mayWrite(platform.programFolder) && std::filesystem::exists(users, ignored)) {
         return users;
     }
     return own;
 }
 
 std::filesystem::path settingsFileToWrite(const Platform& platform, const std::string& name) {
-    if (writable(platform.programFolder)) {
+    if (mayWrite(platform.programFolder)) {
         return platform.programFolder / name;
     }
     std::error_code ignored;

@@ -2,6 +2,7 @@
 #include "shell/workspace.h"
 
 #include "elements/tick_box.h"
+#include "host/files.h"
 #include "shell/settings.h"
 #include "shell/tool_table.h"
 #include "support/error.h"

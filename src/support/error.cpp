@@ -1,37 +1,50 @@
 // SPDX-License-Identifier: MIT
 #include "support/error.h"
 
-#include <algorithm>
-#include <array>
-#include <string_view>
-#include <utility>
-
 namespace zor {
 
-namespace {
-
-constexpr std::array<std::pair<int, std::string_view>, 13> descriptions = {{
-    {invalidCall, "Invalid procedure call or argument"},
-    {overflow, "Overflow"},
-    {typeMismatch, "Type mismatch"},
-    {fileNotFound, "File not found"},
-    {deviceInputOutput, "Device I/O error"},
-    {diskFull, "Disk full"},
-    {inputPastEnd, "Input past end of file"},
-    {permissionDenied, "Permission denied"},
-    {pathFileAccess, "Path/File access error"},
-    {pathNotFound, "Path not found"},
-    {invalidPort, "Invalid port number"},
-    {portInUse, "Port already open"},
-    {portNotOpen, "Operation valid only when the port is open"},
-}};
-
-} // namespace
-
 std::string errorDescription(int number) {
-    auto row = std::find_if(descriptions.begin(), descriptions.end(),
-                            [number](const auto& entry) { return entry.first == number; });
-    return row == descriptions.end() ? "Application-defined error" : std::string(row->second);
+    // Every number of the enum stands here once: a double would not compile.
+    switch (number) {
+    case invalidCall:
+        return "Invalid procedure call or argument";
+    case overflow:
+        return "Overflow";
+    case divisionByZero:
+        return "Division by zero";
+    case typeMismatch:
+        return "Type mismatch";
+    case fileNotFound:
+        return "File not found";
+    case deviceInputOutput:
+        return "Device I/O error";
+    case diskFull:
+        return "Disk full";
+    case inputPastEnd:
+        return "Input past end of file";
+    case permissionDenied:
+        return "Permission denied";
+    case pathFileAccess:
+        return "Path/File access error";
+    case pathNotFound:
+        return "Path not found";
+    case invalidProperty:
+        return "Invalid property value";
+    case invalidPort:
+        return "Invalid port number";
+    case portInUse:
+        return "Port already open";
+    case portNotOpen:
+        return "Operation valid only when the port is open";
+    // These are raised with a description of their own.
+    case cannotCreate:
+    case emptyFile:
+    case fileExists:
+    case unsupported:
+    case wrongBanner:
+    default:
+        return "Application-defined error";
+    }
 }
 
 ToolError::ToolError(int failure)

@@ -10,6 +10,7 @@ namespace zor {
 enum ErrorNumber : int {
     invalidCall = 5,
     overflow = 6,
+    divisionByZero = 11,
     typeMismatch = 13,
     fileNotFound = 53,
     deviceInputOutput = 57,
@@ -18,12 +19,13 @@ enum ErrorNumber : int {
     permissionDenied = 70,
     pathFileAccess = 75,
     pathNotFound = 76,
+    /// A value that its control does not take.
+    invalidProperty = 380,
     cannotCreate = 429,
     emptyFile = 1222,
     fileExists = 1223,
-    wrongExtension = 1225,
-    /// A line that could not be broken; its box bears the same number.
-    portUnavailable = 1225,
+    /// A file of a foreign kind, or a line that could not be broken: the boxes of both bear this number.
+    unsupported = 1225,
     wrongBanner = 1226,
     invalidPort = 8002,
     portInUse = 8005,

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -61,17 +60,5 @@ class RecordReader {
     std::string content;
     std::size_t next = 0;
 };
-
-/// The whole file's bytes. Throws ToolError: fileNotFound, pathNotFound, permissionDenied, pathFileAccess for
-/// what is no plain file, or deviceInputOutput.
-/// @param limit  in bytes; a longer file is refused with deviceInputOutput, so that a huge one picked by
-/// mistake does not eat the memory
-[[nodiscard]] std::string readFile(const std::filesystem::path& path, std::uintmax_t limit = 64u << 20);
-
-/// Writes a file so that it is either the new content whole or still the old one: a neighbour is written,
-/// synced and renamed over it. The mode of an old file stays, and so does a link to it. Throws ToolError:
-/// pathNotFound, permissionDenied, diskFull, pathFileAccess (for a folder, a device or a ring of links) or
-/// deviceInputOutput.
-void writeFileWhole(const std::filesystem::path& path, std::string_view bytes);
 
 } // namespace zor

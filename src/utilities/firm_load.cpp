@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/firm_load.h"
 
+#include "host/files.h"
 #include "link/connect.h"
-#include "support/record_file.h"
 
 #include <cmath>
 #include <utility>
@@ -107,7 +107,7 @@ void FirmLoad::loadeefile_Click() {
              .filter = "HEX files (*.hex)|*.hex|All files (*.*)|*.*",
              .defaultExtension = "hex"});
         if (choice.readOnly) {
-            throw ToolError(wrongExtension, "Incorrect extension");
+            throw ToolError(unsupported, "Incorrect extension");
         }
         if (choice.name == hexPattern) {
             return;

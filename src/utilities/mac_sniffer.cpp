@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/mac_sniffer.h"
 
-#include "support/record_file.h"
+#include "host/files.h"
 
 namespace zor {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/terminal.h"
 
+#include "host/files.h"
 #include "link/connect.h"
 #include "support/lines.h"
-#include "support/record_file.h"
 
 #include <utility>
 
@@ -114,7 +114,7 @@ void Terminal::LoadScript_Click() {
         FileChoice choice =
             bench.platform.dialogs.chooseFile(scriptDialog(FileRequest::Mode::Load, "Load Script File"));
         if (choice.readOnly) {
-            throw ToolError(wrongExtension, "Incorrect extension");
+            throw ToolError(unsupported, "Incorrect extension");
         }
         if (choice.name != scriptPattern) {
             Script.setText(withLineEnds(readFile(choice.name)));

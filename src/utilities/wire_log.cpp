@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/wire_log.h"
 
+#include "host/files.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 
 #include <algorithm>
 #include <array>

@@ -3,10 +3,10 @@
 
 #include "eeprom/eeprom.h"
 #include "faults/link_actions.h"
+#include "host/files.h"
 #include "registertool/spi.h"
 #include "shell/panel_table.h"
 #include "store/register_list_store.h"
-#include "support/record_file.h"
 
 #include <filesystem>
 #include <utility>

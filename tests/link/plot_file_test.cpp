@@ -2,7 +2,7 @@
 #include "link/plot_file.h"
 
 #include "elements/plot.h"
-#include "support/record_file.h"
+#include "host/files.h"
 #include "virtual/virtual_bench.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Saving and loading as the user does it: dialogs, names, boxes and what follows a load.
+#include "host/files.h"
 #include "panels/all_panels.h"
 #include "panels/panel_bench.h"
-#include "support/record_file.h"
 #include "utilities/power_supply.h"
 
 #include <gmock/gmock.h>

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace zor {
 
 namespace {
@@ -51,6 +53,15 @@ TEST(LinkedNumber, ASliderBelowTheRangeComesBackToItsEnd) {
     EXPECT_EQ(controls.field.text(), "1");
     EXPECT_EQ(controls.slider.value(), 1);
     EXPECT_EQ(controls.commits, 2);
+}
+
+TEST(LinkedNumber, LeavesTheWindowItsOwnActionOnTheSlider) {
+    Controls controls;
+    std::string seen;
+    controls.slider.onChange = [&] { seen = controls.field.text(); };
+    controls.slider.slide(9);
+    EXPECT_EQ(controls.commits, 1);
+    EXPECT_EQ(seen, "9"); // the number is taken by then
 }
 
 TEST(LinkedNumber, AnArrowCountsFromTheFieldsNumber) {

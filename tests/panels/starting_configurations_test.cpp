@@ -3,9 +3,9 @@
 // they are written anew by
 //
 //     ZOR_WRITE_CONFIGURATIONS=1 zor_tests --gtest_filter='StartingConfigurations.*'
+#include "host/files.h"
 #include "panels/all_panels.h"
 #include "panels/panel_bench.h"
-#include "support/record_file.h"
 
 #include <cstdlib>
 #include <filesystem>

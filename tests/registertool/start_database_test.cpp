@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The chip that comes with the program: what a user sees first, and what the simulated board carries.
-#include "support/record_file.h"
+#include "host/files.h"
 #include "support/register_list.h"
 
 #include <gtest/gtest.h>

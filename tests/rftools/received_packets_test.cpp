@@ -4,8 +4,8 @@
 #include "elements/list_box.h"
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
+#include "host/files.h"
 #include "rftools/amber_v1_rflink.h"
-#include "support/record_file.h"
 #include "virtual/virtual_bench.h"
 
 #include <gtest/gtest.h>

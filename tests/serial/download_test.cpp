@@ -4,7 +4,7 @@
 #include "desktop/adapters/linux_usb_driver.h"
 #include "desktop/adapters/qt_serial_port.h"
 #include "desktop/demo_board.h"
-#include "support/record_file.h"
+#include "host/files.h"
 #include "utilities/firm_load.h"
 #include "utilities/mac_sniffer.h"
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Whatever is typed into a tool's field, the tool, the line and the files stay sound.
 #include "elements/text_field.h"
+#include "host/files.h"
 #include "panels/odd_texts.h"
 #include "panels/panel_bench.h"
 #include "shell/settings.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 #include "virtual/virtual_bench.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/board_control.h"
 
+#include "host/files.h"
 #include "simulator/board_on_line.h"
 #include "simulator/trace_text.h"
-#include "support/record_file.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -186,7 +186,7 @@ std::string ChipPanel::meaningOfLine(std::string_view line) const {
 }
 
 void ChipPanel::feed(CodeList& list, ControlWord& word) {
-    list.onSelect = [&word] { word.rebuild(); };
+    list.onChange = [&word] { word.rebuild(); };
 }
 
 void ChipPanel::feed(TickBox& tick, ControlWord& word) {

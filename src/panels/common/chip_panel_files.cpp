@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The panel's configuration files: the dialogs, what is done about a file's name, what follows a load.
+#include "host/files.h"
 #include "link/commands.h"
 #include "link/connect.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 
 #include <filesystem>
 
@@ -46,7 +46,7 @@ std::optional<std::string> ChipPanel::chooseFile(FileRequest::Mode mode) {
     request.defaultExtension = file.extension;
     FileChoice choice = bench.platform.dialogs.chooseFile(request);
     if (choice.extensionDiffers) {
-        throw ToolError(wrongExtension, "Incorrect extension");
+        throw ToolError(unsupported, "Incorrect extension");
     }
     return choice.name == request.startName ? std::nullopt : std::optional(choice.name);
 }
@@ -62,7 +62,7 @@ void ChipPanel::ConfSave_Click() {
             }
         }
     } catch (const ToolError& error) {
-        bool wrongType = error.number() == wrongExtension;
+        bool wrongType = error.number() == unsupported;
         bench.tellFileError(error, wrongType ? ownTraits.file.wrongTypeOnSave : saveErrorTitle,
                             "Please try again");
     }

@@ -6,14 +6,8 @@
 namespace zor {
 
 CodeList::CodeList(Form& owner, std::string name)
-    : ListBox(owner, std::move(name)) {
-    onChange = [this] {
-        takeCode();
-        if (onSelect) {
-            onSelect();
-        }
-    };
-}
+    : ListBox(owner, std::move(name))
+    , codeTaking(chosen.subscribe([this] { takeCode(); })) {}
 
 void CodeList::fill(std::vector<Entry> newEntries) {
     std::vector<std::string> texts;

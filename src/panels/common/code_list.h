@@ -33,12 +33,11 @@ class CodeList : public ListBox {
 
     /// For a list whose code comes from the text itself; nothing keeps the code.
     std::function<std::optional<int>(const std::string& text)> codeOfText;
-    /// What a selection does once the code is taken.
-    std::function<void()> onSelect;
 
   private:
     void takeCode();
 
+    Subscription codeTaking;
     std::vector<int> codes;
     int ownCode = 0;
 };

@@ -22,7 +22,7 @@ namespace {
 std::int32_t integerWithin(RecordReader& reader, std::int32_t lowest, std::int32_t highest) {
     std::int32_t value = reader.integer();
     if (value < lowest || value > highest) {
-        throw ToolError(380, "Invalid property value");
+        throw ToolError(invalidProperty);
     }
     return value;
 }

@@ -69,8 +69,8 @@ using LineAction = std::function<void()>;
 [[nodiscard]] std::string configurationText(const std::string& banner, const ConfigurationLines& lines);
 
 /// Reads a configuration file line by line; each takes effect before the next is read. Throws ToolError:
-/// inputPastEnd for an empty or short file, wrongBanner with the given text, typeMismatch, overflow or 380
-/// for a line that does not fit; what was read until then stays.
+/// inputPastEnd for an empty or short file, wrongBanner with the given text, typeMismatch, overflow or
+/// invalidProperty for a line that does not fit; what was read until then stays.
 void readConfigurationText(std::string bytes, const std::string& banner, const std::string& wrongBanner,
                            const ConfigurationLines& lines);
 

@@ -14,7 +14,7 @@ LinkedNumber::LinkedNumber(TextField& ownField, IntegerRange ownRange, Slider* o
     , range(ownRange)
     , slider(ownSlider) {
     if (slider != nullptr) {
-        slider->onChange = [this] { enter(std::to_string(slider->value())); };
+        following = slider->moved.subscribe([this] { enter(std::to_string(slider->value())); });
     }
     if (arrows != nullptr) {
         arrows->reading = [this] { return roundToInt(numericPrefix(field.text())); };

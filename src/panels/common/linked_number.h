@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/signal.h"
 #include "panels/common/values.h"
 
 #include <string>
@@ -16,8 +17,8 @@ class UpDown;
 /// again. Owned by the panel, as its elements are.
 class LinkedNumber {
   public:
-    /// Takes the actions of the slider and of the arrows, either of which may be missing; the field's commit
-    /// stays the panel's.
+    /// Follows the slider and takes the actions of the arrows, either of which may be missing; the field's
+    /// commit stays the panel's.
     LinkedNumber(TextField& ownField, IntegerRange ownRange, Slider* ownSlider, UpDown* arrows);
     LinkedNumber(const LinkedNumber&) = delete;
     LinkedNumber& operator=(const LinkedNumber&) = delete;
@@ -35,6 +36,7 @@ class LinkedNumber {
     TextField& field;
     IntegerRange range;
     Slider* slider;
+    Subscription following;
     int number = 0;
 };
 

@@ -47,7 +47,7 @@ AmberV1::AmberV1(Bench& ownBench)
     , Green(*this, "Green", {0, 192, 0})
     , Yellow(*this, "Yellow", {255, 255, 0}) {
     Revision.setContainer(&Frame1);
-    Revision.onSelect = [this] { Revision_Click(); };
+    Revision.onChange = [this] { Revision_Click(); };
     DFILTbit5.setEnabled(false);
     LBDw.define(0xC200, {bits(7, 5, "clock output", CLKout, "MHz"), thresholdBits(4)});
     Datafiltw.define(0xC400, {bits(7, 6, "clock recovery", ClkRecMode), bit(5, "not used", DFILTbit5),

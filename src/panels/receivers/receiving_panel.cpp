@@ -113,7 +113,7 @@ void ReceivingPanel::wireSettings() {
     feed(CLKout, LBDw);
     feed(enlowdc, Dutyw);
     DUTY.onCommit = [this] { DUTY_LostFocus(); };
-    AFCauto.onSelect = [this] { AFCauto_Click(); };
+    AFCauto.onChange = [this] { AFCauto_Click(); };
     feed(AFCres, AFCw);
     for (TickBox* tick : {&afcen, &afcfi, &afcoen, &afcst}) {
         feed(*tick, AFCw);
@@ -133,7 +133,7 @@ void ReceivingPanel::wireFifo() {
     ITlevelNr.onEdit = [this] { ITlevelNr_Change(); };
     ITlevelNr.onCommit = [this] { ITlevelNr_LostFocus(); };
     feed(ffillen, FIFOw);
-    FIFOstrt.onSelect = [this] { FIFOstrt_Click(); };
+    FIFOstrt.onChange = [this] { FIFOstrt_Click(); };
     FFreset.onClick = [this] { FFreset_Click(); };
 }
 

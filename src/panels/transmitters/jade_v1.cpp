@@ -54,7 +54,7 @@ JadeV1::JadeV1(Bench& ownBench)
     , CB_ebs(*this, "CB_ebs", "Enable TX bit Synchronisation")
     , CB_dwc(*this, "CB_dwc", "Disable Wake-up Timer Calibration") {
     DATARATEDIV.onCommit = [this] { DATARATEDIV_LostFocus(); };
-    CB_MaxDataRate.onSelect = [this] { CB_MaxDataRate_Click(); };
+    CB_MaxDataRate.onChange = [this] { CB_MaxDataRate_Click(); };
     for (TickBox* box : {&CB_ebs, &CB_dwc}) {
         box->onChange = [this] { LBD_LostFocus(); };
     }

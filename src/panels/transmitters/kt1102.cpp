@@ -96,7 +96,7 @@ void KT1102::wire() {
     WakeUpFormulaPower.setCaption("R-D");
     ThresholdFormula.setCaption("V       = 2.0 + T * 0.1 [V]");
     // The clock selection stands in the low battery word.
-    CLKout.onSelect = [this] { LBD_LostFocus(); };
+    CLKout.onChange = [this] { LBD_LostFocus(); };
     CB_ebs.onChange = [this] { LBD_LostFocus(); };
     feed(CB_EnFIFO, TB_FIFOcmd);
     TB_FIFOITLevel.onCommit = [this] { TB_FIFOITLevel_LostFocus(); };

@@ -36,7 +36,7 @@ OpalV2::OpalV2(Bench& ownBench)
     , Green(*this, "Green", {0, 192, 0})
     , Yellow(*this, "Yellow", {255, 255, 0}) {
     Revision.setContainer(&Frame1);
-    Revision.onSelect = [this] { Revision_Click(); };
+    Revision.onChange = [this] { Revision_Click(); };
     LBDw.define(0xC200, {thresholdBits(4)});
     setWords({&Ctrlw, &Freqw, &OutPowerw, &PowerMw, &LBDw, &Wkupw});
 }

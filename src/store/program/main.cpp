@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // register-database LIST FILE: makes a register database from a list of chips and registers.
+#include "host/files.h"
 #include "store/register_list_store.h"
 #include "store/sqlite_register_store.h"
-#include "support/record_file.h"
 
 #include <cstdio>
 
