@@ -13,7 +13,8 @@ int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
-    // A test that closes its last window would ask this program to end, and no later box would wait for its answer.
+    // A test that closes its last window would ask this program to end, and no later box would wait for its
+    // answer.
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new zor::InstrumentStyle);
     return RUN_ALL_TESTS();

@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/program.h"
+#include "program_on_board.h"
 
-#include "desktop/adapters/linux_usb_driver.h"
-#include "desktop/adapters/qt_serial_port.h"
-#include "desktop/demo_board.h"
 #include "host/files.h"
 #include "utilities/firm_load.h"
 #include "utilities/mac_sniffer.h"
-
-#include <gtest/gtest.h>
 
 #include <QFile>
 
@@ -17,13 +12,6 @@ namespace zor {
 using namespace std::chrono_literals;
 
 namespace {
-
-/// Gives the same file to each dialog.
-class FileDialogs : public QuietDialogs {
-  public:
-    FileChoice chooseFile(const FileRequest&) override { return {.name = file}; }
-    std::string file;
-};
 
 /// A record of 16 bytes that all depend on the address.
 std::string record(unsigned address) {
@@ -41,30 +29,12 @@ std::string record(unsigned address) {
     return text.toStdString();
 }
 
-/// The program on the real adapters, with a simulated board that runs another firmware than a LoadBoard's.
-class OtherFirmware : public testing::Test {
+/// On a simulated board that runs another firmware than a LoadBoard's.
+class OtherFirmware : public ProgramOnBoard {
   protected:
     void start(const QStringList& arguments) {
-        QString terminal = board.start(arguments);
-        ASSERT_FALSE(terminal.isEmpty());
-        devices.addDevice(terminal.toStdString(), "LoadBoard");
-        main = std::make_unique<MainWindow>(platform, desk);
-        main->start();
-        ASSERT_TRUE(wait([this] {
-            return main->bench().link.CommState() == 0 && main->linkBar.LoadboardList.locked() &&
-                   main->linkBar.LoadboardList.text().ends_with("Com1");
-        }));
-    }
-
-    bool wait(const std::function<bool()>& condition, EventLoop::Duration patience = 10s) {
-        bool late = false;
-        auto limit = loop.startTimer(patience, EventLoop::Repeat::Once, [&] { late = true; });
-        // A file that comes into being is no event of this program.
-        auto look = loop.startTimer(20ms, EventLoop::Repeat::Every, [] {});
-        loop.runUntil([&] { return late || condition(); });
-        loop.stopTimer(look);
-        loop.stopTimer(limit);
-        return !late;
+        ProgramOnBoard::start(arguments);
+        ASSERT_TRUE(chosen());
     }
 
     FirmLoad& openLoader(unsigned records) {
@@ -80,26 +50,6 @@ class OtherFirmware : public testing::Test {
         tool.loadeefile.click();
         return tool;
     }
-
-    QTemporaryDir folder;
-    QtLoop loop;
-    SerialDevices devices{"/dev", folder.path().toStdString()};
-    QtSerialPorts ports{loop, devices};
-    LinuxUsbDriver usb{devices};
-    FileDialogs dialogs;
-    NoSurroundings surroundings;
-    store::SqliteRegisterStores registerStores;
-    Platform platform{loop,
-                      ports,
-                      usb,
-                      dialogs,
-                      surroundings,
-                      registerStores,
-                      folder.path().toStdString(),
-                      folder.path().toStdString()};
-    Desk desk{loop};
-    DemoBoard board;
-    std::unique_ptr<MainWindow> main;
 };
 
 } // namespace

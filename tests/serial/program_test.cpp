@@ -1,11 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/program.h"
-
-#include "desktop/adapters/linux_usb_driver.h"
-#include "desktop/adapters/qt_serial_port.h"
-#include "desktop/demo_board.h"
-
-#include <gtest/gtest.h>
+#include "program_on_board.h"
 
 namespace zor {
 
@@ -13,57 +7,25 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The program without its window, on the real adapters, with the simulated board as the only port.
-class Connection : public testing::Test {
+/// On a second-generation LoadBoard.
+class Connection : public ProgramOnBoard {
   protected:
     void start(QStringList arguments = {}) {
         arguments << "--kind"
                   << "lb2";
-        QString terminal = board.start(arguments);
-        ASSERT_FALSE(terminal.isEmpty());
-        devices.addDevice(terminal.toStdString(), "LoadBoard");
-        main = std::make_unique<MainWindow>(platform, desk);
-        main->start();
-    }
-
-    bool wait(const std::function<bool()>& condition, EventLoop::Duration patience = 10s) {
-        bool late = false;
-        auto timer = loop.startTimer(patience, EventLoop::Repeat::Once, [&] { late = true; });
-        loop.runUntil([&] { return late || condition(); });
-        loop.stopTimer(timer);
-        return !late;
+        ProgramOnBoard::start(arguments);
     }
 
     bool connected() {
-        return wait([this] {
-            return main->bench().link.CommState() == 0 && main->linkBar.LoadboardList.locked() &&
-                   main->linkBar.CB_Mode.position() == 0 && main->linkBar.CommStatus.text() == "Comm. OK";
-        });
+        return chosen() && wait([this] {
+                   return main->linkBar.CB_Mode.position() == 0 &&
+                          main->linkBar.CommStatus.text() == "Comm. OK";
+               });
     }
 
     void send(const std::string& line) {
         loop.perform([&] { main->bench().connect->Send_To_LoadBoard(line); });
     }
-
-    QTemporaryDir folder;
-    QtLoop loop;
-    SerialDevices devices{"/dev", folder.path().toStdString()};
-    QtSerialPorts ports{loop, devices};
-    LinuxUsbDriver usb{devices};
-    QuietDialogs dialogs;
-    NoSurroundings surroundings;
-    store::SqliteRegisterStores registerStores;
-    Platform platform{loop,
-                      ports,
-                      usb,
-                      dialogs,
-                      surroundings,
-                      registerStores,
-                      folder.path().toStdString(),
-                      folder.path().toStdString()};
-    Desk desk{loop};
-    DemoBoard board;
-    std::unique_ptr<MainWindow> main;
 };
 
 } // namespace
