@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/widgets/instrument_style.h"
+#include "virtual/temporary_place.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // The fonts that the build found, and no others that this machine happens to have.
     qputenv("FONTCONFIG_FILE", ZOR_TEST_FONTS);
+    qputenv("TMPDIR", zor::testing::temporaryPlace().c_str());
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "virtual/temporary_place.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -6,6 +8,7 @@
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("TMPDIR", zor::testing::temporaryPlace().c_str());
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "virtual/virtual_machine.h"
 
+#include "virtual/temporary_place.h"
+
 #include <cstdlib>
 #include <stdexcept>
 
 namespace zor::testing {
 
 TemporaryFolder::TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "zor-bench-XXXXXX").string();
+    std::string pattern = (temporaryPlace() / "zor-bench-XXXXXX").string();
     if (::mkdtemp(pattern.data()) == nullptr) {
         throw std::runtime_error("no temporary folder can be made at " + pattern);
     }
