@@ -6,6 +6,20 @@
 
 #include <QApplication>
 #include <QStandardPaths>
+#include <QTimer>
+
+namespace {
+
+/// A program that was left has told the toolkit so, and no box of the tests behind it would wait for its
+/// answer. Going once through the application's own loop takes that back.
+class ForgetsTheEnd : public testing::EmptyTestEventListener {
+    void OnTestEnd(const testing::TestInfo&) override {
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QApplication::exec();
+    }
+};
+
+} // namespace
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -15,9 +29,7 @@ int main(int argc, char** argv) {
     QStandardPaths::setTestModeEnabled(true);
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
-    // A test that closes its last window would ask this program to end, and no later box would wait for its
-    // answer.
-    QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new zor::InstrumentStyle);
+    testing::UnitTest::GetInstance()->listeners().Append(new ForgetsTheEnd);
     return RUN_ALL_TESTS();
 }
