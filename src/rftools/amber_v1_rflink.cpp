@@ -109,6 +109,10 @@ AmberV1rflink::AmberV1rflink(Bench& ownBench, const ReceiverLinkTraits& ownTrait
     Text1.setLocked(true);
     RxTimer.setInterval(std::chrono::milliseconds(std::max(0, bench.preferences.Pref_RxLinkTimeout)));
     RXActive.setEnabled(true);
+    EOP.setCaption("EOP:");
+    PL.setCaption("PL:");
+    PCnt.setCaption("Packet counter:");
+    RxLinkTimeout.setCaption("Read timeout:");
     EOP.setTip("Code of the character that ends a packet: 0 to 255");
     PL.setTip("Packet length in bytes: 1 to 255");
     RxLinkTimeout.setTip("Silence behind a packet in ms; 0 switches the reception of packets off");

@@ -27,6 +27,9 @@ constexpr std::int32_t askingStep = 1;
 constexpr std::int32_t unansweredStep = 2;
 constexpr std::int32_t pollLimit = 10;
 
+/// What is received is kept up to here, so that days of packets find room; the newest half of it stays.
+constexpr std::size_t monitorLimit = std::size_t{16} << 20;
+
 } // namespace
 
 bool Frm_BerylRfLinkTest::receiving() const {
@@ -70,6 +73,7 @@ void Frm_BerylRfLinkTest::setReceiveOptions(bool enabled) {
                              static_cast<Element*>(&CB_AutoClear), static_cast<Element*>(&CB_AddCR)}) {
         element->setEnabled(enabled);
     }
+    ReceiveReason.setVisible(!enabled);
 }
 
 // The main window's switches say which panel is open. When a panel goes, its switch goes first, and the one
@@ -111,13 +115,26 @@ void Frm_BerylRfLinkTest::arm() {
     for (std::string& line : fifoLines(fifoFilling)) {
         lines.push_back(std::move(line));
     }
+    // What the board says in the breath in which it answers the last line comes before the mirror is open.
+    std::string behindAnswer;
+    Subscription ear = bench.connect->tap.bytes.subscribe([&behindAnswer](const WireBytes& heard) {
+        if (heard.direction == WireBytes::Direction::ToBoard) {
+            behindAnswer.clear();
+        } else if (!heard.awaited) {
+            behindAnswer += heard.bytes;
+        }
+    });
     for (const std::string& line : lines) {
         if (bench.connect->Send_To_LoadBoard(line).portGone() || run != armRun || isClosed()) {
             return;
         }
     }
+    ear.end();
     TB_ReceiveData.clear();
     bench.windows.TRxLinkOn = true;
+    if (!behindAnswer.empty()) {
+        TB_ReceiveData.append(mirrored(behindAnswer));
+    }
 }
 
 void Frm_BerylRfLinkTest::disarm() {
@@ -160,6 +177,9 @@ void Frm_BerylRfLinkTest::takePacket(const std::string& payload) {
         TB_MonitoredData.clear();
     }
     TB_MonitoredData.append(receivedView == &OB_RxHexView ? hexOfText(payload) : payload);
+    if (TB_MonitoredData.contents().size() > monitorLimit) {
+        TB_MonitoredData.keepFrom(TB_MonitoredData.contents().size() - monitorLimit / 2);
+    }
     TB_MonitoredData.setCursor(TB_MonitoredData.contents().size());
     TB_ReceiveData.clear();
     packetCount = packetCount == std::numeric_limits<std::int16_t>::max()

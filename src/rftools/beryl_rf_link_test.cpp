@@ -21,6 +21,12 @@ constexpr std::chrono::milliseconds repetitionTick(1000);
 constexpr std::chrono::milliseconds blink(400);
 constexpr std::chrono::milliseconds pollInterval(100);
 
+/// What the open panel's last status read gave, in kHz.
+std::string frequencyOffset(const Bench& bench) {
+    const auto* panel = dynamic_cast<const TransceiverPanel*>(bench.openPanel());
+    return panel == nullptr ? std::string() : panel->Foffset.text();
+}
+
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
@@ -49,6 +55,7 @@ Frm_BerylRfLinkTest::Frm_BerylRfLinkTest(Bench& ownBench)
     , TB_EOP{{{*this, "TB_EOP(0)", "13"}, {*this, "TB_EOP(1)", "13"}, {*this, "TB_EOP(2)", "100"}}}
     , Lbl_Sent(*this, "Lbl_Sent", "Packet sent.")
     , TransmitLine(*this, "TransmitLine")
+    , SendReason(*this, "SendReason", "Stop sending to change these.")
     , PB_Enable(*this, "PB_Enable", "&Enable Receive")
     , EndCondition(*this, "EndCondition", "End of Packet Condition")
     , OB_EOPorPL(*this, endGroup, "OB_EOPorPL", "EOP &or Packet Length")
@@ -66,6 +73,8 @@ Frm_BerylRfLinkTest::Frm_BerylRfLinkTest(Bench& ownBench)
     , TB_PacketCount(*this, "TB_PacketCount", "0", TextField::Access::ReadOnly)
     , PB_Clear(*this, "PB_Clear", "&Clear Monitor")
     , PB_Reset(*this, "PB_Reset", "Reset")
+    , ReceiveReason(*this, "ReceiveReason", "Stop receiving to change these.")
+    , packets(*this, ownBench, [&ownBench] { return frequencyOffset(ownBench); })
     , bench(ownBench)
     , Timer_CntMode(ownBench.platform.loop, [this] { Timer_CntMode_Timer(); })
     , Timer_Blink(ownBench.platform.loop,
@@ -75,7 +84,8 @@ Frm_BerylRfLinkTest::Frm_BerylRfLinkTest(Bench& ownBench)
                   })
     , Timer_ReadTimeout(ownBench.platform.loop, [this] { Timer_ReadTimeout_Timer(); })
     , rearm(ownBench.platform.loop, [this] { Rearm_Timer(); }) {
-    setExtent({9000, 12000});
+    // As large as both pages need: it stands in sight as a whole where it is placed for that.
+    setExtent({9900, 18750});
     Timer_CntMode.setInterval(repetitionTick);
     Timer_Blink.setInterval(blink);
     Timer_ReadTimeout.setInterval(pollInterval);
@@ -90,6 +100,7 @@ Frm_BerylRfLinkTest::Frm_BerylRfLinkTest(Bench& ownBench)
     if (auto* panel = dynamic_cast<TransceiverPanel*>(bench.openPanel())) {
         rateChanged = panel->DATARATE.changed.subscribe([this] { showTransmitLine(); });
     }
+    packets.listen();
     deactivation = deactivated.subscribe([this] { left(); });
     // The box of the lost board is the one that the user gets.
     boardLost = bench.connect->lost.subscribe([this] { endSending(); });
@@ -107,6 +118,7 @@ void Frm_BerylRfLinkTest::wireTransmit() {
     OB_AsciiView.putChosen();
     payloadView = &OB_AsciiView;
     Lbl_Sent.setVisible(false);
+    SendReason.setVisible(false);
     TB_Payload.setLimit(payloadCharacters);
     TB_Payload.setTip("What is sent: 64 characters, or 128 digits in the hexadecimal view");
     TB_SynchPatt.setTip("Hexadecimal");
@@ -137,6 +149,7 @@ void Frm_BerylRfLinkTest::wireTransmit() {
 void Frm_BerylRfLinkTest::wireReceive() {
     OB_EOPorPL.putChosen();
     OB_RxAsciiView.putChosen();
+    ReceiveReason.setVisible(false);
     receivedView = &OB_RxAsciiView;
     for (Option* condition : {&OB_EOPorPL, &OB_EOP, &OB_PL}) {
         condition->setContainer(&EndCondition);
@@ -195,6 +208,7 @@ void Frm_BerylRfLinkTest::unload() {
     deactivation.end();
     boardLost.end();
     rateChanged.end();
+    packets.ignore();
     if (!portOpen()) {
         endReceiving();
         endSending();
@@ -234,10 +248,11 @@ void Frm_BerylRfLinkTest::number_LostFocus(TextField& field, int maximum) const 
     }
 }
 
-// The last character alone is looked at, whatever the caret's place is.
+// The last character alone is looked at, whatever the caret's place is; dropping it is a change too, so the
+// one before it has its turn.
 void Frm_BerylRfLinkTest::acceptDigits(TextField& field) {
     std::string text = field.text();
-    if (!text.empty() && !isDigit(text.back())) {
+    while (!text.empty() && !isDigit(text.back())) {
         text.pop_back();
         field.setText(text);
     }

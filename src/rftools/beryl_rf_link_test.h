@@ -12,6 +12,7 @@
 #include "elements/tick_box.h"
 #include "link/bench.h"
 #include "platform/event_loop.h"
+#include "rftools/received_packets.h"
 
 #include <array>
 #include <cstdint>
@@ -63,6 +64,8 @@ class Frm_BerylRfLinkTest : public Form {
     Label Lbl_Sent;
     /// The line that a packet will be, with what it takes of the air's time.
     Label TransmitLine;
+    /// Why the settings are out of reach.
+    Label SendReason;
 
     // Receive Control
     Button PB_Enable;
@@ -82,6 +85,8 @@ class Frm_BerylRfLinkTest : public Form {
     TextField TB_PacketCount;
     Button PB_Clear;
     Button PB_Reset;
+    Label ReceiveReason;
+    ReceivedPackets packets;
 
     [[nodiscard]] bool sending() const;
     [[nodiscard]] bool receiving() const;
@@ -112,6 +117,7 @@ class Frm_BerylRfLinkTest : public Form {
     void CB_Continous_Click();
     void PB_Send_Click();
     void beginSending();
+    void setSendOptions(bool enabled);
     void endSending();
     void Timer_CntMode_Timer();
     void sendPacket();

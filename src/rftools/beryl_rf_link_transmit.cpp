@@ -122,13 +122,18 @@ void Frm_BerylRfLinkTest::PB_Send_Click() {
     }
 }
 
-void Frm_BerylRfLinkTest::beginSending() {
+void Frm_BerylRfLinkTest::setSendOptions(bool enabled) {
     for (Element* element :
          {static_cast<Element*>(&TabStrip1), static_cast<Element*>(&CB_Continous),
           static_cast<Element*>(&Label2), static_cast<Element*>(&CB_EOP), static_cast<Element*>(&TB_EOP[0]),
           static_cast<Element*>(&Label3), static_cast<Element*>(&TB_Payload)}) {
-        element->setEnabled(false);
+        element->setEnabled(enabled);
     }
+    SendReason.setVisible(!enabled);
+}
+
+void Frm_BerylRfLinkTest::beginSending() {
+    setSendOptions(false);
     PB_Send.setCaption(stopSending);
     secondsCounted = 0;
     Timer_CntMode.start();
@@ -138,12 +143,7 @@ void Frm_BerylRfLinkTest::endSending() {
     if (!sending()) {
         return;
     }
-    for (Element* element :
-         {static_cast<Element*>(&TabStrip1), static_cast<Element*>(&CB_Continous),
-          static_cast<Element*>(&Label2), static_cast<Element*>(&CB_EOP), static_cast<Element*>(&TB_EOP[0]),
-          static_cast<Element*>(&Label3), static_cast<Element*>(&TB_Payload)}) {
-        element->setEnabled(true);
-    }
+    setSendOptions(true);
     PB_Send.setCaption(startSending);
     Timer_CntMode.stop();
 }

@@ -50,6 +50,18 @@ bool agrees(std::string_view text, std::string_view expected) {
 
 } // namespace
 
+std::string mirrored(std::string_view bytes) {
+    std::string shown;
+    for (char c : bytes) {
+        if (c == '\r') {
+            shown += "\r\n";
+        } else if (c != '\n') {
+            shown += c;
+        }
+    }
+    return shown;
+}
+
 MirroredReport readMirroredReport(std::string_view field) {
     if (field.size() < mirroredLengthAt + mirroredLengthDigits ||
         field.substr(mirroredWordAt, mirroredWord.size()) != mirroredWord) {

@@ -29,6 +29,9 @@ struct MirroredReport {
     std::string payload;
 };
 
+/// What a field that mirrors the line shows of these bytes.
+[[nodiscard]] std::string mirrored(std::string_view bytes);
+
 /// Reads what was mirrored since the field was emptied: a line feed does not show there and a carriage return
 /// shows as CR LF. A report whose length cannot be read is none.
 [[nodiscard]] MirroredReport readMirroredReport(std::string_view field);

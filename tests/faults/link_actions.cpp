@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "faults/link_actions.h"
 
+#include "panels/common/chip_panel.h"
+
 #include <utility>
 
 namespace zor::testing {
@@ -39,6 +41,47 @@ class Hand {
         }
         return *this;
     }
+    /// Cut, doubled, longer than told, among garbage.
+    const Hand& spoiltReports() const {
+        for (const char* report :
+             {"\n\rReceived pack\n\rOK\n\r>", "\n\rReceived packet: 99 bytes: short\n\rOK\n\r>",
+              "\n\rReceived packet: 02 bytes: longer than told\n\rOK\n\r>",
+              "\n\rReceived packet: 01 bytes: a\n\rOK\n\r>\n\rReceived packet: 01 bytes: a\n\rOK\n\r>",
+              "\x01>\r\xFF\n\rReceived packet: -1 bytes: \n\rOK\n\r>"}) {
+            if (bench.ports.seats().contains(1)) {
+                bench.ports.seat(1).board().emit(report);
+            }
+            bench.run(150ms);
+        }
+        return *this;
+    }
+    /// The panel goes out of sight and takes the window with it.
+    const Hand& hidePanel() const {
+        if (ChipPanel* panel = bench.shared().openPanel(); panel != nullptr && there()) {
+            for (MenuEntry MainMenu::*entry :
+                 {&MainMenu::mnuViewTx0, &MainMenu::mnuViewRx, &MainMenu::mnuViewTRx}) {
+                if ((bench.main().menu.*entry).checked()) {
+                    (bench.main().menu.*entry).click();
+                    break;
+                }
+            }
+        }
+        return *this;
+    }
+    /// Sets the panel's tick and comes back to the window, which looks at it then.
+    const Hand& panelTick(const char* element) const {
+        if (ChipPanel* panel = bench.shared().openPanel(); panel != nullptr && there()) {
+            panel->userActivate();
+        }
+        // Coming to the front may have waited for the board, and the program may have been left meanwhile.
+        if (ChipPanel* panel = bench.shared().openPanel()) {
+            panel->find(element)->tick(true);
+        }
+        if (there()) {
+            bench.desk.find(name)->userActivate();
+        }
+        return *this;
+    }
     const Hand& leave() const {
         bench.shared().tools.open(Tool::Terminal);
         bench.shared().tools.close(Tool::Terminal);
@@ -72,6 +115,7 @@ std::vector<SendingAction> linkActions() {
     constexpr const char* output = "frm_Link_RX";
     constexpr const char* first = "AmberV1rflink";
     constexpr const char* second = "AmberV1rflink_LB2";
+    constexpr const char* packets = "Frm_BerylRfLinkTest";
     constexpr auto opal = &MainMenu::mnuViewTx0;
     constexpr auto beryl = &MainMenu::mnuViewTRx;
     constexpr auto amber = &MainMenu::mnuViewRx;
@@ -80,15 +124,23 @@ std::vector<SendingAction> linkActions() {
         {"Carrier_Manual",        carrier, opal,  [](const Hand& h) { h.retick("cb_manual").click("pb_H").click("pb_L").tick("cb_manual", false); }},
         {"Carrier_Toggle",        carrier, opal,  [](const Hand& h) { h.retick("cb_astabil").run(2500ms).tick("cb_astabil", false); }},
         {"Carrier_Transceiver",   carrier, beryl, [](const Hand& h) { h.retick("cb_manual").tick("cb_astabil", true).run(1500ms); }},
+        {"Carrier_Sequence",      carrier, beryl, [](const Hand& h) { h.panelTick("EnTXLatch").retick("cb_pn15").run(100ms).tick("cb_pn15", false); }},
+        {"Carrier_SequenceLeft",  carrier, beryl, [](const Hand& h) { h.panelTick("EnTXLatch").retick("cb_pn15").leave(); }},
+        {"Carrier_PanelHides",    carrier, opal,  [](const Hand& h) { h.retick("cb_astabil").run(500ms).hidePanel(); }},
         {"Carrier_Left",          carrier, beryl, [](const Hand& h) { h.retick("cb_manual").leave(); }},
         {"Carrier_Closed",        carrier, beryl, [](const Hand& h) { h.retick("cb_manual").close(); }},
         {"DataOutput_Monitor",    output,  amber, [](const Hand& h) { h.retick("cb_MoniEn").run(400ms).tick("cb_MoniEn", false); }},
         {"DataOutput_Left",       output,  beryl, [](const Hand& h) { h.retick("cb_MoniEn").run(100ms).leave(); }},
         {"DataOutput_Closed",     output,  amber, [](const Hand& h) { h.retick("cb_MoniEn").close(); }},
+        {"DataOutput_PanelHides", output,  amber, [](const Hand& h) { h.retick("cb_MoniEn").run(70ms).hidePanel(); }},
         {"ReceiverLink1_Packets", first,   amber, [](const Hand& h) { h.click("EnRx").packet().run(400ms).packet().run(400ms).click("EnRx"); }},
         {"ReceiverLink1_Closed",  first,   amber, [](const Hand& h) { h.click("EnRx").packet().run(70ms).close(); }},
         {"ReceiverLink2_Packets", second,  amber, [](const Hand& h) { h.click("EnRx").packet().run(400ms).packet().run(400ms).click("EnRx"); }},
         {"ReceiverLink2_Left",    second,  amber, [](const Hand& h) { h.click("EnRx").packet().run(70ms).leave(); }},
+        {"ReceiverLink2_Spoilt",  second,  amber, [](const Hand& h) { h.click("EnRx").spoiltReports().click("EnRx"); }},
+        {"ReceiverLink2_PanelHides", second, amber, [](const Hand& h) { h.click("EnRx").packet().run(70ms).hidePanel(); }},
+        {"TransceiverLink_Spoilt", packets, beryl, [](const Hand& h) { h.click("PB_Enable").spoiltReports().click("PB_Enable"); }},
+        {"TransceiverLink_PanelHides", packets, beryl, [](const Hand& h) { h.click("PB_Enable").packet().run(70ms).hidePanel(); }},
     };
     // clang-format on
     std::vector<SendingAction> all;

@@ -5,7 +5,7 @@
 
 namespace zor::testing {
 
-/// What the windows of the carrier test and of the receivers' link test send.
+/// What the windows of the carrier test and of the link tests send, with good reports and spoilt ones.
 [[nodiscard]] std::vector<SendingAction> linkActions();
 
 } // namespace zor::testing

@@ -18,9 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (std::size_t at = 0; at < size; ++at) {
         char c = static_cast<char>(data[at]);
         reader.take(c);
-        if (c != '\n') {
-            field += c == '\r' ? std::string("\r\n") : std::string(1, c);
-        }
+        field += zor::mirrored(std::string_view(&c, 1));
         // What a window does at each prompt.
         if (field.ends_with('>')) {
             zor::MirroredReport report = zor::readMirroredReport(field);

@@ -23,10 +23,12 @@ QWidget* transmitPage(Frm_BerylRfLinkTest& p) {
                      line(tick(p.CB_Continous), stretch(),
                           labelled(p.Label2, spin(p.TB_RepetitionTime, p.UD_RepetitionTime, 5), "s")),
                      line(tick(p.CB_EOP), stretch(), labelled(p.Label3, field(p.TB_EOP[0], 5))),
-                     line(strongButton(p.PB_Send), keepRoom(label(p.Lbl_Sent, Tone::Reminder)), stretch()),
+                     line(strongButton(p.PB_Send), keepRoom(label(p.Lbl_Sent, Tone::Reminder)), stretch(),
+                          keepRoom(label(p.SendReason, Tone::Soft))),
                  });
 }
 
+/// The switch stands at the left with what it depends on; what comes, and how good it is, at the right.
 QWidget* receiveSettings(Frm_BerylRfLinkTest& p) {
     return column({
         group(p.EndCondition, {option(p.OB_EOPorPL), option(p.OB_EOP), option(p.OB_PL),
@@ -34,19 +36,25 @@ QWidget* receiveSettings(Frm_BerylRfLinkTest& p) {
                                     labelled(captionOf(p.TB_PL), spin(p.TB_PL, p.UD_PL, 4), "bytes"))}),
         plain({tick(p.CB_ContReceive), tick(p.CB_AutoClear), tick(p.CB_AddCR),
                labelled(captionOf(p.TB_EOP[2]), field(p.TB_EOP[2], 5), "ms"),
+               line(keepRoom(label(p.ReceiveReason, Tone::Soft)), stretch()),
                line(strongButton(p.PB_Enable), stretch()),
                line(labelled(captionOf(p.TB_PacketCount), field(p.TB_PacketCount, 7)), button(p.PB_Reset)),
-               labelled("Report", monitor(p.TB_ReceiveData, 24, 2))}),
+               labelled("Report", monitor(p.TB_ReceiveData, 20, 2))}),
+    });
+}
+
+QWidget* received(Frm_BerylRfLinkTest& p) {
+    return plain({
+        receivedTable(p.packets, 10),
+        line(caption("Monitor"), stretch(), option(p.OB_RxAsciiView), option(p.OB_RxHexView),
+             button(p.PB_Clear)),
+        monitor(p.TB_MonitoredData, 56, 2),
+        receivedLengths(p.packets),
     });
 }
 
 QWidget* receivePage(Frm_BerylRfLinkTest& p) {
-    QWidget* received = plain({
-        line(caption("Monitor"), stretch(), option(p.OB_RxAsciiView), option(p.OB_RxHexView),
-             button(p.PB_Clear)),
-        monitor(p.TB_MonitoredData, 56, 6),
-    });
-    return plain(p.Frm_LinkControl[1], {across({receiveSettings(p), received}, 1)});
+    return plain(p.Frm_LinkControl[1], {across({receiveSettings(p), received(p)}, 1)});
 }
 
 } // namespace
