@@ -64,11 +64,12 @@ class NoSurroundings : public Surroundings {
     void copyText(const std::string&) override {}
 };
 
-/// The whole program on a screen that is only memory, with no board.
-struct Program {
+/// The whole program on a screen that is only memory, on a machine with these ports.
+template <class Ports>
+struct ProgramOn {
     QTemporaryDir folder;
     QtLoop loop;
-    NoPorts ports;
+    Ports ports;
     NoUsb usb;
     QuietDialogs dialogs;
     NoSurroundings surroundings;
@@ -96,5 +97,8 @@ struct Program {
         QCoreApplication::processEvents();
     }
 };
+
+/// With no board.
+using Program = ProgramOn<NoPorts>;
 
 } // namespace zor
