@@ -36,9 +36,11 @@ QString DemoBoard::start(const QStringList& arguments) {
     }
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     // It watches its standard input, so that it ends with this program however this program ends.
-    process.start(
-        program, QStringList(arguments) << QStringLiteral("--control") << QStringLiteral("--exit-with-stdin"),
-        QIODevice::ReadWrite);
+    QStringList air = farEnd.isEmpty() ? QStringList() : QStringList{QStringLiteral("--air"), farEnd};
+    process.start(program,
+                  QStringList(arguments)
+                      << air << QStringLiteral("--control") << QStringLiteral("--exit-with-stdin"),
+                  QIODevice::ReadWrite);
     QByteArray line;
     while (!line.endsWith('\n')) {
         if (!process.waitForReadyRead(startLimit)) {
@@ -51,6 +53,8 @@ QString DemoBoard::start(const QStringList& arguments) {
 
 void DemoBoard::tell(const QString& statement) {
     process.write(statement.toLocal8Bit() + '\n');
+    // What is sent to the board from now on comes behind it.
+    process.waitForBytesWritten(endLimit);
 }
 
 void DemoBoard::mount(const QString& chip) {

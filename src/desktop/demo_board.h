@@ -15,6 +15,9 @@ class DemoBoard {
     DemoBoard(const DemoBoard&) = delete;
     DemoBoard& operator=(const DemoBoard&) = delete;
 
+    /// Who is on the air: silent, numbered, echo, carrier, or lively, which is all of it. Nobody if empty.
+    QString farEnd;
+
     /// Starts the simulator that lies beside this program, or where the build leaves it.
     /// @return the terminal's path; empty if it cannot be started
     [[nodiscard]] QString start(const QStringList& arguments = {QStringLiteral("--kind"),

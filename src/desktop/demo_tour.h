@@ -2,9 +2,12 @@
 #pragma once
 
 #include "desktop/desktop_window.h"
+#include "link/tools.h"
 #include "platform/event_loop.h"
 
 #include <QDir>
+
+#include <functional>
 
 namespace zor {
 
@@ -19,6 +22,9 @@ class DemoTour {
     /// @param filePrefix  begins each picture's name ("light-")
     DemoTour(MainWindow& mainForm, DesktopWindow& mainWindow, const QDir& pictures, QString filePrefix);
 
+    /// Gives the simulated board a statement of its bench.
+    std::function<void(const QString& statement)> tellBoard;
+
     /// Runs it from the program's start to its end, and closes the program.
     void play();
 
@@ -30,6 +36,12 @@ class DemoTour {
     void visitTerminal();
     void visitEeprom();
     void visitLinks();
+    void visitReceiver();
+    void visitTransceiver();
+    void visitTestModes();
+    Form* openTool(Tool tool);
+    /// Ten packets of the far end come to a window that its button has armed; the seventh fades away.
+    void hearTenPackets(Form& window, const char* button);
     void waitForEeprom(const Form& programmer);
     void visitHeaderGenerator();
     void visitContentEditor();

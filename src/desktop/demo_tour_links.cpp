@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The tour's stop at the carrier and packet windows, each beside the panel that it works with.
+// The tour's stop at the carrier, packet and test mode windows, each beside the panel that it works with. A
+// far end on the air gives the receivers something to hear.
 #include "desktop/demo_tour.h"
 #include "elements/button.h"
 #include "elements/range.h"
 #include "elements/tick_box.h"
 #include "panels/common/chip_panel.h"
-#include "rftools/amber_v1_rflink.h"
 #include "rftools/frm_link.h"
 #include "rftools/frm_link_rx.h"
 #include "shell/main_window.h"
@@ -14,34 +14,90 @@ namespace zor {
 
 using namespace std::chrono_literals;
 
+Form* DemoTour::openTool(Tool tool) {
+    main.perform([this, tool] { main.bench().tools.open(tool); });
+    settle(200ms);
+    return main.bench().tools.find(tool);
+}
+
 void DemoTour::visitLinks() {
-    auto open = [this](Tool tool) -> Form* {
-        main.perform([this, tool] { main.bench().tools.open(tool); });
-        settle(200ms);
-        return main.bench().tools.find(tool);
-    };
+    tellBoard(QStringLiteral("far silent"));
     main.menu.mnuViewTx0.click();
     main.bench().openPanel()->Update.click();
-    if (auto* carrier = dynamic_cast<frm_Link*>(open(Tool::frm_Link))) {
+    if (auto* carrier = dynamic_cast<frm_Link*>(openTool(Tool::frm_Link))) {
         carrier->cb_astabil.tick(true);
         carrier->Slider.slide(10);
         settle(450ms);
         visitForm(*carrier);
     }
+    visitReceiver();
+    visitTransceiver();
+    visitTestModes();
+}
+
+void DemoTour::visitReceiver() {
     main.menu.mnuViewRx.click();
     main.bench().openPanel()->Update.click();
     settle(200ms);
-    if (auto* output = dynamic_cast<frm_Link_RX*>(open(Tool::frm_Link_RX))) {
+    tellBoard(QStringLiteral("far carrier 300"));
+    if (auto* output = dynamic_cast<frm_Link_RX*>(openTool(Tool::frm_Link_RX))) {
         output->cb_MoniEn.tick(true);
-        settle(300ms);
+        main.loop().runUntil([output] { return output->LED_H.lit() || output->isClosed(); });
         visitForm(*output);
     }
-    if (auto* link = dynamic_cast<AmberV1rflink*>(open(Tool::AmberV1rflink_LB2))) {
-        link->EnRx.click();
-        settle(8s);
+    if (Form* link = openTool(Tool::AmberV1rflink_LB2)) {
+        hearTenPackets(*link, "EnRx");
         visitForm(*link);
     }
     main.menu.mnuViewRx.click();
+}
+
+void DemoTour::visitTransceiver() {
+    main.menu.mnuViewTRx.click();
+    ChipPanel& panel = *main.bench().openPanel();
+    for (const char* setting : {"chb_er", "EnRxFIFO"}) {
+        panel.find(setting)->tick(true);
+    }
+    panel.Update.click();
+    if (Form* link = openTool(Tool::Frm_BerylRfLinkTest)) {
+        link->find("TB_Payload")->edit("HELLO");
+        link->find("PB_SynchPatt")->click();
+        link->find("PB_Preable")->click();
+        settle(150ms);
+        takePicture(QStringLiteral("packet"));
+        link->find("TabStrip1")->choosePosition(2);
+        hearTenPackets(*link, "PB_Enable");
+        visitForm(*link);
+    }
+    main.menu.mnuViewTRx.click();
+}
+
+void DemoTour::hearTenPackets(Form& window, const char* button) {
+    // Silence lets the far end count from the beginning.
+    tellBoard(QStringLiteral("far silent"));
+    window.find(button)->click();
+    settle(200ms);
+    tellBoard(QStringLiteral("lose 7"));
+    tellBoard(QStringLiteral("far numbered 300"));
+    settle(3150ms);
+    tellBoard(QStringLiteral("far silent"));
+}
+
+void DemoTour::visitTestModes() {
+    struct Row {
+        MenuEntry& panel;
+        Tool tool;
+    };
+    const Row rows[] = {{main.menu.mnuViewTx0, Tool::OpalV2test},
+                        {main.menu.mnuViewRx, Tool::Frm_AmberTestFunctions},
+                        {main.menu.mnuViewTRx, Tool::Frm_BerylTestFunctions}};
+    for (const Row& row : rows) {
+        row.panel.click();
+        if (Form* window = openTool(row.tool)) {
+            visitForm(*window);
+        }
+        row.panel.click();
+    }
 }
 
 } // namespace zor

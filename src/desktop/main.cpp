@@ -29,6 +29,8 @@ namespace {
 
 struct Switches {
     bool demo = false;
+    /// Who is on the air of the simulated board.
+    QString farEnd;
     /// Ends when the window has been shown, for measuring the start.
     bool exitWhenShown = false;
     QString pictures;
@@ -42,6 +44,12 @@ Switches readSwitches(const QCoreApplication& application) {
     parser.addVersionOption();
     QCommandLineOption demo(QStringLiteral("demo"),
                             QStringLiteral("Offer a simulated board as the first port."));
+    QCommandLineOption farEnd(
+        QStringLiteral("far-end"),
+        QStringLiteral("With --demo: who is on the air, silent, numbered (a packet a second), echo (what it "
+                       "heard), carrier, or lively (all of it; the default)."),
+        QStringLiteral("WHO"), QStringLiteral("lively"));
+    parser.addOption(farEnd);
     QCommandLineOption light(QStringLiteral("light"),
                              QStringLiteral("Light colours, whatever the desktop has."));
     QCommandLineOption dark(QStringLiteral("dark"),
@@ -63,6 +71,7 @@ Switches readSwitches(const QCoreApplication& application) {
     } else if (parser.isSet(light)) {
         switches.scheme = zor::Scheme::Light;
     }
+    switches.farEnd = parser.value(farEnd);
     return switches;
 }
 
@@ -104,6 +113,7 @@ int main(int argc, char** argv) {
     SerialDevices devices;
     DemoBoard board;
     if (switches.demo) {
+        board.farEnd = switches.farEnd;
         // The tour shows what goes over the wire, and a chip that has something to say.
         QString terminal =
             switches.pictures.isEmpty()
@@ -154,6 +164,7 @@ int main(int argc, char** argv) {
     DemoTour tour(main, desktopWindow, QDir(switches.pictures),
                   schemeOf(application.palette()) == Scheme::Dark ? QStringLiteral("dark-")
                                                                   : QStringLiteral("light-"));
+    tour.tellBoard = [&board](const QString& statement) { board.tell(statement); };
     if (!switches.pictures.isEmpty()) {
         QTimer::singleShot(0, [&] { loop.perform([&] { tour.play(); }); });
     }
