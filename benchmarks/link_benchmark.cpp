@@ -7,6 +7,7 @@
 
 #include "link/connect.h"
 #include "rftools/amber_v1_rflink.h"
+#include "rftools/beryl_rf_link_test.h"
 #include "rftools/frm_link.h"
 
 #include <benchmark/benchmark.h>
@@ -19,7 +20,12 @@
 #include <atomic>
 #include <chrono>
 #include <cmath>
+#include <mutex>
+#include <optional>
+#include <string>
 #include <thread>
+#include <utility>
+#include <vector>
 
 namespace zor::benchmarks {
 
@@ -34,6 +40,9 @@ constexpr Seconds readTimeout{0.050};
 const DeclareRatio toggleRatio("ToggleInterval", "ToldToggleInterval", 1.02);
 /// 2 ms over the bare loop's timer.
 const DeclareRatio armingRatio("ArmingBehindAPacket", "BareTimer", 1.04);
+/// Stands in both times of the ratio below, so that its limit is 2 ms over the bare loop's.
+constexpr Seconds commonTime{0.010};
+const DeclareRatio rearmingRatio("ArmingBehindAReport", "BareArmingBehindAReport", 1.2);
 
 void ToldToggleInterval(benchmark::State& state) {
     for (auto _ : state) {
@@ -90,8 +99,10 @@ BENCHMARK(BareTimer)->UseRealTime()->Iterations(20);
 /// Answers every line at once, and reports a packet a while after each fill of the FIFO.
 class ReportingTerminal {
   public:
-    ReportingTerminal()
-        : board([this] { answer(); }) {}
+    /// @param fillEnd  how the word ends that begins a fill
+    explicit ReportingTerminal(std::string fillEnd)
+        : fill(std::move(fillEnd))
+        , board([this] { answer(); }) {}
     ~ReportingTerminal() {
         ending = true;
         // A line of nobody wakes the board a last time.
@@ -102,27 +113,45 @@ class ReportingTerminal {
     ReportingTerminal& operator=(const ReportingTerminal&) = delete;
 
     [[nodiscard]] const std::string& path() const { return pair.path(); }
+    /// From a report's last character to the first that came behind it, one for each report that was
+    /// answered.
+    [[nodiscard]] std::vector<Seconds> pauses() const {
+        std::lock_guard guard(lock);
+        return heardPauses;
+    }
 
   private:
+    using Clock = std::chrono::steady_clock;
+
     void answer() {
         OnProcessor second(1);
         std::string line;
+        std::optional<Clock::time_point> reported;
         char c = 0;
         while (::read(pair.farEnd(), &c, 1) == 1 && !ending) {
+            if (reported) {
+                std::lock_guard guard(lock);
+                heardPauses.emplace_back(Clock::now() - *reported);
+                reported.reset();
+            }
             if (c != '\r') {
                 line += c;
                 continue;
             }
             pair.write("\n\rOK\n\r>");
-            if (line.starts_with("S2") && line.ends_with("7")) {
+            if (line.starts_with("S2") && line.ends_with(fill)) {
                 std::this_thread::sleep_for(std::chrono::milliseconds(10));
                 pair.write("\n\rReceived packet: 05 bytes: hello\n\rOK\n\r>");
+                reported = Clock::now();
             }
             line.clear();
         }
     }
 
+    std::string fill;
     TerminalPair pair;
+    mutable std::mutex lock;
+    std::vector<Seconds> heardPauses;
     std::atomic<bool> ending = false;
     std::thread board;
 };
@@ -130,7 +159,7 @@ class ReportingTerminal {
 /// From the last character of a report to the first of the line that arms again, the read timeout included.
 void ArmingBehindAPacket(benchmark::State& state) {
     OnProcessor first(0);
-    ReportingTerminal terminal;
+    ReportingTerminal terminal("7");
     BenchOnTerminal bench(terminal.path());
     bench.bench().link.LoadBoardRev = 2;
     bench.main().menu.mnuViewRx.setEnabled(true);
@@ -160,6 +189,45 @@ void ArmingBehindAPacket(benchmark::State& state) {
     window.close();
 }
 BENCHMARK(ArmingBehindAPacket)->UseManualTime()->Iterations(20);
+
+/// A bare loop that reads a report to its prompt and writes the first line of the next arming.
+void BareArmingBehindAReport(benchmark::State& state) {
+    OnProcessor first(0);
+    ReportingTerminal terminal("82");
+    BareLine line(terminal.path());
+    for (auto _ : state) {
+        line.exchange("S2CA82\r");
+        line.exchange("");
+        line.exchange("S2CA80\r");
+        state.SetIterationTime((commonTime + terminal.pauses().back()).count());
+    }
+}
+BENCHMARK(BareArmingBehindAReport)->UseManualTime()->Iterations(40);
+
+void ArmingBehindAReport(benchmark::State& state) {
+    OnProcessor first(0);
+    ReportingTerminal terminal("82");
+    BenchOnTerminal bench(terminal.path());
+    bench.bench().link.LoadBoardRev = 2;
+    bench.main().menu.mnuViewTRx.setEnabled(true);
+    bench.main().menu.View.setEnabled(true);
+    bench.main().menu.mnuViewTRx.click();
+    auto& window = dynamic_cast<Frm_BerylRfLinkTest&>(bench.bench().tools.create(Tool::Frm_BerylRfLinkTest));
+    window.show();
+    window.TabStrip1.choosePosition(2);
+    window.PB_Enable.click();
+    std::size_t seen = 0;
+    for (auto _ : state) {
+        bench.main().loop().runUntil([&] { return terminal.pauses().size() > seen; });
+        seen = terminal.pauses().size();
+        state.SetIterationTime((commonTime + terminal.pauses().back()).count());
+    }
+    if (!window.receiving()) {
+        state.SkipWithError("the window does not receive");
+    }
+    window.close();
+}
+BENCHMARK(ArmingBehindAReport)->UseManualTime()->Iterations(40);
 
 } // namespace
 
