@@ -57,6 +57,7 @@ ECET::ECET(Bench& ownBench)
     , ImageSize(*this, "ImageSize", "no image")
     , bench(ownBench)
     , PN9_Timer(ownBench.platform.loop, [this] { PN9_Timer_Timer(); }) {
+    setPlace({0, 0});
     setExtent({windowHeight, windowWidth});
     PN9_Timer.setInterval(secondClickInterval);
     TB_EEPROMContent.setLimit(imageDigits);

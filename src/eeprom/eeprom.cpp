@@ -48,6 +48,7 @@ Eeprom::Eeprom(Bench& ownBench)
     , bench(ownBench)
     , EEprog_timer(ownBench.platform.loop, [this] { EEprog_timer_Timer(); })
     , workSheetHeight(firstWorkSheetHeight) {
+    setPlace({0, 0});
     setExtent({closedHeight, openingWidth});
     WorkSheet.setMultiLine(true);
     WorkSheet.setTip("EEPROM content editor window");
