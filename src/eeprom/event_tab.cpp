@@ -123,6 +123,11 @@ void EventTab::wire() {
     TB_FillData.onCommit = [this] { TB_FillData_LostFocus(); };
     TB_Pattern.onCommit = [this] { TB_Pattern_LostFocus(); };
     TB_Pattern.onDigits = [this] { patternFaultTold = false; };
+    // Enter and the leaving behind it are one mistake, the next leaving is another.
+    TB_Pattern.onLeave = [this, commit = TB_Pattern.onLeave] {
+        commit();
+        patternFaultTold = false;
+    };
     Frm_ECETEvents.onClick = [this] { editor.frameClicked(); };
     TB_EventContent.setTip("Event routine in hexadecimal digits; double click or type to edit it");
     TB_Payload.setTip("Data to transmit");

@@ -156,6 +156,8 @@ void Frm_CmdSequence::closeButton() {
 }
 
 void Frm_CmdSequence::showWindow() {
+    // What the last showing left may be over.
+    Tmr_Datachanged_Timer();
     Tmr_Datachanged.start();
     show();
 }
