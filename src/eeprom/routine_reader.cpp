@@ -49,12 +49,6 @@ std::string bytesText(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }
 
-std::string nameOf(const ControlWord& word) {
-    std::string name = word.caption();
-    std::size_t end = name.find(" Command");
-    return end == std::string::npos ? name : name.substr(0, end);
-}
-
 /// Reads from the front; what it took so far decides what a frequency means.
 class Reader {
   public:
@@ -140,7 +134,7 @@ class Reader {
                 unreadable(count, "no command of the " + basis.panel->title().substr(0, 6));
                 return;
             }
-            add(count, Kind::Word, nameOf(*word), meaningOf(*word, value));
+            add(count, Kind::Word, word->title(), meaningOf(*word, value));
             return;
         }
         const char* name = size == ControlWord::Size::OneByte ? "Power Setting" : codeName(value);
