@@ -9,6 +9,7 @@
 #include "elements/menu.h"
 #include "elements/options.h"
 #include "elements/range.h"
+#include "elements/tab_strip.h"
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
 #include "link/connect.h"
@@ -68,7 +69,8 @@ void tip(World& world, const Arguments& arguments) {
 }
 
 void index(World& world, const Arguments& arguments) {
-    int position = as<ListBox>(world, arguments, "a list").position();
+    const auto* strip = dynamic_cast<TabStrip*>(&world.element(arguments.text(0)));
+    int position = strip != nullptr ? strip->page() - 1 : as<ListBox>(world, arguments, "a list").position();
     expectNumber("position of " + arguments.text(0), arguments.integer(1, -1, 32767), position);
 }
 
@@ -78,6 +80,8 @@ void entries(World& world, const Arguments& arguments) {
         for (const DropDownEntry& entry : button->entries()) {
             found.push_back(entry.key);
         }
+    } else if (const auto* strip = dynamic_cast<TabStrip*>(&world.element(arguments.text(0)))) {
+        found = strip->titles();
     } else {
         found = as<ListBox>(world, arguments, "a list").entries();
     }
