@@ -18,22 +18,43 @@ constexpr std::size_t chipSelectLine = 2;
 
 struct Operation {
     const char* name;
-    Button Eeprom::*button;
+    /// What a user presses; a stop is pressed a while after what began the run.
+    std::function<void(ProgrammerBench&)> begin;
     /// The lines, from 1, that are waiting for their answer as the fault comes.
     std::vector<std::size_t> lines;
+    /// The steps that are waiting for their tick as the fault comes.
+    std::vector<std::int32_t> steps;
+    /// It begins by deselecting the device, and selects it: a user who ends it leaves it deselected.
+    bool selects = true;
 };
 
 std::vector<Operation> operations() {
-    // 48 digits: two pages and a tail.
-    std::vector<Operation> all{{"Prog", &Eeprom::Prog, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}},
-                               {"Command1", &Eeprom::Command1, {1, 2}}};
-    for (Operation reading :
-         {Operation{"Read", &Eeprom::Read, {}}, Operation{"Verify", &Eeprom::Verify, {}}}) {
-        // The three of the start, some pages, the last page, the deselection.
-        reading.lines = {1, 2, 3, 4, 5, 30, 67, 68};
-        all.push_back(reading);
-    }
-    return all;
+    auto press = [](Button Eeprom::*button) {
+        return [button](ProgrammerBench& bench) { (bench.tool().*button).click(); };
+    };
+    auto verified = [](ProgrammerBench& bench) {
+        bench.tool().VerifyAfterProgramming.tick(true);
+        bench.tool().Prog.click();
+    };
+    auto stoppedReading = [](ProgrammerBench& bench) {
+        bench.tool().Read.click();
+        bench.run(430ms);
+        if (bench.desk.find("eeprom") != nullptr) {
+            bench.tool().StopButton.click();
+        }
+    };
+    // Of a reading the three lines of its start, some pages, the last page, the deselection; of programming
+    // two pages and a tail.
+    const std::vector<std::size_t> readingLines{1, 2, 3, 4, 5, 30, 67, 68};
+    const std::vector<std::size_t> programmingLines{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11};
+    return {
+        {"Prog", press(&Eeprom::Prog), programmingLines, {1, 2, 100}},
+        {"ProgAndVerify", verified, {12, 13, 14, 15, 16, 79, 80}, {100, 110, 111, 20, 21, 200}},
+        {"Command1", press(&Eeprom::Command1), {1, 2}, {10, 11, 3000}, false},
+        {"Read", press(&Eeprom::Read), readingLines, {30, 31, 300}},
+        {"Verify", press(&Eeprom::Verify), readingLines, {20, 21, 200}},
+        {"ReadStopped", stoppedReading, {}, {2000, 2001}},
+    };
 }
 
 /// A bench whose board can be given a bad line.
@@ -93,29 +114,47 @@ void expectTold(ProgrammerBench& bench) {
 
 } // namespace
 
-class EepromFaults : public ::testing::TestWithParam<Operation> {};
+class EepromFaults : public ::testing::TestWithParam<Operation> {
+  protected:
+    static void expectEnded(SpoiledBench& bench, const Fault& fault) {
+        bench.run(10s);
+        letItEnd(bench);
+        bench.takeSent();
+        EXPECT_EQ(bench.shared().link.CommState(), 0);
+        if (bench.desk.find("eeprom") != nullptr && !bench.main().isClosed()) {
+            expectTold(bench);
+        }
+        if (fault.deselects && GetParam().selects) {
+            EXPECT_EQ(bench.board().output(chipSelectLine), sim::OutputState::high);
+        }
+        bench.run(2s);
+        EXPECT_TRUE(bench.takeSent().empty()) << "it goes on";
+    }
+};
 
-TEST_P(EepromFaults, GiveBackPortAndButtonsAtEveryStep) {
-    const Operation& operation = GetParam();
+TEST_P(EepromFaults, GiveBackPortAndButtonsAtEveryLine) {
     for (const Fault& fault : faults()) {
-        for (std::size_t line : operation.lines) {
+        for (std::size_t line : GetParam().lines) {
             SCOPED_TRACE(std::string(fault.name) + " at line " + std::to_string(line));
             SpoiledBench bench;
             bench.putImage(patternDigits(24));
             bench.strikeAt("", line, [&] { fault.strike(bench); });
-            (bench.tool().*operation.button).click();
-            bench.run(10s);
-            letItEnd(bench);
-            bench.takeSent();
-            EXPECT_EQ(bench.shared().link.CommState(), 0);
-            if (bench.desk.find("eeprom") != nullptr && !bench.main().isClosed()) {
-                expectTold(bench);
-            }
-            if (fault.deselects && operation.button != &Eeprom::Command1) {
-                EXPECT_EQ(bench.board().output(chipSelectLine), sim::OutputState::high);
-            }
-            bench.run(2s);
-            EXPECT_TRUE(bench.takeSent().empty()) << "it goes on";
+            GetParam().begin(bench);
+            expectEnded(bench, fault);
+        }
+    }
+}
+
+TEST_P(EepromFaults, GiveBackPortAndButtonsAtEveryStep) {
+    for (const Fault& fault : faults()) {
+        for (std::int32_t step : GetParam().steps) {
+            SCOPED_TRACE(std::string(fault.name) + " at step " + std::to_string(step));
+            SpoiledBench bench;
+            bench.putImage(patternDigits(24));
+            bench.strikeAtStep(step, [&] { fault.strike(bench); });
+            GetParam().begin(bench);
+            expectEnded(bench, fault);
+            EXPECT_TRUE(bench.stepReached());
         }
     }
 }

@@ -53,6 +53,19 @@ class ProgrammerBench : public VirtualBench {
             }
         });
     }
+    /// Strikes between two exchanges: as soon as a run stands at that step with all its lines answered, and
+    /// waits for its next tick.
+    void strikeAtStep(std::int32_t step, const std::function<void()>& strike) {
+        watch = loop.startTimer(std::chrono::milliseconds(1), EventLoop::Repeat::Every, [=, this] {
+            if (shared().link.CommState() == step && shared().link.Last7 == LinkVariables::Last7OK) {
+                loop.stopTimer(watch);
+                reached = true;
+                loop.perform(strike);
+            }
+        });
+    }
+    /// The step to strike at came.
+    [[nodiscard]] bool stepReached() const { return reached; }
     [[nodiscard]] std::size_t lines(std::string_view word) const {
         return static_cast<std::size_t>(std::ranges::count_if(
             ports.sent, [word](const VirtualPorts::SentLine& line) { return line.text.starts_with(word); }));
@@ -75,6 +88,7 @@ class ProgrammerBench : public VirtualBench {
 
   private:
     EventLoop::TimerId watch = 0;
+    bool reached = false;
 };
 
 /// So many bytes that differ from their neighbours and from one page to the next.

@@ -90,11 +90,13 @@ void addLoaderActions(std::vector<SendingAction>& all) {
 }
 
 /// Clicks, lets a run go on for a while, and stops what is left of it.
-std::function<void(VirtualBench&)> runningEeprom(Button Eeprom::*action, std::chrono::milliseconds time) {
-    return [action, time](VirtualBench& bench) {
+std::function<void(VirtualBench&)> runningEeprom(Button Eeprom::*action, std::chrono::milliseconds time,
+                                                 bool verified = false) {
+    return [action, time, verified](VirtualBench& bench) {
         auto tool = [&bench] { return dynamic_cast<Eeprom*>(bench.desk.find("eeprom")); };
         if (tool() != nullptr) {
             tool()->takeImage(std::string(96, '0'));
+            tool()->VerifyAfterProgramming.tick(verified);
             tool()->Prog.setEnabled(!tool()->running());
             tool()->Verify.setEnabled(!tool()->running());
             (tool()->*action).click();
@@ -135,6 +137,9 @@ void addEepromActions(std::vector<SendingAction>& all) {
                        sim::BoardKind::LoadBoard2, nullptr, endBox});
     };
     add("Eeprom_Program", &Eeprom::Prog, 1500ms, "End of Programming");
+    all.push_back({"Eeprom_ProgramVerified", "eeprom", &MainMenu::mnutoolsEEPROM,
+                   runningEeprom(&Eeprom::Prog, 11000ms, true), sim::BoardKind::LoadBoard2, nullptr,
+                   "Verify Successful"});
     add("Eeprom_ReadStopped", &Eeprom::Read, 1500ms, productTitle);
     add("Eeprom_Read", &Eeprom::Read, 9000ms, "Read end");
     add("Eeprom_Verify", &Eeprom::Verify, 9000ms, "Verify Successful");
