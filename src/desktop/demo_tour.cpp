@@ -54,9 +54,9 @@ void DemoTour::play() {
     // Its entry is for those who have a board with the loader.
     main.perform([this] { main.bench().tools.open(Tool::FirmLoad); });
     visitForm(*main.bench().tools.find(Tool::FirmLoad));
+    visitContentEditor();
     visitEeprom();
     visitLinks();
-    visitContentEditor();
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }
@@ -136,32 +136,29 @@ void DemoTour::visitTerminal() {
     visitForm(*terminal);
 }
 
-/// Reads the device, writes a beacon's routines into it, and finds the two bytes that were changed since.
+/// Writes the beacon that the content editor handed over into the device, verifies it, and finds the two
+/// bytes that are changed then.
 void DemoTour::visitEeprom() {
-    main.menu.mnutoolsEEPROM.click();
     Form& programmer = *main.desk().find("eeprom");
     static_cast<TickBox*>(programmer.find("EditorWindow"))->tick(true);
-    programmer.find("Read")->click();
-    waitForEeprom(programmer);
-    auto image = [](const std::string& word) {
-        std::string text = "90 30 a6 7c b1 00 c0 38 c2 00 eb 00 ca 40 c8 23 c6 11 aa 2d d4 " + word +
-                           " 20 62 65 61\r\n63 6f 6e c4 00";
-        for (int byte = 37; byte < 128; ++byte) {
-            text += byte % 32 == 0 ? "\r\n00" : " 00";
-        }
-        return text + "\r\na6 7c c0 38 c6 08 aa aa 2d d4 42 55 54 31 c4 00";
-    };
-    programmer.find("WorkSheet")->edit(image("4f 72 74 6f 6c 61 6e"));
+    auto* verifyAfter = static_cast<TickBox*>(programmer.find("VerifyAfterProgramming"));
+    verifyAfter->tick(true);
     programmer.find("Prog")->click();
     waitForEeprom(programmer);
-    programmer.find("WorkSheet")->edit(image("4f 72 74 75 6c 61 6d"));
+    verifyAfter->tick(false);
+    // "Ortolan" stands behind the words, the transmit command's head and the preamble.
+    constexpr std::size_t changedByte = 24;
+    constexpr std::size_t digitsOfByte = 3;
+    std::string image = programmer.find("WorkSheet")->text();
+    image.replace(digitsOfByte * changedByte, 2, "75");
+    image.replace(digitsOfByte * (changedByte + 3), 2, "6D");
+    programmer.find("WorkSheet")->edit(image);
     programmer.find("Verify")->click();
     settle(3500ms);
     takePicture(QStringLiteral("eeprom-running"));
     waitForEeprom(programmer);
     // Onto one of the two, whose address and bytes are told then.
-    constexpr std::size_t changedByte = 24;
-    static_cast<TextField*>(programmer.find("WorkSheet"))->placeCaret(3 * changedByte);
+    static_cast<TextField*>(programmer.find("WorkSheet"))->placeCaret(digitsOfByte * changedByte);
     visitForm(programmer);
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The tour's stop at the content editor: a beacon that a stand-alone transmitter sends at power on and at
-// each press of its first two buttons.
+// each press of its first two buttons, handed over to the programmer.
 #include "desktop/demo_tour.h"
 
 #include "eeprom/ecet.h"
@@ -58,6 +58,7 @@ void DemoTour::visitContentEditor() {
     powerOn.Reading.pickRow(1);
     settle(300ms);
     takePicture(QStringLiteral("ECET"));
+    editor.PB_Call.click();
     editor.userClose();
     transmitter.userClose();
     settle(50ms);
