@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/views/compose.h"
 #include "desktop/views/views.h"
+#include "desktop/widgets/colours.h"
 #include "eeprom/ecet.h"
 
+#include <QLineEdit>
 #include <QTabBar>
 
 namespace zor {
@@ -55,6 +57,32 @@ QWidget* eventPage(EventTab& tab) {
                   line(label(tab.Label3), stretch()), payload(tab)});
 }
 
+/// The image is looked at from its beginning, as long as nobody works in it.
+QWidget* image(TextField& element) {
+    QWidget* field = textField(element, 30);
+    auto* text = qobject_cast<QLineEdit*>(field);
+    Binding::of(text)->keep(element.changed.subscribe([text] {
+        if (!text->hasFocus()) {
+            text->home(false);
+        }
+    }));
+    return field;
+}
+
+/// A word that takes no typing; its ground comes from the palette, so that it is quiet in the dark too.
+QWidget* lockedWord(TextField& element) {
+    QWidget* shown = word(element);
+    auto showGround = [shown] {
+        QPalette colours;
+        colours.setColor(QPalette::Base, roles(colours).lockedGround);
+        shown->setPalette(colours);
+    };
+    Binding::of(shown)->setBackgroundShown(false);
+    Binding::of(shown)->keep(element.changed.subscribe(showGround));
+    showGround();
+    return shown;
+}
+
 } // namespace
 
 QWidget* contentEditorView(Form& form) {
@@ -73,8 +101,8 @@ QWidget* contentEditorView(Form& form) {
     }
     return window(
         {events,
-         line(strongButton(e.PB_GenerateRom), textField(e.TB_EEPROMContent, 30),
-              label(e.ImageSize, Tone::Soft), button(e.PB_Call), button(e.PB_Load), button(e.PB_Save)),
+         line(strongButton(e.PB_GenerateRom), image(e.TB_EEPROMContent), label(e.ImageSize, Tone::Soft),
+              button(e.PB_Call), button(e.PB_Load), button(e.PB_Save)),
          line(caption("Log"), stretch(), button(e.PB_ClearLog)), logView(e.TB_ErrorLog, 80, 6)},
         3);
 }
@@ -85,13 +113,13 @@ QWidget* commandEditorView(Form& form) {
     for (Command command : everyCommand) {
         QWidget* box = tick(*c.CB_AddCmd(command));
         if (command == pushButtonCommand) {
-            commands.emplace_back(line(box, stretch(), keepRoom(word(c.TB_PBCmdValue))));
+            commands.emplace_back(line(box, stretch(), keepRoom(lockedWord(c.TB_PBCmdValue))));
         } else {
             commands.emplace_back(line(box, stretch()));
         }
         if (command == dataRateCommand) {
             commands.emplace_back(line(field(c.TB_DataRate, 8), label(c.LabelBps, Tone::Soft), stretch(),
-                                       word(c.TB_DataRateCmd)));
+                                       lockedWord(c.TB_DataRateCmd)));
         }
     }
     commands.emplace_back(line(button(c.PB_SelectAll), button(c.PB_ClearAll), stretch()));
