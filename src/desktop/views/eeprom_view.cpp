@@ -2,9 +2,12 @@
 #include "desktop/views/compose.h"
 #include "desktop/views/views.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/memory_picture.h"
 #include "eeprom/eeprom.h"
 
 #include <QPlainTextEdit>
+#include <QTimer>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -13,6 +16,10 @@ namespace zor {
 namespace {
 
 using Cell = CellPicture::Cell;
+
+constexpr int bytesOfALine = 32;
+/// The picture has one page a row.
+constexpr double rowsOfALine = static_cast<double>(bytesOfALine) / eepromPageBytes;
 
 /// Padding and erased bytes stand back in the text, what differs from the device stands out, as in the
 /// picture beside it.
@@ -50,8 +57,7 @@ void markBytes(QPlainTextEdit& area, const Eeprom& tool) {
     area.setExtraSelections(marks);
 }
 
-QWidget* workSheet(Eeprom& e) {
-    constexpr int bytesOfALine = 32;
+QPlainTextEdit* workSheet(Eeprom& e) {
     auto* area = static_cast<QPlainTextEdit*>(textArea(e.WorkSheet, 3 * bytesOfALine + 1, 22));
     QFont font = area->font();
     font.setPointSizeF(font.pointSizeF() * 0.9);
@@ -60,20 +66,46 @@ QWidget* workSheet(Eeprom& e) {
     area->setMinimumSize(metrics.horizontalAdvance(QLatin1Char('0')) * (3 * bytesOfALine + 3),
                          metrics.lineSpacing() * 22);
     area->setLineWrapMode(QPlainTextEdit::NoWrap);
-    auto mark = [area, &e] { markBytes(*area, e); };
-    Binding::of(area)->keep(e.MemoryPicture.changed.subscribe(mark));
-    Binding::of(area)->keep(e.WorkSheet.changed.subscribe(mark));
+    // A thousand marks follow every line that comes into the text. So they go before the text is drawn anew,
+    // of which the picture hears first, and come back once for all changes of one action.
+    auto* marking = new QTimer(area);
+    marking->setSingleShot(true);
+    QObject::connect(marking, &QTimer::timeout, area, [area, binding = Binding::of(area), &e] {
+        if (binding->element() != nullptr) {
+            markBytes(*area, e);
+        }
+    });
+    auto markAnew = [area, marking] {
+        area->setExtraSelections({});
+        marking->start(0);
+    };
+    Binding::of(area)->keep(e.MemoryPicture.changed.subscribe(markAnew));
+    Binding::of(area)->keep(e.WorkSheet.changed.subscribe(markAnew));
     return area;
 }
 
+/// The text with its ruler; two rows of the picture stand beside each line.
+QWidget* ruled(QPlainTextEdit& text) {
+    auto* block = new QWidget;
+    auto* layout = new QVBoxLayout(block);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    QWidget* ruler = byteRuler(text);
+    Binding::of(&text)->addCompanion(*ruler);
+    layout->addWidget(ruler);
+    layout->addWidget(&text, 1);
+    return block;
+}
+
 QWidget* memoryGroup(Eeprom& e) {
-    QWidget* picture = cellPicture(e.MemoryPicture);
+    QPlainTextEdit* text = workSheet(e);
+    QWidget* picture = cellPicture(e.MemoryPicture, QFontMetrics(text->font()).lineSpacing() / rowsOfALine);
     QWidget* legend =
         across({cellSample(Cell::Written, "written"), cellSample(Cell::Zero, "zero"),
                 cellSample(Cell::Empty, "empty (FF)"), cellSample(Cell::Differs, "differs from the device")});
     Binding::of(picture)->addCompanion(*legend);
     return group("Memory",
-                 {line(tick(e.EditorWindow)), across({picture, workSheet(e)}, 1),
+                 {line(tick(e.EditorWindow)), across({picture, ruled(*text)}, 1),
                   line(legend, label(e.MemoryCaret), stretch())},
                  1);
 }

@@ -3,14 +3,17 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/memory_picture.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QToolTip>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zor {
 
@@ -52,11 +55,22 @@ void drawCell(QPainter& painter, const QRectF& box, Cell kind, const QPalette& p
     }
 }
 
+QFont rulerFont(QFont font) {
+    font.setPointSizeF(font.pointSizeF() * 0.85);
+    return font;
+}
+
+/// What the ruler above takes up, down to the first cell.
+int rulerRoom(const QFont& font) {
+    return QFontMetrics(rulerFont(font)).height() + 4;
+}
+
 class CellPictureView : public QWidget {
   public:
-    explicit CellPictureView(CellPicture& element)
+    CellPictureView(CellPicture& element, double ownRowHeight)
         : rows(static_cast<int>(element.rows()))
-        , columns(static_cast<int>(element.columns())) {
+        , columns(static_cast<int>(element.columns()))
+        , rowHeight(ownRowHeight) {
         setFocusPolicy(Qt::StrongFocus);
         setMouseTracking(true);
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
@@ -69,7 +83,8 @@ class CellPictureView : public QWidget {
     }
 
     [[nodiscard]] QSize sizeHint() const override {
-        return {left() + columns * cellWidth() + 2, top() + rows * 7 + 2};
+        return {left() + columns * cellWidth() + 2,
+                top() + static_cast<int>(std::ceil(rows * rowHeight)) + 2};
     }
     [[nodiscard]] QSize minimumSizeHint() const override {
         return {sizeHint().width(), top() + rows * 5 + 2};
@@ -131,20 +146,15 @@ class CellPictureView : public QWidget {
     }
 
   private:
-    [[nodiscard]] QFont rulerFont() const {
-        QFont small = font();
-        small.setPointSizeF(small.pointSizeF() * 0.85);
-        return small;
-    }
     [[nodiscard]] int left() const {
-        return QFontMetrics(rulerFont()).horizontalAdvance(QStringLiteral("000")) + 8;
+        return QFontMetrics(rulerFont(font())).horizontalAdvance(QStringLiteral("000")) + 8;
     }
-    [[nodiscard]] int top() const { return QFontMetrics(rulerFont()).height() + 4; }
+    [[nodiscard]] int top() const { return rulerRoom(font()); }
     [[nodiscard]] int cellWidth() const {
         return std::max(10, fontMetrics().horizontalAdvance(u'0') * 3 / 2);
     }
     [[nodiscard]] double cellHeight() const {
-        return std::clamp((height() - top() - 2) / static_cast<double>(rows), 4.0, 16.0);
+        return std::clamp((height() - top() - 2) / static_cast<double>(rows), 4.0, rowHeight);
     }
     [[nodiscard]] QRectF boxOf(std::size_t cell) const {
         int row = static_cast<int>(cell) / columns;
@@ -162,7 +172,7 @@ class CellPictureView : public QWidget {
     void drawRulers(QPainter& painter) const {
         constexpr int rowsBetween = 8;
         constexpr int columnsBetween = 4;
-        painter.setFont(rulerFont());
+        painter.setFont(rulerFont(font()));
         painter.setPen(roles(palette()).softText);
         int line = painter.fontMetrics().height();
         for (int column = 0; column < columns; column += columnsBetween) {
@@ -191,7 +201,40 @@ class CellPictureView : public QWidget {
 
     int rows;
     int columns;
+    /// With room enough, in pixels.
+    double rowHeight;
     Binding* binding = nullptr;
+};
+
+/// The places of the bytes in a text of fixed pitch below it.
+class ByteRuler : public QWidget {
+  public:
+    explicit ByteRuler(const QPlainTextEdit& lines)
+        : text(&lines) {
+        // The first line of the text is level with the first row of cells.
+        int aboveFirstLine = text->frameWidth() + static_cast<int>(text->document()->documentMargin());
+        setFixedHeight(rulerRoom(font()) - aboveFirstLine);
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr int bytesOfALine = 32;
+        constexpr int bytesBetween = 4;
+        QPainter painter(this);
+        painter.setFont(rulerFont(font()));
+        painter.setPen(roles(palette()).softText);
+        double advance = 3 * QFontMetricsF(text->font()).horizontalAdvance(QLatin1Char('0'));
+        double begin = text->frameWidth() + text->document()->documentMargin();
+        for (int byte = 0; byte < bytesOfALine; byte += bytesBetween) {
+            painter.drawText(QRectF(begin + byte * advance, 0, 4 * advance, height()),
+                             Qt::AlignLeft | Qt::AlignTop,
+                             QStringLiteral("%1").arg(byte, 2, 16, QLatin1Char('0')).toUpper());
+        }
+    }
+
+  private:
+    const QPlainTextEdit* text;
 };
 
 /// One cell with what it means beside it.
@@ -226,7 +269,16 @@ class CellSample : public QWidget {
 } // namespace
 
 QWidget* cellPicture(CellPicture& element) {
-    return new CellPictureView(element);
+    constexpr double customaryRowHeight = 7;
+    return cellPicture(element, customaryRowHeight);
+}
+
+QWidget* cellPicture(CellPicture& element, double rowHeight) {
+    return new CellPictureView(element, rowHeight);
+}
+
+QWidget* byteRuler(const QPlainTextEdit& text) {
+    return new ByteRuler(text);
 }
 
 QWidget* cellSample(CellPicture::Cell kind, const QString& meaning) {
