@@ -351,9 +351,11 @@ ControlResult control(Board& board, std::string_view statement) {
         if (known.word != word) {
             continue;
         }
-        bool good = known.run(board, text);
-        return good ? ControlResult{}
-                    : ControlResult{ControlOutcome::failed, "expected: " + std::string(known.form)};
+        if (known.run(board, text)) {
+            return {};
+        }
+        std::string chips = word == "chip" ? ", NAME one of " + chipNames() : std::string();
+        return {ControlOutcome::failed, "expected: " + std::string(known.form) + chips};
     }
     return {ControlOutcome::failed, "unknown statement \"" + std::string(word) + "\""};
 }

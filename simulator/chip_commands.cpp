@@ -150,6 +150,14 @@ std::string_view chipName(Chip chip) {
     return row(chip).name;
 }
 
+std::string chipNames() {
+    std::string names;
+    for (const ChipRow& chip : chips) {
+        names += (names.empty() ? "" : " ") + std::string(chip.name);
+    }
+    return names;
+}
+
 std::optional<Chip> chipOfName(std::string_view name) {
     auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
     for (const ChipRow& candidate : chips) {

@@ -54,6 +54,8 @@ struct ChipCommand {
 
 /// "KT1100" to "KT3101".
 [[nodiscard]] std::string_view chipName(Chip chip);
+/// All of them, blanks between.
+[[nodiscard]] std::string chipNames();
 /// The chip of a name, in either case.
 [[nodiscard]] std::optional<Chip> chipOfName(std::string_view name);
 

@@ -31,6 +31,10 @@ int main(int argc, char** argv) {
             std::fputs(helpText().c_str(), stdout);
             return 0;
         }
+        if (options.version) {
+            std::puts("loadboard-sim " ZOR_VERSION);
+            return 0;
+        }
         // A reader of the trace that goes away ends nothing.
         std::signal(SIGPIPE, SIG_IGN);
         int signals = endingSignals();

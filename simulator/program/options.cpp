@@ -3,6 +3,7 @@
 
 #include "simulator/air.h"
 #include "simulator/board_control.h"
+#include "simulator/chip_commands.h"
 
 #include <algorithm>
 #include <charconv>
@@ -67,6 +68,13 @@ void addSetup(Options& options, std::string_view word, std::string value) {
     options.setup.push_back(std::move(statement));
 }
 
+void setChip(Options& options, const std::string& value) {
+    if (!chipOfName(value)) {
+        throw UsageError("\"" + value + "\" is no chip; there are " + chipNames());
+    }
+    addSetup(options, "chip", value);
+}
+
 void setAir(Options& options, const std::string& value) {
     if (value == "two") {
         options.air = Options::AirKind::twoBoards;
@@ -87,7 +95,7 @@ constexpr Option options[] = {
     {"--kind", "KIND", "lb1, lb2 (the default), loader, monitor or silent; see below",
      setKind},
     {"--chip", "NAME", "radio chip on the board: kt1100 kt1101 kt1102 kt2100 kt2102 kt3100 kt3101",
-     [](Options& o, const std::string& v) { addSetup(o, "chip", v); }},
+     setChip},
     {"--pace", "PACE", "19200 (the default), or none for a line that takes no time",
      setPace},
     {"--status", "XX[,YY]", "the chip's status bytes, hexadecimal",
@@ -130,6 +138,8 @@ constexpr Option options[] = {
      [](Options& o, const std::string&) { o.control = true; }},
     {"--exit-with-stdin", "", "end when standard input is closed",
      [](Options& o, const std::string&) { o.exitWithStdin = true; }},
+    {"--version", "", "show the version and end",
+     [](Options& o, const std::string&) { o.version = true; }},
     {"--help", "", "show this and end",
      [](Options& o, const std::string&) { o.help = true; }},
 };
@@ -182,6 +192,7 @@ Examples:
   loadboard-sim --kind loader --slow 20          a loader that takes 40 ms for each line
   loadboard-sim --chip kt3100 --air numbered     a transceiver board that hears a packet each second
   loadboard-sim --link /tmp/board --control      a fixed name, and statements typed in by hand
+  screen /tmp/board 19200                        that board in a plain terminal program: type i, press Enter
 
 Exit status: 0 when ended by a signal, "quit" or the end of standard input; 1 when the terminal cannot be made;
 2 for a bad option.

@@ -24,6 +24,7 @@ struct Options {
     bool control = false;
     bool exitWithStdin = false;
     bool help = false;
+    bool version = false;
     std::string link;
     /// Who is on the air: nobody, a second board on a terminal of its own, or a far end without one.
     enum class AirKind { none, twoBoards, farEnd };

@@ -29,6 +29,18 @@ TEST(SimulatorOptions, DefaultsAreAPacedGenerationTwoBoardWithoutFaults) {
     EXPECT_FALSE(options.trace || options.control || options.exitWithStdin || options.help);
 }
 
+TEST(SimulatorOptions, NamesTheChipsThereAreForOneThatIsNot) {
+    EXPECT_EQ(complaint({"--chip", "kt9999"}),
+              "--chip: \"kt9999\" is no chip; there are KT1100 KT1101 KT1102 KT2100 KT2102 KT3100 KT3101");
+    EXPECT_EQ(complaint({"--chip", "KT3101"}), "");
+}
+
+TEST(SimulatorOptions, ShowsItsVersionAndALineForATerminalProgram) {
+    EXPECT_TRUE(parseOptions({"--version"}).version);
+    EXPECT_FALSE(parseOptions({}).version);
+    EXPECT_THAT(helpText(), testing::HasSubstr("screen /tmp/board 19200"));
+}
+
 TEST(SimulatorOptions, KeepsAnEepromInAFile) {
     EXPECT_EQ(parseOptions({}).eepromFile, "");
     EXPECT_EQ(parseOptions({"--eeprom", "beacon.bin"}).eepromFile, "beacon.bin");
