@@ -43,6 +43,20 @@ void Element::setTip(std::string text) {
     }
 }
 
+void Element::setHint(std::string text) {
+    if (hintText != text) {
+        hintText = std::move(text);
+        changed.emit();
+    }
+}
+
+void Element::setShortcut(std::string keys) {
+    if (shortcutText != keys) {
+        shortcutText = std::move(keys);
+        changed.emit();
+    }
+}
+
 void Element::setBackground(std::optional<Colour> colour) {
     if (backgroundColour != colour) {
         backgroundColour = colour;

@@ -40,6 +40,12 @@ class Element {
     void setCaption(std::string text);
     [[nodiscard]] const std::string& tip() const { return tipText; }
     void setTip(std::string text);
+    /// What else the element's tip says on the screen, behind its own text: what belongs to this moment.
+    [[nodiscard]] const std::string& hint() const { return hintText; }
+    void setHint(std::string text);
+    /// The keys that do what a click does ("Ctrl+O"), as views show and watch them; empty for none.
+    [[nodiscard]] const std::string& shortcut() const { return shortcutText; }
+    void setShortcut(std::string keys);
     [[nodiscard]] std::optional<Colour> background() const { return backgroundColour; }
     void setBackground(std::optional<Colour> colour);
 
@@ -93,6 +99,8 @@ class Element {
     std::string elementName;
     std::string captionText;
     std::string tipText;
+    std::string hintText;
+    std::string shortcutText;
     std::optional<Colour> backgroundColour;
     Element* containerElement = nullptr;
     bool isVisible = true;

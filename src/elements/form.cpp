@@ -28,6 +28,13 @@ void Form::setTitle(std::string title) {
     changed.emit();
 }
 
+void Form::setDocument(std::string text) {
+    if (documentText != text) {
+        documentText = std::move(text);
+        changed.emit();
+    }
+}
+
 void Form::setPlace(Place place) {
     if (ownPlace != place) {
         ownPlace = place;

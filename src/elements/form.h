@@ -53,6 +53,9 @@ class Form {
     [[nodiscard]] const std::string& name() const { return formName; }
     [[nodiscard]] const std::string& title() const { return titleText; }
     void setTitle(std::string title);
+    /// What the window holds (the file that it was loaded from), shown in its title bar behind the title.
+    [[nodiscard]] const std::string& document() const { return documentText; }
+    void setDocument(std::string text);
     /// The top left corner as long as nobody has placed it.
     [[nodiscard]] Place place() const { return ownPlace.value_or(Place{}); }
     /// The program, a workspace or the user has put it somewhere; else the desk may.
@@ -136,6 +139,7 @@ class Form {
     Desk& ownDesk;
     std::string formName;
     std::string titleText;
+    std::string documentText;
     Kind formKind;
     Sizing formSizing = Sizing::OfWindow;
     std::optional<Place> ownPlace;

@@ -17,6 +17,10 @@ class MenuEntry : public Element {
     [[nodiscard]] bool checked() const { return isChecked; }
     void setChecked(bool checked);
 
+    /// A line stands between the entry before and this one.
+    [[nodiscard]] bool beginsSection() const { return isSectionsFirst; }
+    void setBeginsSection(bool begins) { isSectionsFirst = begins; }
+
     bool click() override;
 
     std::function<void()> onClick;
@@ -24,6 +28,7 @@ class MenuEntry : public Element {
   private:
     std::vector<MenuEntry*> entries;
     bool isChecked = false;
+    bool isSectionsFirst = false;
 };
 
 /// A tool bar.
@@ -56,6 +61,8 @@ class BarButton : public Element {
 
     std::function<void()> onClick;
     std::function<void(const std::string& key)> onChoose;
+    /// The user has to choose from the list before a click can do anything: a view drops the list down.
+    Signal<> choiceNeeded;
 
   private:
     std::vector<DropDownEntry> dropDown;

@@ -43,6 +43,13 @@ void TextField::setLimit(std::optional<std::size_t> length) {
     }
 }
 
+void TextField::setPlaceholder(std::string text) {
+    if (placeholderText != text) {
+        placeholderText = std::move(text);
+        changed.emit();
+    }
+}
+
 void TextField::setCursor(std::size_t position) {
     std::size_t held = std::min(position, content.size());
     if (std::exchange(cursorPosition, held) != held) {

@@ -29,6 +29,10 @@ class TextField : public Element {
     /// A text that is longer already stays.
     void setLimit(std::optional<std::size_t> length);
 
+    /// What a view shows, greyed, while the text is empty; never a part of the text.
+    [[nodiscard]] const std::string& placeholder() const { return placeholderText; }
+    void setPlaceholder(std::string text);
+
     /// Where the next character goes, in bytes from 0 to the text's length; the end after the program's
     /// change.
     [[nodiscard]] std::size_t cursor() const { return cursorPosition; }
@@ -75,6 +79,7 @@ class TextField : public Element {
     void commit();
 
     std::string content;
+    std::string placeholderText;
     std::optional<std::size_t> greatestLength;
     std::size_t cursorPosition = 0;
     bool isReadOnly = false;

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "link/bench.h"
 
+#include "support/numbers.h"
+
+#include <utility>
+
 namespace zor {
 
 void Bench::setMirror(bool WindowSwitches::*on, Monitor* receiver) {
@@ -9,6 +13,22 @@ void Bench::setMirror(bool WindowSwitches::*on, Monitor* receiver) {
             mirror.receiver = receiver;
         }
     }
+}
+
+void Bench::tellReading(std::string_view typed) {
+    bool blank = typed.find_first_not_of(' ') == std::string_view::npos;
+    if (blank || numericPrefixLength(typed) == typed.size()) {
+        if (!toldReading.empty()) {
+            withdrawn.emit(std::exchange(toldReading, {}));
+        }
+        return;
+    }
+    // A text out of a file may be of any length.
+    constexpr std::size_t shownLength = 40;
+    std::string quoted(typed.substr(0, shownLength));
+    quoted += typed.size() > shownLength ? "..." : "";
+    toldReading = "\"" + quoted + "\" was read as " + numberText(numericPrefix(typed)) + ".";
+    notice(toldReading);
 }
 
 void Bench::warn(const std::string& text) const {

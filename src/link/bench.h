@@ -5,6 +5,7 @@
 #include "elements/monitor.h"
 #include "link/link_variables.h"
 #include "link/preference_values.h"
+#include "link/recent_files.h"
 #include "link/tools.h"
 #include "link/window_switches.h"
 #include "platform/platform.h"
@@ -14,6 +15,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace zor {
 
@@ -89,12 +91,24 @@ struct Bench {
         }
     }
 
+    /// The configuration files that the user works with.
+    RecentFiles recentFiles;
+
     /// Where this run saved the C header of a device last.
     std::map<std::string, std::string> savedHeaders;
 
     /// One quiet line at the foot of the main window: what the user should know but need not answer.
     Signal<const std::string&> noticed;
     void notice(const std::string& text) const { noticed.emit(text); }
+
+    /// Says at the foot that a number's text was taken only as far as it is one ("315,5"); takes that back
+    /// once a text was read whole. An empty text says nothing.
+    void tellReading(std::string_view typed);
+    /// A notice has become untrue; it goes if it still stands.
+    Signal<const std::string&> withdrawn;
+
+    /// A value that configuration files hold for all panels was changed elsewhere than in a panel.
+    Signal<> sharedValueChanged;
 
     /// Shows a warning box.
     void warn(const std::string& text) const;
@@ -107,6 +121,7 @@ struct Bench {
 
   private:
     bool BijakuMode = false;
+    std::string toldReading;
 };
 
 } // namespace zor

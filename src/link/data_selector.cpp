@@ -3,6 +3,8 @@
 
 #include "link/commands.h"
 
+#include <utility>
+
 namespace zor {
 
 namespace {
@@ -23,15 +25,27 @@ DataSelector::DataSelector(Bench& ownBench, LinkBar& ownBar, LinkStateMachine& o
 
 void DataSelector::fill() {
     bar.CB_Mode.setEntries({"Vireo FSK I/O: Int.", "Vireo FSK I/O: Ext.", "Data Mode"});
+    if (!std::exchange(resetWaits, false) || bench.link.LoadBoardRev <= 1 || !connect.isOpen()) {
+        return;
+    }
+    // The board came while the start waited for its user.
+    if (bar.CB_Mode.enabled()) {
+        reset();
+    } else {
+        SavedDataSelectorIndex = internal;
+        bar.CB_Mode.select(internal);
+    }
 }
 
 void DataSelector::reset() {
     bar.CB_Mode.setEnabled(true);
     setTips(freeTip);
+    setHolder({});
+    resetWaits = bar.CB_Mode.entries().empty();
     bar.CB_Mode.select(internal);
 }
 
-void DataSelector::DisableDataSelector() {
+void DataSelector::DisableDataSelector(const std::string& window) {
     if (!bar.CB_Mode.enabled() || bench.link.LoadBoardRev <= 1 || !connect.isOpen()) {
         return;
     }
@@ -39,6 +53,7 @@ void DataSelector::DisableDataSelector() {
     // Before its command waits: nobody shall choose another line meanwhile.
     bar.CB_Mode.setEnabled(false);
     setTips(forcedTip);
+    setHolder(window);
     bar.CB_Mode.select(internal);
 }
 
@@ -49,6 +64,15 @@ void DataSelector::EnableDataSelector() {
     bar.CB_Mode.select(SavedDataSelectorIndex);
     bar.CB_Mode.setEnabled(true);
     setTips(freeTip);
+    setHolder({});
+}
+
+void DataSelector::setHolder(const std::string& window) {
+    holdingWindow = window;
+    std::string hint = window.empty() ? window : "Held by the window \"" + window + "\"";
+    bar.Text1.setHint(hint);
+    bar.CB_Mode.setHint(hint);
+    holderChanged.emit();
 }
 
 void DataSelector::setTips(const std::string& tip) {

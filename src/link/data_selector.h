@@ -5,6 +5,7 @@
 #include "link/link_state.h"
 
 #include <cstdint>
+#include <string>
 
 namespace zor {
 
@@ -28,11 +29,16 @@ class DataSelector {
     /// A fresh generation 2 board: the list is given back and set to internal, which sends its command.
     void reset();
 
-    void DisableDataSelector();
+    /// @param window  the title of the window that takes the line
+    void DisableDataSelector(const std::string& window = {});
     void EnableDataSelector();
 
     /// Data mode began: the board's entry is no longer shown.
     Signal<> dataModeEntered;
+
+    /// The window that holds the data line; empty while nobody does.
+    [[nodiscard]] const std::string& holder() const { return holdingWindow; }
+    Signal<> holderChanged;
 
     /// The entry that a panel's hold of the line will give back.
     [[nodiscard]] std::int16_t savedIndex() const { return SavedDataSelectorIndex; }
@@ -42,13 +48,17 @@ class DataSelector {
     void comeBack();
     void enterDataMode();
     void setTips(const std::string& tip);
+    void setHolder(const std::string& window);
 
     Bench& bench;
     LinkBar& bar;
     LinkStateMachine& link;
     Connect& connect;
     std::int16_t SavedDataSelectorIndex = 0;
+    std::string holdingWindow;
     bool comingBack = false;
+    /// A board asked for its line before the list was filled.
+    bool resetWaits = false;
 };
 
 } // namespace zor

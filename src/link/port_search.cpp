@@ -63,6 +63,7 @@ void PortSearch::begin() {
     SearchLimit = 10;
     SearchTicks = 0;
     denied.clear();
+    busy.clear();
     bench.platform.ports.renumber();
     claim = bench.link.port.seize(tryToOpen);
     Timer1.start(stepInterval);
@@ -78,6 +79,10 @@ void PortSearch::Timer1_Timer() {
         nextPort();
     } catch (const ToolError& error) {
         connect.endTrial();
+        if (error.number() == portInUse) {
+            std::string device = bench.platform.ports.devicePath(SearchComNr);
+            busy.push_back(device.empty() ? "port " + std::to_string(SearchComNr) : device);
+        }
         if (error.number() == invalidPort || error.number() == portInUse) {
             nextPort();
         } else {

@@ -31,6 +31,9 @@ class PortSearch {
     /// Devices that exist but that the user may not open, found by the last search.
     [[nodiscard]] const std::vector<std::string>& deniedDevices() const { return denied; }
 
+    /// Devices that another program has open.
+    [[nodiscard]] const std::vector<std::string>& busyDevices() const { return busy; }
+
     // How far it is.
     [[nodiscard]] std::int16_t portNumber() const { return SearchComNr; }
     [[nodiscard]] std::int16_t lastPort() const { return SearchComMax; }
@@ -57,6 +60,7 @@ class PortSearch {
     std::int16_t SearchTicks = 0;
     std::int16_t SearchLimit = 10;
     std::vector<std::string> denied;
+    std::vector<std::string> busy;
 };
 
 /// A firmware that the search tells apart by its banner.

@@ -28,6 +28,8 @@ struct FileRequest {
     std::filesystem::path folder;
     /// The pattern that stands in the name field ("*.tc") and comes back if the dialog is cancelled.
     std::string startName;
+    /// A name that the dialog proposes in the pattern's place; it counts as chosen if the user takes it.
+    std::string proposal = {};
     /// Labels and patterns in turn, separated by "|".
     std::string filter;
     /// Without the point.

@@ -39,6 +39,8 @@ struct Platform {
     std::filesystem::path userFolder;
     /// The register database that comes with the program; empty if none does.
     std::filesystem::path startDatabase = {};
+    /// Where the program's own documents lie; empty if they did not come with it.
+    std::filesystem::path documentFolder = {};
     /// The decimal mark of the user's locale, for the one field that is read by it.
     char decimalMark = '.';
 };

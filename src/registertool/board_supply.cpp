@@ -34,6 +34,7 @@ BoardSupply::BoardSupply(SPI& ownTool)
 }
 
 void BoardSupply::Voltage_LostFocus() {
+    tool.bench.tellReading(Voltage.text());
     Voltage.setText(numberText(roundedVolts(Voltage)));
 }
 

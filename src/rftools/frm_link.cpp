@@ -92,7 +92,7 @@ frm_Link::~frm_Link() {
 
 void frm_Link::Form_Activate() {
     if (!std::exchange(loaded, true)) {
-        bench.dataSelector->DisableDataSelector();
+        bench.dataSelector->DisableDataSelector(title());
     }
     if (!isClosed()) {
         chooseModes();

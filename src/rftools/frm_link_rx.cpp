@@ -64,7 +64,7 @@ void frm_Link_RX::Form_Activate() {
     if (std::exchange(loaded, true)) {
         return;
     }
-    bench.dataSelector->DisableDataSelector();
+    bench.dataSelector->DisableDataSelector(title());
     if (isClosed()) {
         return;
     }

@@ -21,6 +21,7 @@ constexpr const char* startFileClosing = "Please save the workspace again!";
 MainWindow::MainWindow(Platform& platform, Desk& desk)
     : Form(desk, "main", productTitle, Kind::Main)
     , Notice(*this, "Notice")
+    , Undo(*this, "Undo", "Undo")
     , Toolbar1(*this, "Toolbar1")
     , TX(*this, Toolbar1, "TX", "KT110x")
     , RX(*this, Toolbar1, "RX", "KT210x")
@@ -29,6 +30,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , linkBar(*this)
     , menu(*this)
     , ownBench(platform, desk, tools)
+    , foot(Notice, [this] { return standingNotice(); })
     , link(ownBench, linkBar)
     , channel(ownBench)
     , messages(ownBench, channel)
@@ -50,13 +52,26 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
         return panel == nullptr ? std::string() : panel->meaningOfLine(line);
     });
     ownBench.CommStatus = &linkBar.CommStatus;
+    subscriptions.push_back(ownBench.noticed.subscribe([this](const std::string& text) { foot.say(text); }));
     subscriptions.push_back(
-        ownBench.noticed.subscribe([this](const std::string& text) { Notice.setCaption(text); }));
+        ownBench.withdrawn.subscribe([this](const std::string& text) { foot.withdraw(text); }));
     platform.loop.uncaught = [this](const ToolError& error) { ownBench.tellError(error, productTitle); };
     FactoryModeTimer.setInterval(factoryGestureTime);
     EE.setTip("EEPROM programmer");
     workspace.openPanel = [this](std::string_view panel) { registry.reopen(panel); };
     workspace.createPanel = [this](std::string_view panel) -> Form& { return registry.create(panel); };
+    Undo.setVisible(false);
+    Undo.onClick = [this] { registry.restoreDiscarded(); };
+    subscriptions.push_back(Notice.changed.subscribe([this] { nameUndo(); }));
+    subscriptions.push_back(
+        registry.settingsDiscarded.subscribe([this](const std::string& chip) { offerUndo(chip); }));
+    listen(registry.undoLost, [this] {
+        Undo.setVisible(false);
+        foot.withdraw(discardedNotice);
+    });
+    ownBench.recentFiles.restore(readRecentFiles(platform));
+    listen(ownBench.recentFiles.changed,
+           [this] { writeRecentFiles(ownBench.platform, ownBench.recentFiles.all()); });
     wireMenu();
     wireLink();
 }
@@ -119,7 +134,7 @@ void MainWindow::openTool(Tool tool) {
             tickWhileOpen(menu.mnuSPI, *tools.find(tool));
         }
     } else {
-        Notice.setCaption("This version does not have that window.");
+        foot.say("This version does not have that window.");
     }
 }
 
@@ -130,6 +145,8 @@ void MainWindow::wireLink() {
     subscriptions.push_back(link.entered.subscribe([this](LinkState state) { linkEntered(state); }));
     listen(search.finished, [this] { searchFinished(); });
     listen(selector.dataModeEntered, noLoader);
+    listen(selector.holderChanged, [this] { foot.refresh(); });
+    subscriptions.push_back(linkBar.Toolbar3.changed.subscribe([this] { foot.refresh(); }));
     listen(channel.lost, [this] { link.lost(); });
     listen(channel.lost, noLoader);
     listen(boardChoice.otherBoardLeft, noLoader);
@@ -178,7 +195,7 @@ void MainWindow::start() {
 }
 
 void MainWindow::startSearch() {
-    Notice.setCaption("");
+    foot.say("");
     search.begin();
 }
 
@@ -190,20 +207,40 @@ void MainWindow::EnablePanelButtons(bool flag) {
     }
 }
 
+std::string MainWindow::standingNotice() const {
+    if (link.state() == LinkState::DataMode) {
+        return "Data mode: choose one of the first two entries of the data selector to come back.";
+    }
+    if (linkBar.Toolbar3.visible() && !selector.holder().empty()) {
+        return "The data selector is held by the window \"" + selector.holder() + "\".";
+    }
+    return {};
+}
+
 void MainWindow::linkEntered(LinkState state) {
-    if (state == LinkState::DataMode) {
-        Notice.setCaption(
-            "Data mode: choose one of the first two entries of the data selector to come back.");
-    } else if (state == LinkState::Connected) {
-        Notice.setCaption("");
+    showDevice();
+    if (state == LinkState::DataMode || state == LinkState::Connected) {
+        foot.say("");
+    } else {
+        foot.refresh();
     }
 }
 
+void MainWindow::showDevice() {
+    bool chosen = link.state() == LinkState::Connected || link.state() == LinkState::DataMode;
+    int port = channel.portNumber();
+    std::string device = chosen ? ownBench.platform.ports.devicePath(port) : std::string();
+    std::string hint = device.empty() ? device : "Port " + std::to_string(port) + ": " + device;
+    linkBar.LoadBoard.setHint(hint);
+    linkBar.LoadboardList.setHint(hint);
+}
+
 void MainWindow::searchFinished() {
-    tellDeniedDevices();
+    std::string unopened = unopenedDevices();
+    foot.say(unopened);
     if (link.state() == LinkState::None) {
-        if (search.deniedDevices().empty()) {
-            Notice.setCaption("No board found. The panels work without one; \"zor --demo\" simulates one.");
+        if (unopened.empty()) {
+            foot.say("No board found. The panels work without one; \"zor --demo\" simulates one.");
         }
         EnablePanelButtons(true);
         return;
@@ -213,16 +250,37 @@ void MainWindow::searchFinished() {
     }
 }
 
-void MainWindow::tellDeniedDevices() {
-    if (search.deniedDevices().empty()) {
-        return;
+std::string MainWindow::unopenedDevices() const {
+    auto joined = [](const std::vector<std::string>& devices) {
+        std::string text;
+        for (const std::string& device : devices) {
+            text += (text.empty() ? "" : ", ") + device;
+        }
+        return text;
+    };
+    std::string text;
+    if (!search.deniedDevices().empty()) {
+        text = "No permission to open " + joined(search.deniedDevices()) +
+               ": join the group dialout, or install the udev rule that comes with the program.";
     }
-    std::string devices;
-    for (const std::string& device : search.deniedDevices()) {
-        devices += (devices.empty() ? "" : ", ") + device;
+    if (!search.busyDevices().empty()) {
+        text += (text.empty() ? "" : " ") + std::string("In use by another program: ") +
+                joined(search.busyDevices()) + ".";
     }
-    Notice.setCaption("No permission to open " + devices +
-                      ": join the group dialout, or install the udev rule that comes with the program.");
+    return text;
+}
+
+void MainWindow::offerUndo(const std::string& chip) {
+    discardedChip = chip;
+    discardedNotice = "Settings of the " + chip + " panel were discarded";
+    Undo.setTip("Brings the " + chip + " panel back with the settings that it had when it was closed");
+    Undo.setVisible(true);
+    foot.say(discardedNotice);
+}
+
+/// Beside another text the button says itself what it undoes.
+void MainWindow::nameUndo() {
+    Undo.setCaption(Notice.caption() == discardedNotice ? "Undo" : "Undo closing " + discardedChip);
 }
 
 void MainWindow::Connect_Click() {
@@ -288,7 +346,7 @@ void MainWindow::browse(const std::string& folder, const std::string& title) {
          .filter = "Documentation files (*.PDF)|*.pdf|All files (*.*)|*.*",
          .defaultExtension = "pdf"});
     if (choice.name != pattern && !ownBench.platform.surroundings.openDocument(choice.name)) {
-        Notice.setCaption("There is no program to open " + choice.name + " with.");
+        foot.say("There is no program to open " + choice.name + " with.");
     }
 }
 

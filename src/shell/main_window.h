@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/button.h"
 #include "elements/form.h"
 #include "elements/label.h"
 #include "elements/menu.h"
@@ -14,6 +15,7 @@
 #include "link/port_search.h"
 #include "link/reconnect.h"
 #include "link/wire_recorder.h"
+#include "shell/foot_line.h"
 #include "shell/main_menu.h"
 #include "shell/panel_registry.h"
 #include "shell/tool_windows.h"
@@ -49,6 +51,8 @@ class MainWindow : public Form {
 
     /// One quiet line at the foot of the window: what the user should know but need not answer.
     Label Notice;
+    /// Beside it: brings a panel back whose window was closed with settings in it.
+    Button Undo;
 
     Bar Toolbar1;
     BarButton TX;
@@ -80,7 +84,13 @@ class MainWindow : public Form {
     void startSearch();
     void linkEntered(LinkState state);
     void searchFinished();
-    void tellDeniedDevices();
+    /// What the foot says while nothing else is to be said.
+    [[nodiscard]] std::string standingNotice() const;
+    /// What the last search could not open, and why; empty if it could open all.
+    [[nodiscard]] std::string unopenedDevices() const;
+    void showDevice();
+    void offerUndo(const std::string& chip);
+    void nameUndo();
     void factoryGesture();
     void FactoryModeTimer_Timer();
     void browse(const std::string& folder, const std::string& title);
@@ -89,6 +99,7 @@ class MainWindow : public Form {
     void closeOpenForms();
 
     Bench ownBench;
+    FootLine foot;
     LinkStateMachine link;
     zor::Connect channel;
     LinkMessages messages;
@@ -103,6 +114,9 @@ class MainWindow : public Form {
     Timer FactoryModeTimer;
     bool FactoryClickPending = false;
     std::string PlainCaption;
+    /// What was said when Undo was offered, and the chip that it brings back.
+    std::string discardedNotice;
+    std::string discardedChip;
     std::vector<Subscription> subscriptions;
     Subscription registerToolEnding;
     Subscription naming;

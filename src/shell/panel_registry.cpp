@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "shell/panel_registry.h"
 
+#include "link/connect.h"
 #include "panels/common/chip_panel.h"
+#include "panels/common/panel_memory.h"
 #include "support/error.h"
 
 #include <algorithm>
@@ -32,7 +34,18 @@ void closeTools(const Bench& bench, const std::vector<Tool>& tools) {
 struct PanelRegistry::Slot {
     const PanelRow& row;
     std::unique_ptr<ChipPanel> panel;
+    /// What it showed when it had been loaded; nothing while it is not.
+    std::unique_ptr<PanelMemory> loaded;
     Subscription ending;
+};
+
+/// A panel that its window's button took away, with what of it cannot be had again otherwise.
+struct PanelRegistry::Discarded {
+    Slot& slot;
+    bool bijaku;
+    PanelMemory memory;
+    /// The chip keeps its words as long as the port stays open.
+    Subscription portClosing;
 };
 
 /// A bar button and what it remembers.
@@ -50,7 +63,7 @@ PanelRegistry::PanelRegistry(Bench& ownBench, MainMenu& ownMenu, ChipButtons own
     , buttons(ownButtons)
     , chipClasses(classes(ownButtons)) {
     for (const PanelRow& row : rows) {
-        slots.push_back(std::make_unique<Slot>(Slot{row, nullptr, {}}));
+        slots.push_back(std::make_unique<Slot>(Slot{row, nullptr, nullptr, {}}));
     }
     bench.findOpenPanel = [this] { return openPanel(); };
     wireMenu();
@@ -180,6 +193,7 @@ void PanelRegistry::barClicked(ChipClass kind) {
         }
     }
     bench.warn(chipClass.nothingSelected);
+    chipClass.button.choiceNeeded.emit();
 }
 
 void PanelRegistry::TogglePanel(std::string_view panel, bool state) {
@@ -216,11 +230,24 @@ ChipPanel& PanelRegistry::ensure(Slot& slot) {
     if (slot.panel) {
         return *slot.panel;
     }
+    std::unique_ptr<Discarded> restoring;
+    if (restoresNext && discarded != nullptr && &discarded->slot == &slot) {
+        restoring = std::move(discarded);
+    }
+    forgetDiscarded(slot);
     slot.panel = slot.row.make(bench);
     slot.ending = slot.panel->closed.subscribe([this, &slot] { panelClosed(slot); });
     ChipPanel& panel = *slot.panel;
     try {
-        panel.load();
+        panel.load(restoring ? ChipPanel::AutoLoad::Never : ChipPanel::AutoLoad::AsPreferred);
+        slot.loaded = std::make_unique<PanelMemory>(panel);
+        if (restoring) {
+            // The file's lines bring shared values too; those are of now, not of then.
+            PreferenceValues kept = bench.preferences;
+            restoring->memory.putTo(panel);
+            bench.preferences = kept;
+            bench.showSupply();
+        }
     } catch (...) {
         // A load that was dropped leaves a panel half filled; the next opening makes a whole one.
         panel.close();
@@ -236,12 +263,17 @@ void PanelRegistry::show(Slot& slot) {
     classOf(slot.row.chipClass).button.setPressed(true);
     bench.windows.*slot.row.on = true;
     entryOf(slot.row).setChecked(true);
+    bool fresh = slot.panel == nullptr && !restoresNext;
     ChipPanel& panel = ensure(slot);
     if (!(bench.windows.*slot.row.on) || slot.panel.get() != &panel) {
         // Hidden or closed again while its load waited.
         return;
     }
     panel.SetFrameMode();
+    if (fresh) {
+        // The regional variant has a band of its own to begin with.
+        slot.loaded = std::make_unique<PanelMemory>(panel);
+    }
     panel.show();
     panel.setFocus(&panel.ConfLoad);
     enableTools(slot.row.tools);
@@ -276,7 +308,55 @@ void PanelRegistry::hide(Slot& slot) {
     closeTools(bench, row.tools.closedOnHide);
 }
 
+void PanelRegistry::keepDiscarded(Slot& slot) {
+    // One that was given up in its load had nothing of the user's yet.
+    std::unique_ptr<PanelMemory> loaded = std::move(slot.loaded);
+    if (leaving || !loaded) {
+        return;
+    }
+    PanelMemory memory(*slot.panel);
+    if (memory.sameSettings(*loaded)) {
+        return;
+    }
+    std::string chip = slot.panel->chip();
+    discarded = std::make_unique<Discarded>(Discarded{slot, bench.IsBijakuModeSet(), std::move(memory), {}});
+    discarded->portClosing = bench.connect->portClosed.subscribe([this] { discarded->memory.forgetSent(); });
+    settingsDiscarded.emit(chip);
+}
+
+void PanelRegistry::forgetDiscarded(const Slot& slot) {
+    if (discarded != nullptr && &discarded->slot == &slot) {
+        discarded.reset();
+        undoLost.emit();
+    }
+}
+
+void PanelRegistry::restoreDiscarded() {
+    if (discarded == nullptr) {
+        return;
+    }
+    Slot& slot = discarded->slot;
+    bench.SetBijakuMode(discarded->bijaku);
+    for (const PanelChoice& choice : panelChoices()) {
+        if (choice.panel == slot.row.name &&
+            (choice.variant == Variant::Bijaku) == (slot.row.viewBijaku != nullptr && discarded->bijaku)) {
+            remember(choice);
+        }
+    }
+    struct Restoring {
+        bool& mark;
+        explicit Restoring(bool& ownMark)
+            : mark(ownMark) {
+            mark = true;
+        }
+        ~Restoring() { mark = false; }
+    } restoring(restoresNext);
+    TogglePanel(slot.row.name, false);
+    undoLost.emit();
+}
+
 void PanelRegistry::panelClosed(Slot& slot) {
+    keepDiscarded(slot);
     std::shared_ptr<ChipPanel> leaving = std::move(slot.panel);
     bench.platform.loop.discardLater([leaving]() mutable { leaving.reset(); });
     try {
@@ -307,6 +387,7 @@ void PanelRegistry::EEPROM_hide() {
 }
 
 void PanelRegistry::closeAtExit() {
+    leaving = true;
     for (const char* name : {"OpalV2", "AmberV1", "BerylV3"}) {
         Slot& slot = slotOf(name);
         if (!slot.panel) {

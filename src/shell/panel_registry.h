@@ -46,6 +46,14 @@ class PanelRegistry {
     /// The panel that is on the screen; nullptr if there is none.
     [[nodiscard]] ChipPanel* openPanel() const;
 
+    /// A panel was closed by its window's button, and what the user had set went with it: the chip. It can be
+    /// brought back until undoLost.
+    Signal<const std::string&> settingsDiscarded;
+    /// It was brought back, or the panel was opened anew.
+    Signal<> undoLost;
+    /// Brings the panel that was discarded last back as it was.
+    void restoreDiscarded();
+
     void EEPROM_show();
     void EEPROM_hide();
 
@@ -55,6 +63,7 @@ class PanelRegistry {
   private:
     struct Slot;
     struct Class;
+    struct Discarded;
 
     void wireMenu();
     void wireButton(Class& chipClass);
@@ -73,6 +82,8 @@ class PanelRegistry {
     /// The panel, made and filled if there is none; its row has a maker.
     ChipPanel& ensure(Slot& slot);
     void panelClosed(Slot& slot);
+    void keepDiscarded(Slot& slot);
+    void forgetDiscarded(const Slot& slot);
     /// What panels open for themselves, and what goes with them.
     void closeWindowsOfPanels() const;
 
@@ -83,6 +94,10 @@ class PanelRegistry {
     std::vector<std::unique_ptr<Slot>> slots;
     Subscription eepromMaking;
     Subscription eepromEnding;
+    std::unique_ptr<Discarded> discarded;
+    /// The next panel to be made is the discarded one.
+    bool restoresNext = false;
+    bool leaving = false;
 };
 
 } // namespace zor

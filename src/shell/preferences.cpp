@@ -102,6 +102,11 @@ void Preferences::Save_Click() {
     writeOwnPreferences(bench.platform, {.reconnectByItself = ReconnectByItself.ticked()});
     takePreferences(bench, preferences);
     bench.preferences.ReconnectByItself = ReconnectByItself.ticked();
+    for (const TextField* port : {&ComNr_min, &ComNr_max}) {
+        if (numericPrefixLength(port->text()) != port->text().size()) {
+            bench.tellReading(port->text());
+        }
+    }
     close();
 }
 

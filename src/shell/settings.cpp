@@ -12,6 +12,8 @@ namespace {
 
 constexpr const char* iniName = "ZOR.ini";
 constexpr const char* ownName = "ZOR-more.ini";
+constexpr const char* recentName = "ZOR-recent.ini";
+constexpr std::string_view recentBanner = "# ZOR recent files version 1";
 constexpr std::string_view ownBanner = "# ZOR more settings version 1";
 constexpr std::string_view iniBanner = "# ZOR ini file version 2.2.0";
 
@@ -73,7 +75,7 @@ std::string formatPreferences(const StoredPreferences& preferences) {
 OwnPreferences readOwnPreferences(const Platform& platform) {
     OwnPreferences preferences;
     try {
-        RecordReader reader(readFile(settingsFileToRead(platform, ownName)));
+        RecordReader reader(readFile(settingsFileToRead(platform, ownName), longestSettings));
         if (reader.text() == ownBanner) {
             preferences.reconnectByItself = reader.boolean();
         }
@@ -93,6 +95,37 @@ void writeOwnPreferences(const Platform& platform, const OwnPreferences& prefere
     writeFileWhole(settingsFileToWrite(platform, ownName), writer.bytes());
 }
 
+std::vector<std::string> readRecentFiles(const Platform& platform) {
+    std::vector<std::string> paths;
+    try {
+        RecordReader reader(readFile(settingsFileToRead(platform, recentName), longestSettings));
+        if (reader.text() == recentBanner) {
+            while (!reader.atEnd()) {
+                paths.push_back(reader.text());
+            }
+        }
+    } catch (const ToolError&) {
+        // What was read until then is as good as any.
+    }
+    return paths;
+}
+
+void writeRecentFiles(const Platform& platform, const std::vector<std::string>& paths) {
+    RecordWriter writer;
+    writer.text(recentBanner);
+    for (const std::string& path : paths) {
+        // Such a name would not read back whole.
+        if (path.find_first_of("\"\r\n") == std::string::npos) {
+            writer.text(path);
+        }
+    }
+    try {
+        writeFileWhole(settingsFileToWrite(platform, recentName), writer.bytes());
+    } catch (const ToolError&) {
+        // The list lasts for this run.
+    }
+}
+
 void readPreferences(Bench& bench) {
     bench.preferences.ReconnectByItself = readOwnPreferences(bench.platform).reconnectByItself;
     std::filesystem::path file = settingsFileToRead(bench.platform, iniName);
@@ -102,7 +135,7 @@ void readPreferences(Bench& bench) {
     }
     StoredPreferences preferences = storedPreferences(bench);
     try {
-        parsePreferences(readFile(file), preferences);
+        parsePreferences(readFile(file, longestSettings), preferences);
     } catch (const ToolError&) {
         takePreferences(bench, preferences);
         throw;

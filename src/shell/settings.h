@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace zor {
 
@@ -42,6 +43,15 @@ struct OwnPreferences {
 [[nodiscard]] OwnPreferences readOwnPreferences(const Platform& platform);
 /// Throws ToolError; the old file is then still there.
 void writeOwnPreferences(const Platform& platform, const OwnPreferences& preferences);
+
+/// The files that the user worked with, newest first, in ZOR-recent.ini. Like the other own settings they
+/// are comfort: a file that is missing, or cannot be read or written, is told nowhere.
+[[nodiscard]] std::vector<std::string> readRecentFiles(const Platform& platform);
+void writeRecentFiles(const Platform& platform, const std::vector<std::string>& paths);
+
+/// No settings file of ours is anywhere near so long; what is longer was put there by mistake and is refused
+/// before it has eaten time and memory. In bytes.
+inline constexpr std::uintmax_t longestSettings = 1U << 20;
 
 /// Reads the preferences of ZOR.ini. A missing file leaves the defaults. Throws ToolError for a file that
 /// cannot be read whole; what was read before stays.

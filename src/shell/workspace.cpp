@@ -165,7 +165,7 @@ void Workspace::save() const {
 }
 
 void Workspace::load() {
-    open(readFile(settingsFileToRead(bench.platform, fileName)));
+    open(readFile(settingsFileToRead(bench.platform, fileName), longestSettings));
 }
 
 void Workspace::open(std::string bytes) {

@@ -94,6 +94,44 @@ std::string fixedText(double value, int significant) {
     return (negative ? "-" : "") + (whole == "0" ? std::string() : whole) + "." + fraction;
 }
 
+std::size_t skipBlanks(std::string_view text, std::size_t at) {
+    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) {
+        ++at;
+    }
+    return at;
+}
+
+/// Where a text's number stands: its sign, digits and point, or the digits behind "&H".
+struct NumberSpan {
+    std::size_t begin;
+    std::size_t end;
+    bool hexadecimal;
+};
+
+/// The number behind leading blanks; nothing if there is none.
+std::optional<NumberSpan> findNumber(std::string_view text) {
+    std::size_t begin = skipBlanks(text, 0);
+    std::size_t at = begin;
+    auto next = [&] { return at < text.size() ? text[at] : '\0'; };
+    if (next() == '&' && begin + 1 < text.size() && (text[begin + 1] == 'H' || text[begin + 1] == 'h')) {
+        begin += 2;
+        for (at = begin; hexDigit(next()) >= 0;) {
+            ++at;
+        }
+        return at == begin ? std::nullopt : std::optional(NumberSpan{begin, at, true});
+    }
+    if (next() == '-' || next() == '+') {
+        ++at;
+    }
+    bool digitSeen = false;
+    bool pointSeen = false;
+    for (; isDigit(next()) || (next() == '.' && !pointSeen); ++at) {
+        digitSeen = digitSeen || isDigit(next());
+        pointSeen = pointSeen || next() == '.';
+    }
+    return digitSeen ? std::optional(NumberSpan{begin, at, false}) : std::nullopt;
+}
+
 /// Of a whole number and the next above it, the even one.
 double evenNeighbour(double below) {
     return std::fmod(below, 2) == 0 ? below : below + 1;
@@ -156,40 +194,16 @@ std::string numberText(float value) {
 }
 
 std::optional<double> readNumericPrefix(std::string_view text) {
-    std::size_t at = 0;
-    while (at < text.size() && (text[at] == ' ' || text[at] == '\t')) {
-        ++at;
-    }
-    text.remove_prefix(at);
-    if (text.size() >= 2 && text[0] == '&' && (text[1] == 'H' || text[1] == 'h')) {
-        std::string_view digits = text.substr(2);
-        if (digits.empty() || hexDigit(digits.front()) < 0) {
-            return std::nullopt;
-        }
-        return hexPrefix(digits);
-    }
-    std::string number;
-    if (!text.empty() && (text.front() == '-' || text.front() == '+')) {
-        if (text.front() == '-') {
-            number += '-';
-        }
-        text.remove_prefix(1);
-    }
-    bool digitSeen = false;
-    bool pointSeen = false;
-    for (char c : text) {
-        if (isDigit(c)) {
-            digitSeen = true;
-            number += c;
-        } else if (c == '.' && !pointSeen) {
-            pointSeen = true;
-            number += '.';
-        } else {
-            break;
-        }
-    }
-    if (!digitSeen) {
+    std::optional<NumberSpan> span = findNumber(text);
+    if (!span) {
         return std::nullopt;
+    }
+    std::string_view number = text.substr(span->begin, span->end - span->begin);
+    if (span->hexadecimal) {
+        return hexPrefix(number);
+    }
+    if (number.front() == '+') {
+        number.remove_prefix(1);
     }
     double value = 0;
     auto read =
@@ -202,6 +216,11 @@ std::optional<double> readNumericPrefix(std::string_view text) {
         return number.front() == '-' ? -magnitude : magnitude;
     }
     return value;
+}
+
+std::size_t numericPrefixLength(std::string_view text) {
+    std::optional<NumberSpan> span = findNumber(text);
+    return span ? skipBlanks(text, span->end) : 0;
 }
 
 double numericPrefix(std::string_view text) {

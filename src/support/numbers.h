@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -30,6 +31,9 @@ namespace zor {
 /// hexadecimal digits. There is no exponent, so "1e3" reads as 1.
 /// @return nothing if the text does not begin with a number
 [[nodiscard]] std::optional<double> readNumericPrefix(std::string_view text);
+
+/// How much of a text readNumericPrefix takes, blanks behind the number included; 0 if there is no number.
+[[nodiscard]] std::size_t numericPrefixLength(std::string_view text);
 
 /// readNumericPrefix with 0 for a text without a number, the rule of every numeric field.
 [[nodiscard]] double numericPrefix(std::string_view text);

@@ -112,7 +112,9 @@ void PowerSupply::PB_Voltage_Click() {
         Statusline.setText(limit.notice);
         return;
     }
+    bench.tellReading(text);
     bench.preferences.Pref_Voltage = text;
+    bench.sharedValueChanged.emit();
     if (!bench.connect->isOpen()) {
         bench.warn("Commport not available, please open commport. PSU setting was not updated.");
         return;

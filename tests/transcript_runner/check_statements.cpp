@@ -68,6 +68,15 @@ void tip(World& world, const Arguments& arguments) {
     expectText("tip of " + arguments.text(0), arguments.text(1), world.element(arguments.text(0)).tip());
 }
 
+void hint(World& world, const Arguments& arguments) {
+    expectText("hint of " + arguments.text(0), arguments.text(1), world.element(arguments.text(0)).hint());
+}
+
+void document(World& world, const Arguments& arguments) {
+    expectText("document of " + arguments.text(0), arguments.text(1),
+               world.window(arguments.text(0)).document());
+}
+
 void index(World& world, const Arguments& arguments) {
     const auto* strip = dynamic_cast<TabStrip*>(&world.element(arguments.text(0)));
     int position = strip != nullptr ? strip->page() - 1 : as<ListBox>(world, arguments, "a list").position();
@@ -208,6 +217,8 @@ constexpr StatementRow rows[] = {
     {"lacks",    2, 2, lacks},
     {"caption",  2, 2, caption},
     {"tip",      2, 2, tip},
+    {"hint",     2, 2, hint},
+    {"document", 2, 2, document},
     {"index",    2, 2, index},
     {"entries",  1, StatementRow::anyCount, entries},
     {"pressed",  1, 1, [](World& w, const Arguments& a) { expectThat(as<BarButton>(w, a, "a bar button").pressed(), a, "pressed", "released"); }},

@@ -2,6 +2,7 @@
 #include "panels/common/chip_panel.h"
 
 #include "link/connect.h"
+#include "support/numbers.h"
 #include "support/vocabulary.h"
 
 #include <algorithm>
@@ -127,10 +128,7 @@ void ChipPanel::wireCommon() {
     ConfLoad.onClick = [this] { ConfLoad_Click(); };
     ConfSave.onClick = [this] { ConfSave_Click(); };
     ShowStatus.onClick = [this] { ShowStatus_Click(); };
-    ReadStatus.onClick = [this] {
-        RepStatusReadTimer.stop();
-        StartStatusRead();
-    };
+    ReadStatus.onClick = [this] { ReadStatus_Click(); };
     ReadStatus.onDoubleClick = [this] { RepStatusReadTimer.start(); };
     ReadStatus.onLeave = [this] { RepStatusReadTimer.stop(); };
     IRQpoll.onClick = [this] { IRQpoll_Click(); };
@@ -202,7 +200,32 @@ Option* ChipPanel::band(Band which) const {
     return nullptr;
 }
 
-void ChipPanel::load() {
+void ChipPanel::tellReadings() {
+    // The one field that is committed and holds digits of another kind.
+    constexpr std::string_view hexadecimal = "TB_SP";
+    for (Element* element : elements()) {
+        auto* field = dynamic_cast<TextField*>(element);
+        if (field == nullptr || !field->onCommit || field->name() == hexadecimal) {
+            continue;
+        }
+        field->onCommit = [this, field, commit = std::move(field->onCommit)] {
+            std::string typed = field->text();
+            commit();
+            if (field == &Crystalfreq) {
+                std::replace(typed.begin(), typed.end(), bench.platform.decimalMark, '.');
+                if (!readNumericPrefix(typed)) {
+                    // It was not read at all; the field shows what it had.
+                    typed.clear();
+                }
+            }
+            bench.tellReading(typed);
+        };
+    }
+}
+
+void ChipPanel::load(AutoLoad autoLoad) {
+    tellReadings();
+    watchSettings();
     setPlace({0, 0});
     setExtent({ownTraits.foldedHeight, ownTraits.width});
     FreqCode = 2000;
@@ -221,7 +244,7 @@ void ChipPanel::load() {
         word->rebuild();
     }
     LabelCalibration.setVisible(false);
-    if (bench.preferences.Pref_CCautoLoad == 1) {
+    if (autoLoad == AutoLoad::AsPreferred && bench.preferences.Pref_CCautoLoad == 1) {
         ConfLoad_Click();
     }
     notice(ownTraits.loadNotice);
@@ -232,6 +255,7 @@ void ChipPanel::load() {
 
 void ChipPanel::hidden() {
     RepStatusReadTimer.stop();
+    readOnceMore = false;
 }
 
 void ChipPanel::unload() {
@@ -362,9 +386,12 @@ void ChipPanel::govern(bool on, const std::vector<Element*>& governed, Label& re
 }
 
 void ChipPanel::ShowStatus_Click() {
-    bool fold = statusShown();
-    setExtent({fold ? ownTraits.foldedHeight : ownTraits.unfoldedHeight, extent().width});
-    ShowStatus.setCaption(fold ? "Show Status" : "Hide Status");
+    showStatusArea(!statusShown());
+}
+
+void ChipPanel::showStatusArea(bool shown) {
+    setExtent({shown ? ownTraits.unfoldedHeight : ownTraits.foldedHeight, extent().width});
+    ShowStatus.setCaption(shown ? "Hide Status" : "Show Status");
 }
 
 } // namespace zor

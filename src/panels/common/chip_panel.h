@@ -38,9 +38,10 @@ class ChipPanel : public Form {
     ChipPanel(Bench& ownBench, const PanelTraits& ownTraits);
     ~ChipPanel() override;
 
+    enum class AutoLoad { AsPreferred, Never };
     /// Sets and commits every default, loads a configuration if the preferences say so. Called once, before
     /// show().
-    void load();
+    void load(AutoLoad autoLoad = AutoLoad::AsPreferred);
     /// Adapts the panel to the regional low-power variant; runs at each showing.
     virtual void SetFrameMode() {}
     /// Crystal frequency in Hz.
@@ -60,6 +61,19 @@ class ChipPanel : public Form {
     /// Puts a configuration file's settings in force and sends the supply that it names. Throws ToolError;
     /// what was read until then stays.
     void takeConfiguration(std::string bytes);
+    /// Puts them in force alone: nothing is sent.
+    void readConfiguration(std::string bytes);
+    /// Loads a file as `Load...` does once its dialog has named it; what goes wrong is told in a box.
+    void loadFile(const std::string& path);
+    /// The file that the settings were loaded from or saved to last, and what they were then.
+    struct UsedFile {
+        std::string path;
+        std::string content;
+    };
+    [[nodiscard]] const UsedFile& usedFile() const { return used; }
+    void setUsedFile(UsedFile file);
+    /// The chip that the panel shows now ("KT1100B").
+    [[nodiscard]] std::string chip() const { return title().substr(0, title().find(' ')); }
 
     // Commit actions, for others than the fields too.
     void FreqCenter_LostFocus();
@@ -120,6 +134,8 @@ class ChipPanel : public Form {
     [[nodiscard]] const PanelTraits& traits() const { return ownTraits; }
     /// The status area is folded out.
     [[nodiscard]] bool statusShown() const { return extent().height != ownTraits.foldedHeight; }
+    /// Folds it out or in.
+    void showStatusArea(bool shown);
 
   protected:
     // Steps that a chip fills in.
@@ -211,6 +227,8 @@ class ChipPanel : public Form {
     enum Step : std::int32_t { begin = 1, firstByte = 2, secondByte = 3, finish = 100 };
 
     void wireCommon();
+    /// From now on a committed field whose text is only in part a number says so at the foot.
+    void tellReadings();
     void makeBands();
     void makeStatus();
     void Update_Click();
@@ -220,6 +238,11 @@ class ChipPanel : public Form {
     /// The name that a file dialog gave; nothing if it was cancelled.
     [[nodiscard]] std::optional<std::string> chooseFile(FileRequest::Mode mode);
     void sendLoadedSupply();
+    void takeFile(const std::string& path);
+    /// The title bar names the file, and says when the settings are not those in it.
+    void showUsedFile();
+    /// Looks again once the action that changed a setting is over.
+    void watchSettings();
     void StdCrystal_Click();
     void NonStdCrystal_Click();
     void showFrequency();
@@ -227,6 +250,7 @@ class ChipPanel : public Form {
     void PowerSupply_LostFocus();
     void LBDV_LostFocus();
     void ShowStatus_Click();
+    void ReadStatus_Click();
     void StartStatusRead();
     void IRQpoll_Click();
     [[nodiscard]] bool sequenceMayBegin();
@@ -255,6 +279,10 @@ class ChipPanel : public Form {
     std::vector<ControlWord*> allWords;
     std::vector<ScaledList*> scaledLists;
     std::vector<Subscription> wordSubscriptions;
+    UsedFile used;
+    std::vector<Subscription> settingSubscriptions;
+    /// A look at the settings is due; lets it notice that the panel has gone.
+    std::shared_ptr<bool> lookDue = std::make_shared<bool>(false);
     Subscription portClosing;
     /// What Crystalfreq showed before the user changed it.
     std::string crystalShown = "10";
@@ -262,6 +290,8 @@ class ChipPanel : public Form {
     Sequence statusRead;
     /// From the selection of the chip for a status read to its end.
     bool chipSelected = false;
+    /// The click that ended the repeats came in the midst of one; another read follows it.
+    bool readOnceMore = false;
     bool sayingFarewell = false;
     Timer RepStatusReadTimer;
     Timer SRVisualTimer;

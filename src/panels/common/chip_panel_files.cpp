@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The panel's configuration files: the dialogs, what is done about a file's name, what follows a load.
+#include "elements/range.h"
 #include "host/files.h"
 #include "link/commands.h"
 #include "link/connect.h"
@@ -8,6 +9,7 @@
 #include "support/numbers.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace zor {
 
@@ -44,6 +46,14 @@ std::optional<std::string> ChipPanel::chooseFile(FileRequest::Mode mode) {
     request.startName = std::string("*.") + file.extension;
     request.filter = file.filter;
     request.defaultExtension = file.extension;
+    // The same place and name again; a first save is named after the chip.
+    std::string last = used.path.empty() ? bench.recentFiles.last(file.extension) : used.path;
+    if (!last.empty()) {
+        request.folder = std::filesystem::path(last).parent_path();
+        request.proposal = std::filesystem::path(last).filename().string();
+    } else if (mode == FileRequest::Mode::Save) {
+        request.proposal = chip() + "." + file.extension;
+    }
     FileChoice choice = bench.platform.dialogs.chooseFile(request);
     if (choice.extensionDiffers) {
         throw ToolError(unsupported, "Incorrect extension");
@@ -57,7 +67,11 @@ void ChipPanel::ConfSave_Click() {
             std::string name = savedName(*chosen, ownTraits.file);
             // The dialog has asked about the name it gave, not about the one made of it.
             if (name == *chosen || mayReplace(bench.platform.dialogs, name)) {
-                writeFileWhole(name, savedConfiguration());
+                std::string content = savedConfiguration();
+                writeFileWhole(name, content);
+                setUsedFile({name, std::move(content)});
+                bench.recentFiles.use(name);
+                bench.notice("Saved " + name);
                 return;
             }
         }
@@ -71,11 +85,69 @@ void ChipPanel::ConfSave_Click() {
 void ChipPanel::ConfLoad_Click() {
     try {
         if (std::optional<std::string> name = chooseFile(FileRequest::Mode::Load)) {
-            takeConfiguration(readFile(*name));
+            takeFile(*name);
         }
     } catch (const ToolError& error) {
         bench.tellFileError(error, loadErrorTitle);
     }
+}
+
+void ChipPanel::loadFile(const std::string& path) {
+    try {
+        takeFile(path);
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, loadErrorTitle);
+    }
+}
+
+void ChipPanel::takeFile(const std::string& path) {
+    readConfiguration(readFile(path));
+    // In force; what the board says to the supply does not change that.
+    setUsedFile({path, savedConfiguration()});
+    bench.recentFiles.use(path);
+    bench.notice("Loaded " + path);
+    sendLoadedSupply();
+}
+
+void ChipPanel::setUsedFile(UsedFile file) {
+    used = std::move(file);
+    showUsedFile();
+}
+
+void ChipPanel::showUsedFile() {
+    if (used.path.empty()) {
+        setDocument({});
+        return;
+    }
+    std::string name = std::filesystem::path(used.path).filename().string();
+    setDocument(savedConfiguration() == used.content ? name : name + " (changed)");
+}
+
+void ChipPanel::watchSettings() {
+    auto look = [this] {
+        if (used.path.empty() || std::exchange(*lookDue, true)) {
+            return;
+        }
+        // One action changes many elements. The panel may be discarded in the same turn.
+        loop().discardLater([this, due = std::weak_ptr<bool>(lookDue)] {
+            if (auto alive = due.lock()) {
+                *alive = false;
+                showUsedFile();
+            }
+        });
+    };
+    for (Element* element : elements()) {
+        const auto* field = dynamic_cast<TextField*>(element);
+        bool setting = field != nullptr ? !field->readOnly()
+                                        : dynamic_cast<TickBox*>(element) != nullptr ||
+                                              dynamic_cast<Option*>(element) != nullptr ||
+                                              dynamic_cast<ListBox*>(element) != nullptr ||
+                                              dynamic_cast<Slider*>(element) != nullptr;
+        if (setting) {
+            settingSubscriptions.push_back(element->changed.subscribe(look));
+        }
+    }
+    settingSubscriptions.push_back(bench.sharedValueChanged.subscribe(look));
 }
 
 ConfigurationLines ChipPanel::crystalLines() {
@@ -100,6 +172,11 @@ std::string ChipPanel::savedConfiguration() {
 }
 
 void ChipPanel::takeConfiguration(std::string bytes) {
+    readConfiguration(std::move(bytes));
+    sendLoadedSupply();
+}
+
+void ChipPanel::readConfiguration(std::string bytes) {
     try {
         readConfigurationText(std::move(bytes), ownTraits.file.banner, ownTraits.file.wrongBanner,
                               configuration());
@@ -110,7 +187,6 @@ void ChipPanel::takeConfiguration(std::string bytes) {
     }
     excludeForeignSettings();
     bench.showSupply();
-    sendLoadedSupply();
 }
 
 void ChipPanel::sendLoadedSupply() {

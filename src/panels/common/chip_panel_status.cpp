@@ -30,6 +30,17 @@ bool ChipPanel::sequenceMayBegin() {
     return true;
 }
 
+void ChipPanel::ReadStatus_Click() {
+    bool repeats = RepStatusReadTimer.running();
+    RepStatusReadTimer.stop();
+    if (repeats && bench.connect->isOpen() && !bench.link.port.free()) {
+        // It ends the repeats and asks for one read: where the last of them is under way, that one follows.
+        readOnceMore = statusRead.claim.held();
+        return;
+    }
+    StartStatusRead();
+}
+
 void ChipPanel::StartStatusRead() {
     if (sequenceMayBegin()) {
         statusRead.claim = bench.link.port.claim(begin);
@@ -60,6 +71,7 @@ void ChipPanel::Timer3_Timer() {
     if (!bench.connect->isOpen() || !statusRead.claim.held()) {
         statusRead.end();
         chipSelected = false;
+        readOnceMore = false;
         statusReadCutShort();
         return;
     }
@@ -99,6 +111,9 @@ void ChipPanel::readStatusStep(Step step) {
         break;
     case finish:
         statusRead.end();
+        if (std::exchange(readOnceMore, false) && bench.link.port.free()) {
+            StartStatusRead();
+        }
         return;
     }
     // Nobody hears of it where the sequence ended while a line waited for its answer.

@@ -160,9 +160,13 @@ void ControlWord::markSent(const Sending& sending) {
     changed.emit();
 }
 
-void ControlWord::markUnsent() {
-    sentText.clear();
+void ControlWord::takeSent(std::string text) {
+    sentText = std::move(text);
     changed.emit();
+}
+
+void ControlWord::markUnsent() {
+    takeSent({});
 }
 
 void ControlWord::refreshTip() {

@@ -90,6 +90,8 @@ class ControlWord : public TextField {
     [[nodiscard]] Sending beginSending();
     /// The board took the line; the chip has that value, unless a later one has been taken already.
     void markSent(const Sending& sending);
+    /// The chip is known to hold that value from before; empty for none.
+    void takeSent(std::string text);
     /// What the chip holds is not known any more.
     void markUnsent();
     /// The value that the chip is known to hold; empty while none is known.

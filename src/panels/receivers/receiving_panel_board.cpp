@@ -19,7 +19,7 @@ void ReceivingPanel::wordSent(const ControlWord& word) {
 
 void ReceivingPanel::routeDataLine() {
     if (needsDataLine()) {
-        bench.dataSelector->DisableDataSelector();
+        bench.dataSelector->DisableDataSelector(title());
         sendLine("H3");
     } else {
         sendLine("Z3");

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "link/recent_files.h"
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <iterator>
+
+namespace zor {
+
+std::string kindOfFile(const std::string& path) {
+    std::string extension = std::filesystem::path(path).extension().string();
+    if (!extension.empty()) {
+        extension.erase(0, 1);
+    }
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return extension;
+}
+
+void RecentFiles::put(const std::string& path) {
+    paths.erase(std::remove(paths.begin(), paths.end(), path), paths.end());
+    paths.insert(paths.begin(), path);
+    std::vector<std::string> kept = ofKind(kindOfFile(path));
+    if (kept.size() > most) {
+        paths.erase(std::find(paths.begin(), paths.end(), kept.back()));
+    }
+}
+
+void RecentFiles::use(const std::string& path) {
+    std::error_code unknown;
+    std::filesystem::path whole = std::filesystem::absolute(path, unknown).lexically_normal();
+    put(unknown ? path : whole.string());
+    changed.emit();
+}
+
+void RecentFiles::forget(const std::string& path) {
+    if (std::erase(paths, path) > 0) {
+        changed.emit();
+    }
+}
+
+void RecentFiles::restore(const std::vector<std::string>& kept) {
+    paths.clear();
+    for (auto path = kept.rbegin(); path != kept.rend(); ++path) {
+        put(*path);
+    }
+    changed.emit();
+}
+
+std::vector<std::string> RecentFiles::ofKind(std::string_view extension) const {
+    std::vector<std::string> kind;
+    std::copy_if(paths.begin(), paths.end(), std::back_inserter(kind),
+                 [extension](const std::string& path) { return kindOfFile(path) == extension; });
+    return kind;
+}
+
+std::string RecentFiles::last(std::string_view extension) const {
+    auto newest = std::find_if(paths.begin(), paths.end(), [extension](const std::string& path) {
+        return kindOfFile(path) == extension;
+    });
+    return newest == paths.end() ? std::string() : *newest;
+}
+
+} // namespace zor
