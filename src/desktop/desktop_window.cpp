@@ -41,6 +41,7 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm)
     buildMenus(*menuBar(), main);
     addMainBars(*this, main);
     statusBar()->addWidget(label(main.Notice), 1);
+    statusBar()->addPermanentWidget(button(main.Undo));
     statusBar()->addPermanentWidget(button(main.linkBar.Reconnect));
     colourArea();
     new QShortcut(QKeySequence(Qt::Key_F6), this, [this] { changePane(); });

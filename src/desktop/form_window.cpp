@@ -121,7 +121,9 @@ void FormWindow::follow() {
     if (form == nullptr || std::exchange(following, true)) {
         return;
     }
-    outer->setWindowTitle(toQt(form->title()));
+    QString document = toQt(form->document());
+    outer->setWindowTitle(toQt(form->title()) +
+                          (document.isEmpty() ? document : QLatin1String(" - ") + document));
     bool opens = form->isOpen() && outer->isHidden();
     QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
     if (opens || (form->isOpen() && wanted != outer->size())) {

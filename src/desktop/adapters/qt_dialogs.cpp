@@ -89,7 +89,7 @@ FileChoice QtDialogs::chooseFile(const FileRequest& request) {
         auto folder = std::filesystem::weakly_canonical(request.folder, missing);
         window.setDirectory(toQt(folder.string()));
     }
-    window.selectFile(toQt(request.startName));
+    window.selectFile(toQt(request.proposal.empty() ? request.startName : request.proposal));
     bool accepted = window.exec() == QDialog::Accepted && !window.selectedFiles().isEmpty();
     return fileChoice(request, accepted ? fromQt(window.selectedFiles().constFirst()) : std::string());
 }

@@ -71,8 +71,9 @@ void addMainBars(QMainWindow& window, MainWindow& main) {
     addBar(window, link.Toolbar2, "Board",
            {barButton(link.Connect), barButton(link.Disconnect), new LineDot(link.CommStatus),
             statusField(link.CommStatus, 13), label(link.Text2), statusField(link.LoadBoard, 18),
-            list(link.LoadboardList, 22)});
-    addBar(window, link.Toolbar3, "Data", {label(link.Text1), list(link.CB_Mode, 20)});
+            list(link.LoadboardList, 22, WheelUse::NeverChooses)});
+    addBar(window, link.Toolbar3, "Data",
+           {label(link.Text1), list(link.CB_Mode, 20, WheelUse::NeverChooses)});
 }
 
 } // namespace zor

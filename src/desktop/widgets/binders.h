@@ -35,7 +35,8 @@ namespace zor {
 class ControlWord;
 
 /// A field for a number: right-aligned and as wide as what goes in.
-/// Enter commits, Escape brings back the text that it had when it took the focus or was last committed.
+/// Enter commits, Escape brings back the text that it had when it took the focus or was last committed. The
+/// comma key types the decimal point; what is pasted stays as it is.
 [[nodiscard]] QWidget* field(TextField& element, int columns = 8);
 /// A field for words: left-aligned, and it takes what room there is from `columns` on.
 [[nodiscard]] QWidget* textField(TextField& element, int columns = 16);
@@ -61,9 +62,11 @@ class ControlWord;
 template <class... Options>
 [[nodiscard]] QWidget* options(Options&... elements);
 [[nodiscard]] QWidget* optionRow(std::initializer_list<Option*> elements);
+/// What the wheel does over a list; where it does not choose, what stands behind the list scrolls.
+enum class WheelUse { ChoosesWithFocus, NeverChooses };
 /// A list shows its own text also where that is no entry's.
 /// @param columns  narrower entries still leave room for so many characters
-[[nodiscard]] QWidget* list(ListBox& element, int columns = 4);
+[[nodiscard]] QWidget* list(ListBox& element, int columns = 4, WheelUse wheel = WheelUse::ChoosesWithFocus);
 
 [[nodiscard]] QWidget* button(Button& element);
 /// The same, no wider than its caption, for many in a row.

@@ -23,6 +23,23 @@ void setShown(QWidget& widget, bool shown) {
     }
 }
 
+/// The element's own tip, the keys behind its first line, and what belongs to the moment.
+QString wholeTip(const Element& element) {
+    QString tip = linesToQt(element.tip());
+    if (!element.shortcut().empty()) {
+        QString keys = QLatin1String(" (") + toQt(element.shortcut()) + QLatin1Char(')');
+        if (tip.isEmpty()) {
+            tip = toQt(element.caption());
+        }
+        qsizetype lineEnd = tip.indexOf(QLatin1Char('\n'));
+        tip.insert(lineEnd < 0 ? tip.size() : lineEnd, keys);
+    }
+    if (!element.hint().empty()) {
+        tip += (tip.isEmpty() ? QString() : QStringLiteral("\n")) + linesToQt(element.hint());
+    }
+    return tip;
+}
+
 /// A menu or a box over the window borrows the focus; the field is not left by that.
 bool focusIsBorrowed(Qt::FocusReason reason, const QWidget& widget) {
     return reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
@@ -99,6 +116,7 @@ void Binding::showState() {
     if (auto* menuAction = qobject_cast<QAction*>(&target)) {
         menuAction->setVisible(bound->shown());
         menuAction->setEnabled(bound->active());
+        menuAction->setShortcut(QKeySequence(toQt(bound->shortcut())));
         return;
     }
     QWidget& own = *widget();
@@ -106,7 +124,7 @@ void Binding::showState() {
         setShown(own, bound->shown());
     }
     own.setEnabled(bound->active());
-    own.setToolTip(linesToQt(bound->tip()));
+    own.setToolTip(wholeTip(*bound));
     for (const auto& companion : companions) {
         if (companion) {
             setShown(*companion, bound->shown());

@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTimer>
 #include <QToolButton>
 
 namespace zor {
@@ -259,6 +260,10 @@ QWidget* barButton(BarButton& element) {
     auto* binding = new Binding(element, *tool);
     QObject::connect(tool, &QToolButton::clicked, binding,
                      [binding] { binding->gesture([&] { binding->element()->click(); }); });
+    binding->keep(element.choiceNeeded.subscribe([tool] {
+        // Behind the action that asked for it: a menu that is open holds its action up.
+        QTimer::singleShot(0, tool, [tool] { tool->showMenu(); });
+    }));
     binding->onDraw([binding, tool] {
         const auto& held = *elementOf<BarButton>(*binding);
         tool->setText(toQt(held.caption()));

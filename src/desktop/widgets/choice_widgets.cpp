@@ -40,6 +40,14 @@ class FilledTabBar : public QTabBar {
         return fill ? hint + QSize(0, barHeight + 1) : hint;
     }
 
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus()) {
+            QTabBar::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+
     void paintEvent(QPaintEvent* event) override {
         QTabBar::paintEvent(event);
         if (!fill) {
@@ -72,6 +80,7 @@ class ListView : public QComboBox {
   public:
     QString shownText;
     bool locked = false;
+    WheelUse wheel = WheelUse::ChoosesWithFocus;
     int columns = 4;
 
     [[nodiscard]] QSize sizeHint() const override {
@@ -102,8 +111,26 @@ class ListView : public QComboBox {
     }
     void wheelEvent(QWheelEvent* event) override {
         // A page is scrolled over its lists without changing them.
-        if (hasFocus() && !locked) {
+        if (wheel == WheelUse::ChoosesWithFocus && hasFocus() && !locked) {
             QComboBox::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
+
+/// A slider that the wheel moves while it has the focus alone.
+class CalmSlider : public QSlider {
+  public:
+    CalmSlider()
+        : QSlider(Qt::Horizontal) {
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus()) {
+            QSlider::wheelEvent(event);
         } else {
             event->ignore();
         }
@@ -188,9 +215,12 @@ QWidget* optionRow(std::initializer_list<Option*> elements) {
     return row;
 }
 
-QWidget* list(ListBox& element, int columns) {
+QWidget* list(ListBox& element, int columns, WheelUse wheel) {
     auto* view = new ListView;
     view->columns = columns;
+    view->wheel = wheel;
+    // The toolkit would give it the focus at the first notch of a wheel over it.
+    view->setFocusPolicy(Qt::StrongFocus);
     view->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     view->setMaxVisibleItems(20);
     auto* binding = new Binding(element, *view);
@@ -203,7 +233,7 @@ QWidget* list(ListBox& element, int columns) {
 }
 
 QWidget* slider(Slider& element) {
-    auto* bar = new QSlider(Qt::Horizontal);
+    auto* bar = new CalmSlider;
     auto* binding = new Binding(element, *bar);
     binding->followFocus();
     QObject::connect(bar, &QSlider::valueChanged, binding,

@@ -4,6 +4,7 @@
 #include "desktop/widgets/colours.h"
 #include "panels/common/control_word.h"
 
+#include <QCoreApplication>
 #include <QFontDatabase>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -39,6 +40,29 @@ class LineField : public QLineEdit {
 bool isEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
+
+/// Numbers have a decimal point; on many keyboards, and on the number pad of more, a comma sits in its place.
+class CommaKey : public QObject {
+  public:
+    explicit CommaKey(LineField& line)
+        : QObject(&line) {
+        line.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) {
+            return QObject::eventFilter(watched, event);
+        }
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        if (key.text() != QLatin1String(",")) {
+            return QObject::eventFilter(watched, event);
+        }
+        QKeyEvent point(QEvent::KeyPress, Qt::Key_Period, key.modifiers(), QStringLiteral("."),
+                        key.isAutoRepeat());
+        QCoreApplication::sendEvent(watched, &point);
+        return true;
+    }
+};
 
 /// The key that a locked field is asked about; 0 for one that only moves or copies.
 char typedKey(const QKeyEvent& key) {
@@ -231,7 +255,11 @@ QWidget* field(TextField& element, int columns) {
         line->setPalette(palette);
         line->setFocusPolicy(Qt::ClickFocus);
     }
-    bindLine(*line, element);
+    Binding& binding = bindLine(*line, element);
+    new CommaKey(*line);
+    auto showPlaceholder = [line, &element] { line->setPlaceholderText(toQt(element.placeholder())); };
+    binding.keep(element.changed.subscribe(showPlaceholder));
+    showPlaceholder();
     return line;
 }
 
