@@ -5,12 +5,17 @@
 
 #include "support/error.h"
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <utility>
+#include <vector>
 
+#include <climits>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -98,6 +103,42 @@ mode_t newFileMode() {
     return 0666 & ~mask;
 }
 
+constexpr std::string_view neighbourPrefix = ".zor-";
+constexpr std::string_view neighbourSuffix = "XXXXXX";
+
+/// The beginning of the name that a file is written under until it is whole: it has the file's own name in
+/// it, or as much of that as a name has room for.
+std::string neighbourHead(const std::string& name) {
+    constexpr std::size_t room = NAME_MAX - neighbourPrefix.size() - 1 - neighbourSuffix.size();
+    return std::string(neighbourPrefix) + name.substr(0, room) + "-";
+}
+
+/// A saving that was killed leaves its neighbour behind; the next one of that file takes it away. One that
+/// still works holds a lock on its own.
+void clearLeftovers(const std::filesystem::path& folder, const std::string& head) {
+    auto isNeighbour = [&head](std::string_view name) {
+        return name.size() == head.size() + neighbourSuffix.size() && name.starts_with(head) &&
+               std::all_of(name.begin() + static_cast<std::ptrdiff_t>(head.size()), name.end(),
+                           [](unsigned char c) { return std::isalnum(c) != 0; });
+    };
+    std::error_code failed;
+    std::vector<std::filesystem::path> leftovers;
+    for (std::filesystem::directory_iterator entry(folder, failed), end; !failed && entry != end;
+         entry.increment(failed)) {
+        if (isNeighbour(entry->path().filename().string())) {
+            leftovers.push_back(entry->path());
+        }
+    }
+    for (const std::filesystem::path& leftover : leftovers) {
+        Descriptor file(::open(leftover.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+        struct stat info = {};
+        bool plain = file.get() >= 0 && ::fstat(file.get(), &info) == 0 && S_ISREG(info.st_mode);
+        if (plain && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
+            ::unlink(leftover.c_str());
+        }
+    }
+}
+
 } // namespace
 
 std::string readFile(const std::filesystem::path& path, std::uintmax_t limit) {
@@ -154,12 +195,15 @@ void writeFileWhole(const std::filesystem::path& path, std::string_view bytes) {
     if (!std::filesystem::is_directory(folder, ignored)) {
         throw ToolError(pathNotFound);
     }
-    // A name of its own, as the file's may already be as long as a name can be.
-    std::string neighbour = (folder / ".zor-XXXXXX").string();
-    Descriptor file(::mkstemp(neighbour.data()));
+    std::string head = neighbourHead(target.filename().string());
+    clearLeftovers(folder, head);
+    std::string neighbour = (folder / head).string().append(neighbourSuffix);
+    Descriptor file(::mkostemp(neighbour.data(), O_CLOEXEC));
     if (file.get() < 0) {
         throw ToolError(errorOf(errno));
     }
+    // Says to other savings of the same file that this one is alive.
+    ::flock(file.get(), LOCK_EX | LOCK_NB);
     int failure = ::fchmod(file.get(), exists ? old.st_mode & 07777 : newFileMode()) != 0 ? errno : 0;
     if (failure == 0) {
         failure = writeAll(file.get(), bytes);

@@ -13,6 +13,8 @@
 #include <functional>
 #include <string>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -137,6 +139,31 @@ TEST_F(FileTest, ANameOfTheGreatestLengthIsWritten) {
     EXPECT_EQ(readFile(folder / name), "new");
     EXPECT_EQ(errorOf([&] { writeFileWhole(folder / (name + "n"), "new"); }), 75);
     EXPECT_EQ(entries(), 1U);
+}
+
+TEST_F(FileTest, WhatAKilledSavingLeftGoesWithTheNextSavingOfThatFile) {
+    put(folder / "ZOR.ini", "old");
+    put(folder / ".zor-ZOR.ini-a1B2c3", "ol");
+    put(folder / ".zor-ZOR.wsp-a1B2c3", "another file's");
+    put(folder / ".zor-ZOR.ini-notes.x", "no neighbour");
+    writeFileWhole(folder / "ZOR.ini", "new");
+    EXPECT_EQ(readFile(folder / "ZOR.ini"), "new");
+    EXPECT_FALSE(fs::exists(folder / ".zor-ZOR.ini-a1B2c3"));
+    EXPECT_TRUE(fs::exists(folder / ".zor-ZOR.wsp-a1B2c3"));
+    EXPECT_TRUE(fs::exists(folder / ".zor-ZOR.ini-notes.x"));
+    EXPECT_EQ(entries(), 3U);
+}
+
+TEST_F(FileTest, WhatAnotherProgramIsSavingStays) {
+    fs::path working = folder / ".zor-ZOR.ini-a1B2c3";
+    put(working, "half");
+    int other = ::open(working.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(other, LOCK_EX | LOCK_NB), 0);
+    writeFileWhole(folder / "ZOR.ini", "new");
+    EXPECT_TRUE(fs::exists(working));
+    ::close(other);
+    writeFileWhole(folder / "ZOR.ini", "new");
+    EXPECT_FALSE(fs::exists(working));
 }
 
 TEST_F(FileTest, AFullDiskLeavesTheOldFileWhole) {
