@@ -48,7 +48,18 @@ QString DemoBoard::start(const QStringList& arguments) {
         }
         line += process.readLine();
     }
+    startArguments = arguments;
+    started = true;
     return QString::fromLocal8Bit(line.trimmed());
+}
+
+QString DemoBoard::startAgain() {
+    hadEeprom = false;
+    QString terminal = start(startArguments);
+    if (!terminal.isEmpty() && !carried.isEmpty()) {
+        tell(carried);
+    }
+    return terminal;
 }
 
 void DemoBoard::tell(const QString& statement) {
@@ -58,14 +69,17 @@ void DemoBoard::tell(const QString& statement) {
 }
 
 void DemoBoard::mount(const QString& chip) {
-    tell(QStringLiteral("chip ") + chip);
+    carried = QStringLiteral("chip ") + chip;
+    tell(carried);
 }
 
 void DemoBoard::mountEeprom() {
+    carried = QStringLiteral("eeprom");
     process.write(std::exchange(hadEeprom, true) ? "eeprom again\n" : "eeprom\n");
 }
 
 void DemoBoard::stop() {
+    started = false;
     if (process.state() == QProcess::NotRunning) {
         return;
     }

@@ -3,6 +3,7 @@
 
 #include <QProcess>
 #include <QString>
+#include <QStringList>
 
 namespace zor {
 
@@ -22,6 +23,11 @@ class DemoBoard {
     /// @return the terminal's path; empty if it cannot be started
     [[nodiscard]] QString start(const QStringList& arguments = {QStringLiteral("--kind"),
                                                                 QStringLiteral("lb2")});
+    /// It ended without being told to.
+    [[nodiscard]] bool died() const { return started && process.state() == QProcess::NotRunning; }
+    /// Starts it anew as it was started first, with the chip that it carried last.
+    /// @return the terminal's path; empty if it cannot be started
+    [[nodiscard]] QString startAgain();
     /// Gives it a statement of the bench ("status 5F").
     void tell(const QString& statement);
     /// Mounts the radio chip of that name ("kt1100"), as an engineer does before opening its panel.
@@ -33,6 +39,9 @@ class DemoBoard {
 
   private:
     QProcess process;
+    QStringList startArguments;
+    QString carried;
+    bool started = false;
     bool hadEeprom = false;
 };
 

@@ -13,6 +13,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPixmap>
+#include <QTemporaryFile>
 
 #include <algorithm>
 #include <set>
@@ -37,8 +38,12 @@ DemoTour::DemoTour(MainWindow& mainForm, DesktopWindow& mainWindow, const QDir& 
     , prefix(std::move(filePrefix))
     , boxCloser(mainForm.loop(), [this] { closeBoxes(); }) {}
 
+bool DemoTour::canWriteTo(const QDir& folder) {
+    QTemporaryFile trial(folder.filePath(QStringLiteral("XXXXXX.png")));
+    return folder.mkpath(QStringLiteral(".")) && trial.open();
+}
+
 void DemoTour::play() {
-    folder.mkpath(QStringLiteral("."));
     boxCloser.start(200ms);
     settle(300ms);
     takePicture(QStringLiteral("start"));
@@ -94,7 +99,9 @@ void DemoTour::takePicture(const QString& name) {
             painter.drawRect(place.adjusted(-1, -1, 0, 0));
         }
     }
-    picture.save(folder.filePath(prefix + name + QStringLiteral(".png")));
+    if (!picture.save(folder.filePath(prefix + name + QStringLiteral(".png")))) {
+        hasFailed = true;
+    }
 }
 
 std::vector<Form*> DemoTour::openForms() const {

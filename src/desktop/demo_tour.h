@@ -27,6 +27,10 @@ class DemoTour {
 
     /// Runs it from the program's start to its end, and closes the program.
     void play();
+    /// A picture could not be written.
+    [[nodiscard]] bool failed() const { return hasFailed; }
+    /// Makes the folder if it is missing and tries it.
+    [[nodiscard]] static bool canWriteTo(const QDir& folder);
 
   private:
     void settle(std::chrono::milliseconds time);
@@ -55,6 +59,7 @@ class DemoTour {
     DesktopWindow& window;
     QDir folder;
     QString prefix;
+    bool hasFailed = false;
     Timer boxCloser;
 };
 

@@ -10,13 +10,17 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
+#include <QUrl>
 
 #include <cmath>
 #include <utility>
@@ -43,6 +47,7 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm)
     statusBar()->addWidget(label(main.Notice), 1);
     statusBar()->addPermanentWidget(button(main.Undo));
     statusBar()->addPermanentWidget(button(main.linkBar.Reconnect));
+    setAcceptDrops(true);
     colourArea();
     new QShortcut(QKeySequence(Qt::Key_F6), this, [this] { changePane(); });
 
@@ -130,6 +135,25 @@ void DesktopWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && mdi != nullptr) {
         colourArea();
     }
+}
+
+/// A file of a chip, dragged here from the desktop.
+void DesktopWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls.constFirst().isLocalFile() && main.acceptsUser()) {
+        event->acceptProposedAction();
+    }
+}
+
+void DesktopWindow::dropEvent(QDropEvent* event) {
+    std::string path = fromQt(event->mimeData()->urls().constFirst().toLocalFile());
+    event->acceptProposedAction();
+    // Behind the drop: what the loading asks or says must not hold up the program that the file comes from.
+    QTimer::singleShot(0, this, [this, path] {
+        if (main.acceptsUser()) {
+            main.perform([this, &path] { main.openFile(path); });
+        }
+    });
 }
 
 /// The room behind the inner windows lies a shade deeper than they do.

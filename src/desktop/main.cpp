@@ -18,11 +18,15 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <string_view>
 
 namespace {
@@ -35,6 +39,29 @@ struct Switches {
     bool exitWhenShown = false;
     QString pictures;
     std::optional<zor::Scheme> scheme;
+    /// A serial device to offer first.
+    QString port;
+    /// A chip's configuration file to open.
+    QString file;
+    /// What the simulated board is to be like.
+    QStringList board;
+};
+
+/// Options of the simulated board that the demo takes over, by the same names.
+struct BoardOption {
+    const char* name;
+    const char* value;
+    const char* meaning;
+};
+constexpr std::array boardOptions = {
+    BoardOption{"kind", "KIND", "With --demo: the board, lb1, lb2 (the default), loader, monitor or silent."},
+    BoardOption{"delay", "MS", "With --demo: every answer comes so much later."},
+    BoardOption{"mute-after", "N", "With --demo: nothing is said after N answers."},
+    BoardOption{"refuse", "LINE", "With --demo: the next such line is refused; may stand several times."},
+    BoardOption{"refusal-rate", "RATE", "With --demo: chance, 0 to 1, that a success is told as a refusal."},
+    BoardOption{"noise", "RATE", "With --demo: chance, 0 to 1, of garbage in front of each character."},
+    BoardOption{"split", "N", "With --demo: answers come in pieces of N characters."},
+    BoardOption{"seed", "N", "With --demo: the same seed gives the same faults."},
 };
 
 Switches readSwitches(const QCoreApplication& application) {
@@ -60,12 +87,43 @@ Switches readSwitches(const QCoreApplication& application) {
     QCommandLineOption exitWhenShown(
         QStringLiteral("exit-when-shown"),
         QStringLiteral("End as soon as the window is painted; for measuring the start."));
-    parser.addOptions({demo, light, dark, play, exitWhenShown});
+    QCommandLineOption port(QStringLiteral("port"),
+                            QStringLiteral("Offer this serial device as the first port, for example "
+                                           "/dev/ttyUSB3 or a name in /dev/serial/by-id."),
+                            QStringLiteral("PATH"));
+    parser.addOptions({demo, port, light, dark, play, exitWhenShown});
+    for (const BoardOption& option : boardOptions) {
+        parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.meaning),
+                          QString::fromLatin1(option.value)});
+    }
+    parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        QStringLiteral("A chip's configuration file (.tc, .tc1, .tc2, .rc, .rc2, .trc, "
+                       ".lrc): its panel is opened with it."),
+        QStringLiteral("[FILE]"));
     parser.process(application);
     Switches switches;
+    switches.port = parser.value(port);
+    for (const BoardOption& option : boardOptions) {
+        for (const QString& value : parser.values(QString::fromLatin1(option.name))) {
+            switches.board << QStringLiteral("--") + QString::fromLatin1(option.name) << value;
+        }
+    }
+    if (parser.positionalArguments().size() > 1) {
+        std::fputs("zor: only one file can be opened at a time\n", stderr);
+        std::exit(2);
+    }
+    switches.file = parser.positionalArguments().value(0);
     switches.pictures = parser.value(play);
     switches.exitWhenShown = parser.isSet(exitWhenShown);
     switches.demo = parser.isSet(demo) || !switches.pictures.isEmpty();
+    if (!switches.demo && !switches.board.isEmpty()) {
+        std::fprintf(stderr, "zor: %s needs --demo\n", switches.board.constFirst().toLocal8Bit().constData());
+        std::exit(2);
+    }
+    if (!switches.board.contains(QStringLiteral("--kind"))) {
+        switches.board << QStringLiteral("--kind") << QStringLiteral("lb2");
+    }
     if (parser.isSet(dark)) {
         switches.scheme = zor::Scheme::Dark;
     } else if (parser.isSet(light)) {
@@ -110,22 +168,39 @@ int main(int argc, char** argv) {
         QApplication::setPalette(schemePalette(*switches.scheme));
     }
 
+    if (!switches.pictures.isEmpty() && !DemoTour::canWriteTo(QDir(switches.pictures))) {
+        std::fprintf(stderr, "zor: pictures cannot be written to %s\n",
+                     switches.pictures.toLocal8Bit().constData());
+        return 1;
+    }
     SerialDevices devices;
+    if (!switches.port.isEmpty()) {
+        devices.putFirst(fromQt(switches.port));
+    }
     DemoBoard board;
+    std::string demoTerminal;
     if (switches.demo) {
         board.farEnd = switches.farEnd;
         // The tour shows what goes over the wire, and a chip that has something to say.
         QString terminal =
             switches.pictures.isEmpty()
-                ? board.start()
-                : board.start({QStringLiteral("--kind"), QStringLiteral("lb2"), QStringLiteral("--status"),
-                               QStringLiteral("46,C1"), QStringLiteral("--irq"), QStringLiteral("low"),
-                               QStringLiteral("--trace")});
+                ? board.start(switches.board)
+                : board.start(switches.board << QStringLiteral("--status") << QStringLiteral("46,C1")
+                                             << QStringLiteral("--irq") << QStringLiteral("low")
+                                             << QStringLiteral("--trace"));
         if (terminal.isEmpty()) {
             std::fputs("zor: the simulated board cannot be started\n", stderr);
             return 1;
         }
-        devices.addDevice(fromQt(terminal), "LoadBoard");
+        demoTerminal = fromQt(terminal);
+        devices.addDevice(demoTerminal, "LoadBoard");
+        devices.beforeNumbering = [&] {
+            if (board.died()) {
+                std::string fresh = fromQt(board.startAgain());
+                devices.moveDevice(demoTerminal, fresh);
+                demoTerminal = fresh;
+            }
+        };
     }
 
     QtLoop loop;
@@ -145,6 +220,8 @@ int main(int argc, char** argv) {
         .userFolder = fromQt(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
         .startDatabase = fromQt(
             QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../Registers/ZOR.db"))),
+        .documentFolder = fromQt(QDir::cleanPath(
+            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../Documentation")))),
         .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',
     };
     Desk desk(loop);
@@ -169,9 +246,20 @@ int main(int argc, char** argv) {
         QTimer::singleShot(0, [&] { loop.perform([&] { tour.play(); }); });
     }
     // Closing during the start-up ends the program too; there is nothing to run then.
-    loop.perform([&] { main.start(); });
+    loop.perform([&] {
+        main.start();
+        if (!switches.file.isEmpty()) {
+            main.openFile(fromQt(QFileInfo(switches.file).absoluteFilePath()));
+        }
+    });
     if (switches.exitWhenShown) {
         new FirstPaint(desktopWindow, [&] { main.userClose(); });
     }
-    return loop.leaving() ? 0 : QApplication::exec();
+    int ending = loop.leaving() ? 0 : QApplication::exec();
+    if (tour.failed()) {
+        std::fprintf(stderr, "zor: a picture could not be written to %s\n",
+                     switches.pictures.toLocal8Bit().constData());
+        return 1;
+    }
+    return ending;
 }

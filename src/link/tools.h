@@ -31,6 +31,7 @@ enum class Tool {
     frm_VireoMacSniffer,
     frm_TxSearch,
     frm_WireLog,
+    frm_Guide,
 };
 
 /// Opens and closes the tools for those who may not know them: panels, other tools, the link. One window a

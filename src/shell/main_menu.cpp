@@ -7,6 +7,7 @@ MainMenu::MainMenu(Form& main)
     : File(main, nullptr, "File", "File")
     , mnuSaveWorkspace(main, &File, "mnuSaveWorkspace", "Save workspace")
     , mnuFilePreferences(main, &File, "mnuFilePreferences", "&Preferences...")
+    , recent(main, File)
     , mnuFileExit(main, &File, "mnuFileExit", "Exit")
     , View(main, nullptr, "View", "View")
     , mnuViewTx0(main, &View, "mnuViewTx0", "KT1100 (Transmitter) control panel")
@@ -19,6 +20,7 @@ MainMenu::MainMenu(Form& main)
     , mnuViewTRxBijaku(main, &View, "mnuViewTRxBijaku", "KT3100B (Transceiver) control panel")
     , mnuViewTopazTRx(main, &View, "mnuViewTopazTRx", "KT3101 (Transceiver) control panel")
     , mnuViewToolbar(main, &View, "mnuViewToolbar", "Toolbar")
+    , panel(main)
     , Tools(main, nullptr, "Tools", "Tools")
     , mnutoolsTerminal(main, &Tools, "mnutoolsTerminal", "Terminal Window")
     , EETools(main, &Tools, "EETools", "Standalone Transmitter tools")
@@ -41,8 +43,10 @@ MainMenu::MainMenu(Form& main)
     , mnutoolsTxSearch(main, &mnuAdv, "mnutoolsTxSearch", "Transmitter Auto Search")
     , mnutoolsSniffer(main, &Tools, "mnutoolsSniffer", "VireoMac Packet Sniffer")
     , mnutoolsWireLog(main, &Tools, "mnutoolsWireLog", "Wire Log")
+    , windows(main)
     , Help(main, nullptr, "Help", "Help")
     , mnuHelpSWguide(main, &Help, "mnuHelpSWguide", "ZOR Software Guide")
+    , mnuHelpWindow(main, &Help, "mnuHelpWindow", "Help on the window in front")
     , mnuHelp1100DS(main, &Help, "mnuHelp1100DS", "KT1100 datatsheet")
     , mnuHelp2100DS(main, &Help, "mnuHelp2100DS", "KT2100 datatsheet")
     , mnuHelpBrowseDoc(main, &Help, "mnuHelpBrowseDoc", "Browse documents ...")
@@ -50,6 +54,12 @@ MainMenu::MainMenu(Form& main)
     , mnuHelpProducts(main, &Help, "mnuHelpProducts", "Supported Products ...")
     , mnuHelpAbout(main, &Help, "mnuHelpAbout", "About") {
     mnuViewToolbar.setChecked(true);
+    mnutoolsWireLog.setShortcut("Ctrl+L");
+    mnuHelpWindow.setShortcut("F1");
+    for (MenuEntry* entry : {&recent.mnuRecent, &mnuFileExit, &mnuViewRx, &mnuViewTRx, &mnuViewToolbar,
+                             &EETools, &mnuAdv, &mnuHelp1100DS, &mnuHelpBrowseDoc, &mnuHelpProducts}) {
+        entry->setBeginsSection(true);
+    }
     mnuAdv.setVisible(false);
     mnuload.setVisible(false);
 

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "elements/menu.h"
+#include "shell/panel_menu.h"
+#include "shell/recent_menu.h"
+#include "shell/window_menu.h"
 
 namespace zor {
 
@@ -13,6 +16,7 @@ struct MainMenu {
     MenuEntry File;
     MenuEntry mnuSaveWorkspace;
     MenuEntry mnuFilePreferences;
+    RecentMenu recent;
     MenuEntry mnuFileExit;
 
     MenuEntry View;
@@ -26,6 +30,8 @@ struct MainMenu {
     MenuEntry mnuViewTRxBijaku;
     MenuEntry mnuViewTopazTRx;
     MenuEntry mnuViewToolbar;
+
+    PanelMenu panel;
 
     MenuEntry Tools;
     MenuEntry mnutoolsTerminal;
@@ -50,8 +56,11 @@ struct MainMenu {
     MenuEntry mnutoolsSniffer;
     MenuEntry mnutoolsWireLog;
 
+    WindowMenu windows;
+
     MenuEntry Help;
     MenuEntry mnuHelpSWguide;
+    MenuEntry mnuHelpWindow;
     MenuEntry mnuHelp1100DS;
     MenuEntry mnuHelp2100DS;
     MenuEntry mnuHelpBrowseDoc;

@@ -4,8 +4,10 @@
 #include "panels/common/chip_panel.h"
 
 #include "shell/settings.h"
+#include "utilities/guide.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace zor {
 
@@ -72,6 +74,8 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     ownBench.recentFiles.restore(readRecentFiles(platform));
     listen(ownBench.recentFiles.changed,
            [this] { writeRecentFiles(ownBench.platform, ownBench.recentFiles.all()); });
+    listen(ownBench.recentFiles.changed, [this] { menu.recent.show(ownBench.recentFiles); });
+    linkBar.Connect.setShortcut("F9");
     wireMenu();
     wireLink();
 }
@@ -112,13 +116,21 @@ void MainWindow::wireMenu() {
          {Tool::SPI, Tool::Frm_GenHeader, Tool::frm_VireoMacSniffer, Tool::frm_TxSearch, Tool::frm_WireLog}) {
         (menu.*rowOf(tool).entry).setEnabled(tools.exists(tool));
     }
-    wire(menu.mnuHelpSWguide, [] {});
-    wire(menu.mnuHelp1100DS, [] {});
-    wire(menu.mnuHelp2100DS, [] {});
+    wire(menu.mnuHelpSWguide, [this] { openGuide({}); });
+    wire(menu.mnuHelpWindow, [this] {
+        const Form* front = desk().front();
+        openGuide(front == nullptr ? std::string() : front->name());
+    });
+    wire(menu.mnuHelp1100DS, [this] { openDataSheet("KT1100"); });
+    wire(menu.mnuHelp2100DS, [this] { openDataSheet("KT2100"); });
     wire(menu.mnuHelpBrowseDoc, [this] { browse("Documentation", "Browse documentation "); });
     wire(menu.mnuHelpBrowseEx, [this] { browse("Examples", "Browse examples"); });
     wire(menu.mnuHelpProducts, [this] { tools.openProducts(); });
     wire(menu.mnuHelpAbout, [this] { tools.openAbout(extent()); });
+    menu.recent.onOpen = [this](const std::string& path) { openFile(path); };
+    menu.recent.show(ownBench.recentFiles);
+    menu.panel.wire(ownBench);
+    listen(menu.windows.changed, [this] { menu.panel.refresh(ownBench); });
     onDoubleClick = [this] { factoryGesture(); };
 }
 
@@ -205,6 +217,63 @@ void MainWindow::EnablePanelButtons(bool flag) {
           static_cast<Element*>(&menu.View), static_cast<Element*>(&menu.Tools)}) {
         element->setEnabled(flag);
     }
+    if (flag && !waitingFile.empty()) {
+        openFile(std::exchange(waitingFile, {}));
+    }
+}
+
+void MainWindow::openFile(const std::string& path) {
+    tools.close(Tool::frm_Splash);
+    if (!menu.View.active()) {
+        // The panels cannot be used yet; the file is opened as soon as they can.
+        waitingFile = path;
+        if (link.state() == LinkState::Choosing) {
+            tellWaitingFile();
+        }
+        return;
+    }
+    try {
+        registry.openConfiguration(path);
+    } catch (const ToolError& error) {
+        ownBench.tellFileError(error, "File open error");
+    }
+    std::error_code unknown;
+    if (!std::filesystem::exists(path, unknown)) {
+        ownBench.recentFiles.forget(path);
+    }
+}
+
+void MainWindow::tellWaitingFile() {
+    foot.say(std::filesystem::path(waitingFile).filename().string() +
+             " will be opened once a board is chosen.");
+}
+
+void MainWindow::openGuide(const std::string& window) {
+    tools.open(Tool::frm_Guide);
+    if (auto* guide = dynamic_cast<Guide*>(tools.find(Tool::frm_Guide))) {
+        guide->showWindow(window);
+    }
+}
+
+void MainWindow::openDataSheet(const std::string& chip) {
+    // The folder that documents are browsed in; any file that begins with the chip's name is its data sheet.
+    std::filesystem::path folder = documentsBesideTheProgram();
+    std::error_code failed;
+    for (std::filesystem::directory_iterator entry(folder, failed), end; !failed && entry != end;
+         entry.increment(failed)) {
+        std::string name = entry->path().filename().string();
+        if (name.starts_with(chip) && kindOfFile(name) == "pdf") {
+            if (!ownBench.platform.surroundings.openDocument(entry->path())) {
+                foot.say("There is no program to open " + entry->path().string() + " with.");
+            }
+            return;
+        }
+    }
+    foot.say("Put the data sheet into " + folder.string() + " as " + chip + ".pdf.");
+}
+
+std::filesystem::path MainWindow::documentsBesideTheProgram() const {
+    return (ownBench.platform.programFolder / ".." / "Documentation").lexically_normal();
 }
 
 std::string MainWindow::standingNotice() const {
@@ -247,6 +316,8 @@ void MainWindow::searchFinished() {
     }
     if (linkBar.LoadboardList.entries().size() == 1) {
         linkBar.LoadboardList.select(0);
+    } else if (!waitingFile.empty()) {
+        tellWaitingFile();
     }
 }
 

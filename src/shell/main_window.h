@@ -21,6 +21,7 @@
 #include "shell/tool_windows.h"
 #include "shell/workspace.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -62,6 +63,9 @@ class MainWindow : public Form {
     LinkBar linkBar;
     MainMenu menu;
 
+    /// Opens a chip's configuration file in the chip's panel, now or as soon as panels can be used.
+    void openFile(const std::string& path);
+
     void Connect_Click();
     void Disconnect_Click();
 
@@ -88,6 +92,11 @@ class MainWindow : public Form {
     [[nodiscard]] std::string standingNotice() const;
     /// What the last search could not open, and why; empty if it could open all.
     [[nodiscard]] std::string unopenedDevices() const;
+    void tellWaitingFile();
+    /// @param window  the form that the guide is to tell of; its beginning if empty
+    void openGuide(const std::string& window);
+    void openDataSheet(const std::string& chip);
+    [[nodiscard]] std::filesystem::path documentsBesideTheProgram() const;
     void showDevice();
     void offerUndo(const std::string& chip);
     void nameUndo();
@@ -117,6 +126,8 @@ class MainWindow : public Form {
     /// What was said when Undo was offered, and the chip that it brings back.
     std::string discardedNotice;
     std::string discardedChip;
+    /// Asked for while panels could not be used.
+    std::string waitingFile;
     std::vector<Subscription> subscriptions;
     Subscription registerToolEnding;
     Subscription naming;

@@ -29,6 +29,18 @@ void closeTools(const Bench& bench, const std::vector<Tool>& tools) {
     }
 }
 
+/// Sets a mark for as long as it lives.
+struct Marked {
+    bool& mark;
+    explicit Marked(bool& ownMark)
+        : mark(ownMark) {
+        mark = true;
+    }
+    ~Marked() { mark = false; }
+    Marked(const Marked&) = delete;
+    Marked& operator=(const Marked&) = delete;
+};
+
 } // namespace
 
 struct PanelRegistry::Slot {
@@ -239,7 +251,8 @@ ChipPanel& PanelRegistry::ensure(Slot& slot) {
     slot.ending = slot.panel->closed.subscribe([this, &slot] { panelClosed(slot); });
     ChipPanel& panel = *slot.panel;
     try {
-        panel.load(restoring ? ChipPanel::AutoLoad::Never : ChipPanel::AutoLoad::AsPreferred);
+        bool asks = !restoring && !fileIsChosen;
+        panel.load(asks ? ChipPanel::AutoLoad::AsPreferred : ChipPanel::AutoLoad::Never);
         slot.loaded = std::make_unique<PanelMemory>(panel);
         if (restoring) {
             // The file's lines bring shared values too; those are of now, not of then.
@@ -331,6 +344,46 @@ void PanelRegistry::forgetDiscarded(const Slot& slot) {
     }
 }
 
+namespace {
+
+const PanelRow* rowOfFile(const std::string& path) {
+    const std::vector<PanelRow>& rows = panelRows();
+    auto row = std::find_if(rows.begin(), rows.end(), [kind = kindOfFile(path)](const PanelRow& candidate) {
+        return candidate.fileKind == kind;
+    });
+    return row == rows.end() ? nullptr : &*row;
+}
+
+const PanelChoice& plainChoiceOf(std::string_view panel) {
+    return *std::find_if(panelChoices().begin(), panelChoices().end(), [panel](const PanelChoice& choice) {
+        return choice.panel == panel && choice.variant == Variant::Plain;
+    });
+}
+
+} // namespace
+
+std::string PanelRegistry::chipOfFile(const std::string& path) {
+    const PanelRow* row = rowOfFile(path);
+    return row == nullptr ? std::string() : plainChoiceOf(row->name).caption;
+}
+
+void PanelRegistry::openConfiguration(const std::string& path) {
+    const PanelRow* row = rowOfFile(path);
+    if (row == nullptr) {
+        throw ToolError(unsupported, "Incorrect extension");
+    }
+    Slot& slot = slotOf(row->name);
+    if (slot.panel != nullptr && slot.panel->isOpen()) {
+        slot.panel->show();
+    } else {
+        Marked chosen(fileIsChosen);
+        choose(plainChoiceOf(row->name));
+    }
+    if (slot.panel != nullptr && slot.panel->isOpen()) {
+        slot.panel->loadFile(path);
+    }
+}
+
 void PanelRegistry::restoreDiscarded() {
     if (discarded == nullptr) {
         return;
@@ -343,14 +396,7 @@ void PanelRegistry::restoreDiscarded() {
             remember(choice);
         }
     }
-    struct Restoring {
-        bool& mark;
-        explicit Restoring(bool& ownMark)
-            : mark(ownMark) {
-            mark = true;
-        }
-        ~Restoring() { mark = false; }
-    } restoring(restoresNext);
+    Marked restoring(restoresNext);
     TogglePanel(slot.row.name, false);
     undoLost.emit();
 }

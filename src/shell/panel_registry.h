@@ -54,6 +54,12 @@ class PanelRegistry {
     /// Brings the panel that was discarded last back as it was.
     void restoreDiscarded();
 
+    /// The chip whose files have that extension, its case aside; empty if there is none.
+    [[nodiscard]] static std::string chipOfFile(const std::string& path);
+    /// Opens the panel of such a file, if it is not open, and loads the file. A chip's regional variant stays
+    /// if it is the open one.
+    void openConfiguration(const std::string& path);
+
     void EEPROM_show();
     void EEPROM_hide();
 
@@ -95,6 +101,8 @@ class PanelRegistry {
     Subscription eepromMaking;
     Subscription eepromEnding;
     std::unique_ptr<Discarded> discarded;
+    /// The next panel to be made gets a file that is chosen already.
+    bool fileIsChosen = false;
     /// The next panel to be made is the discarded one.
     bool restoresNext = false;
     bool leaving = false;

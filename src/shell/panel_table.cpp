@@ -64,13 +64,13 @@ const std::vector<PanelRow>& panelRows() {
     constexpr auto transceiver = ChipClass::Transceiver;
     // clang-format off
     static const std::vector<PanelRow> rows = {
-        {"OpalV2",    &WindowSwitches::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>},
-        {"JadeV1",    &WindowSwitches::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>},
-        {"KT1102",    &WindowSwitches::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>},
-        {"AmberV1",   &WindowSwitches::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    make<AmberV1>},
-        {"Coral",     &WindowSwitches::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    make<Coral>},
-        {"BerylV3",   &WindowSwitches::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>},
-        {"FRM_Topaz", &WindowSwitches::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), make<FRM_Topaz>},
+        {"OpalV2",    &WindowSwitches::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>,    "tc"},
+        {"JadeV1",    &WindowSwitches::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>,    "tc1"},
+        {"KT1102",    &WindowSwitches::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>,    "tc2"},
+        {"AmberV1",   &WindowSwitches::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    make<AmberV1>,   "rc"},
+        {"Coral",     &WindowSwitches::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    make<Coral>,     "rc2"},
+        {"BerylV3",   &WindowSwitches::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>,   "trc"},
+        {"FRM_Topaz", &WindowSwitches::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), make<FRM_Topaz>, "lrc"},
     };
     // clang-format on
     return rows;

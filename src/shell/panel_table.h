@@ -36,6 +36,8 @@ struct PanelRow {
     PanelTools tools;
     /// nullptr for a panel that does not exist: its entries stay disabled.
     std::unique_ptr<ChipPanel> (*make)(Bench&);
+    /// The extension of its configuration files, without the point.
+    const char* fileKind;
 };
 
 enum class Variant { Plain, Bijaku };

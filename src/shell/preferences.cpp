@@ -45,6 +45,7 @@ Preferences::Preferences(Bench& ownBench, MenuEntry& firmwareLoader)
     , UpDown2(*this, "UpDown2")
     , LoadWS(*this, "LoadWS", "Load workspace on startup", ownBench.preferences.Pref_LoadWS == 1)
     , CCautoLoad(*this, "CCautoLoad", "Load chip configuration:", ownBench.preferences.Pref_CCautoLoad == 1)
+    , CCautoLoadRemark(*this, "CCautoLoadRemark", "a file dialog opens with each panel")
     , EnLB_FWload(*this, "EnLB_FWload", "Enable LoadBoard Frimware loading", firmwareLoader.visible())
     , ReconnectByItself(*this, "ReconnectByItself", "Reconnect by itself",
                         ownBench.preferences.ReconnectByItself)
@@ -62,6 +63,8 @@ Preferences::Preferences(Bench& ownBench, MenuEntry& firmwareLoader)
     ComNr_max.setTip("Last port of the search, 0 to 16");
     LoadWS.setTip("Opens the windows of the saved workspace at the start");
     CCautoLoad.setTip("A chip panel asks for its configuration file as it opens");
+    CCautoLoadRemark.setContainer(&CCautoLoad);
+    showDevices();
     ReconnectByItself.setTip("Takes a board that was pulled out up again as soon as it is back");
     EnLB_FWload.setTip("Shows the entry of the firmware loader; acts at once");
 
@@ -78,6 +81,20 @@ Preferences::Preferences(Bench& ownBench, MenuEntry& firmwareLoader)
     Save.onClick = [this] { Save_Click(); };
     Exit.onClick = [this] { close(); };
     TabStrip1_Click();
+}
+
+/// Which device each port number stands for, as far as there is one.
+void Preferences::showDevices() {
+    std::string devices;
+    for (int port = 1; port <= highestPort; ++port) {
+        std::string device = bench.platform.ports.devicePath(port);
+        if (!device.empty()) {
+            devices += (devices.empty() ? "" : "\n") + std::to_string(port) + ": " + device;
+        }
+    }
+    std::string hint = devices.empty() ? "No serial port was found at the last search" : devices;
+    ComNr_min.setHint(hint);
+    ComNr_max.setHint(hint);
 }
 
 void Preferences::TabStrip1_Click() {

@@ -37,6 +37,7 @@ class Preferences : public Form {
 
     TickBox LoadWS;
     TickBox CCautoLoad;
+    Label CCautoLoadRemark;
 
     TickBox EnLB_FWload;
     /// Of this program's own: kept in a file beside ZOR.ini.
@@ -47,6 +48,7 @@ class Preferences : public Form {
 
   private:
     void TabStrip1_Click();
+    void showDevices();
     void stepFirst(int step);
     void stepLast(int step);
     void Save_Click();

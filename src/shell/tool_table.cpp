@@ -15,6 +15,7 @@
 #include "rftools/test_functions.h"
 #include "shell/about.h"
 #include "utilities/firm_load.h"
+#include "utilities/guide.h"
 #include "utilities/mac_sniffer.h"
 #include "utilities/power_supply.h"
 #include "utilities/terminal.h"
@@ -66,6 +67,7 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::frm_VireoMacSniffer,    "frm_VireoMacSniffer",    &Switch::VireoMacSnifferOn, &Menu::mnutoolsSniffer,       make<MacSniffer>},
         {Tool::frm_TxSearch,           "frm_TxSearch",           nullptr,                   &Menu::mnutoolsTxSearch,       make<TxSearch>},
         {Tool::frm_WireLog,            "frm_WireLog",            nullptr,                   &Menu::mnutoolsWireLog,        make<WireLog>},
+        {Tool::frm_Guide,              "frm_Guide",              nullptr,                   nullptr,                       make<Guide>},
     };
     // clang-format on
     return rows;

@@ -149,6 +149,10 @@ void PowerSupply::PB_Current_Click() {
 }
 
 void PowerSupply::readCurrent() {
+    // What it was stays readable until the new figure is there.
+    if (!Current.text().empty()) {
+        Current.setPlaceholder(Current.text());
+    }
     Current.setText("");
     Connect& connect = *bench.connect;
     connect.Send_To_LoadBoard(std::string(command::highCurrentRange));
@@ -170,6 +174,7 @@ void PowerSupply::readCurrent() {
         CurUnit.setCaption("uA");
     }
     Current.setText(figure.text);
+    Current.setPlaceholder({});
 }
 
 void PowerSupply::ContRead_Click() {

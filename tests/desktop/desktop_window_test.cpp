@@ -294,7 +294,7 @@ TEST(DesktopWindow, TheMenusHaveTheirKeys) {
     for (const QAction* menu : program.window.menuBar()->actions()) {
         captions += menu->text();
     }
-    EXPECT_EQ(captions, (QStringList{"&File", "&View", "&Tools", "&Help"}));
+    EXPECT_EQ(captions, (QStringList{"&File", "&View", "&Panel", "&Tools", "&Window", "&Help"}));
 }
 
 TEST(DesktopWindow, ShowsEveryElementOfTheMainForm) {

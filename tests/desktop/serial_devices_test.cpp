@@ -82,6 +82,27 @@ TEST_F(Machine, ADeviceAddedByHandIsTheFirstPort) {
     EXPECT_EQ(all.path(0), "");
 }
 
+TEST_F(Machine, APreferredDeviceIsTheFirstPortUnderWhateverName) {
+    addUsb("ttyUSB0", "1", "2", "Converter");
+    addUsb("ttyUSB1", "1", "3", "Converter");
+    fs::create_symlink(root / "dev/ttyUSB1", root / "dev/by-id");
+    SerialDevices all = devices();
+    all.putFirst(root / "dev/by-id");
+    EXPECT_EQ(names(all), (std::vector<std::string>{"ttyUSB1", "ttyUSB0"}));
+    EXPECT_EQ(all.path(1), (root / "dev/ttyUSB1").string());
+    all.putFirst("/dev/somewhere");
+    EXPECT_EQ(names(all), (std::vector<std::string>{"somewhere", "ttyUSB0", "ttyUSB1"}));
+}
+
+TEST_F(Machine, WhatWasAddedMayMoveBeforeItIsNumberedAgain) {
+    SerialDevices all = devices();
+    all.addDevice("/dev/pts/7", "LoadBoard");
+    all.beforeNumbering = [&] { all.moveDevice("/dev/pts/7", "/dev/pts/8"); };
+    EXPECT_EQ(all.path(1), "/dev/pts/7");
+    all.renumber();
+    EXPECT_EQ(all.path(1), "/dev/pts/8");
+}
+
 TEST_F(Machine, ANumberMeansTheSameDeviceUntilTheNextNumbering) {
     addUsb("ttyUSB0", "1", "2", "Converter");
     addUsb("ttyUSB1", "1", "3", "Converter");

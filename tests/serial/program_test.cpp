@@ -39,6 +39,26 @@ TEST_F(Connection, ABoardIsFoundAndConnectedWithoutAClick) {
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
+TEST_F(Connection, ConnectStartsABoardThatDiedAnew) {
+    start();
+    ASSERT_TRUE(connected());
+    board.mount("kt3100");
+    std::string terminal = devices.path(1);
+    devices.beforeNumbering = [&] {
+        if (board.died()) {
+            std::string fresh = board.startAgain().toStdString();
+            devices.moveDevice(terminal, fresh);
+            terminal = fresh;
+        }
+    };
+    board.tell("quit");
+    ASSERT_TRUE(wait([this] { return main->linkBar.Connect.enabled(); }));
+    dialogs.boxes.clear();
+    loop.perform([this] { main->linkBar.Connect.click(); });
+    ASSERT_TRUE(connected());
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
+
 TEST_F(Connection, AnExchangeEndsInThePrompt) {
     start({"--status", "5F"});
     ASSERT_TRUE(connected());

@@ -101,6 +101,19 @@ void SerialDevices::addDevice(std::string path, std::string description) {
     renumber();
 }
 
+void SerialDevices::moveDevice(const std::string& from, const std::string& to) {
+    for (SerialDevice& device : added) {
+        if (device.path == from) {
+            device.path = to;
+        }
+    }
+}
+
+void SerialDevices::putFirst(const fs::path& path) {
+    first = path;
+    renumber();
+}
+
 std::vector<SerialDevice> SerialDevices::scan() const {
     std::vector<std::string> names;
     std::error_code unreadable;
@@ -122,6 +135,17 @@ std::vector<SerialDevice> SerialDevices::scan() const {
         SerialDevice device{(devices / name).string(), {}, 0, {}};
         describe(device, classes / name);
         found.push_back(std::move(device));
+    }
+    if (!first.empty()) {
+        std::error_code missing;
+        auto there = std::find_if(found.begin(), found.end(), [&](const SerialDevice& device) {
+            return device.path == first || fs::equivalent(device.path, first, missing);
+        });
+        if (there == found.end()) {
+            found.insert(found.begin(), SerialDevice{first.string(), {}, 0, {}});
+        } else {
+            std::rotate(found.begin(), there, there + 1);
+        }
     }
     return found;
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,10 +33,23 @@ class SerialDevices {
     /// Offers a device that the kernel does not list, in front of all others.
     void addDevice(std::string path, std::string description);
 
+    /// A device that was added by hand is under another path from now on.
+    void moveDevice(const std::string& from, const std::string& to);
+    /// Offers the device of that path in front of all others, by whatever name the path leads to it; one that
+    /// the kernel does not list is added.
+    void putFirst(const std::filesystem::path& path);
+    /// Runs before the devices get their numbers: what was added may have to be looked after.
+    std::function<void()> beforeNumbering;
+
     /// Those that are there now.
     [[nodiscard]] std::vector<SerialDevice> scan() const;
     /// Gives the devices that are there now their numbers, from 1.
-    void renumber() { numbered = scan(); }
+    void renumber() {
+        if (beforeNumbering) {
+            beforeNumbering();
+        }
+        numbered = scan();
+    }
     /// The device that was given the number, also when it has gone since; an empty path if there is none.
     [[nodiscard]] std::string path(int number) const;
 
@@ -55,6 +69,7 @@ class SerialDevices {
     std::filesystem::path devices;
     std::filesystem::path classes;
     std::vector<SerialDevice> added;
+    std::filesystem::path first;
     std::vector<SerialDevice> numbered;
     std::vector<std::string> held;
 };

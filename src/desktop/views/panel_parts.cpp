@@ -33,12 +33,18 @@ class FoldWatcher : public QObject {
     Subscription subscription;
 };
 
-QWidget* wordsColumn(const ChipPanel& panel) {
+QWidget* wordsColumn(ChipPanel& panel) {
     std::vector<std::pair<QString, QWidget*>> rows;
     for (ControlWord* control : panel.words()) {
         rows.emplace_back(toQt(control->caption()), word(*control));
     }
-    return wordsGroup("Control words", rows);
+    QWidget* column = wordsGroup("Control words", rows);
+    addContextEntries(*column, {&panel.CopyWords, &panel.CopyArray});
+    for (const auto& row : rows) {
+        // The column's menu opens over its words too.
+        row.second->setContextMenuPolicy(Qt::NoContextMenu);
+    }
+    return column;
 }
 
 QWidget* actionsGroup(ChipPanel& panel) {

@@ -32,6 +32,7 @@ const std::map<std::string, View>& allViews() {
         {"Terminal", {terminalView}},
         {"eeprom", {eepromView}},
         {"frmAbout", {aboutView}},
+        {"frm_Guide", {guideView}},
         {"frm_Link", {carrierView}},
         {"frm_Link_RX", {dataOutputView}},
         {"frm_PowerSupply", {powerSupplyView}},

@@ -26,6 +26,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* dataFilterHelpView(Form& form);
 [[nodiscard]] QWidget* firmLoadView(Form& form);
 [[nodiscard]] QWidget* eepromView(Form& form);
+[[nodiscard]] QWidget* guideView(Form& form);
 [[nodiscard]] QWidget* headerView(Form& form);
 [[nodiscard]] QWidget* dataOutputView(Form& form);
 [[nodiscard]] QWidget* jadeView(Form& form);

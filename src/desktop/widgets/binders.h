@@ -8,6 +8,7 @@
 #include "elements/button.h"
 #include "elements/cell_picture.h"
 #include "elements/coloured_log.h"
+#include "elements/document.h"
 #include "elements/grid.h"
 #include "elements/label.h"
 #include "elements/list_box.h"
@@ -125,6 +126,9 @@ inline constexpr int monitorLines = 5'000;
 /// A log of coloured lines.
 [[nodiscard]] QWidget* logView(ColouredLog& element, int columns = 80, int lines = 6);
 
+/// A text with headings, pictures and links, rendered.
+[[nodiscard]] QWidget* documentView(Document& element, int columns = 70, int lines = 24);
+
 /// A stretch of a text, by characters.
 struct DigitStretch {
     std::size_t begin = 0;
@@ -136,6 +140,8 @@ struct DigitStretch {
 [[nodiscard]] QWidget* byteArea(TextField& element, int columns, int rows,
                                 std::function<DigitStretch()> marked = {});
 
+/// Entries of a menu that opens over a widget by the right button or the menu key.
+void addContextEntries(QWidget& widget, std::initializer_list<MenuEntry*> entries);
 /// Fills a menu bar with the form's menus, or a menu with an entry's children.
 void buildMenus(QMenuBar& bar, const Form& form);
 /// A tool bar button with its drop-down list.

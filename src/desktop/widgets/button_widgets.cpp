@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolButton>
 
@@ -130,6 +131,11 @@ void addEntry(QWidget& owner, MenuEntry& entry) {
     } else {
         action = new QAction(&owner);
     }
+    if (entry.beginsSection()) {
+        auto* line = new QAction(&owner);
+        line->setSeparator(true);
+        owner.addAction(line);
+    }
     owner.addAction(action);
     auto* binding = new Binding(entry, *action);
     QObject::connect(action, &QAction::triggered, binding,
@@ -241,6 +247,13 @@ QWidget* label(Button& element, Tone tone) {
     return text;
 }
 
+void addContextEntries(QWidget& widget, std::initializer_list<MenuEntry*> entries) {
+    for (MenuEntry* entry : entries) {
+        addEntry(widget, *entry);
+    }
+    widget.setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
 void buildMenus(QMenuBar& bar, const Form& form) {
     for (Element* element : form.elements()) {
         auto* entry = dynamic_cast<MenuEntry*>(element);
@@ -260,6 +273,11 @@ QWidget* barButton(BarButton& element) {
     auto* binding = new Binding(element, *tool);
     QObject::connect(tool, &QToolButton::clicked, binding,
                      [binding] { binding->gesture([&] { binding->element()->click(); }); });
+    if (!element.shortcut().empty()) {
+        auto* keys = new QShortcut(QKeySequence(toQt(element.shortcut())), tool);
+        QObject::connect(keys, &QShortcut::activated, binding,
+                         [binding] { binding->gesture([&] { binding->element()->click(); }); });
+    }
     binding->keep(element.choiceNeeded.subscribe([tool] {
         // Behind the action that asked for it: a menu that is open holds its action up.
         QTimer::singleShot(0, tool, [tool] { tool->showMenu(); });

@@ -61,6 +61,8 @@ ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
     , ConfSave(*this, "ConfSave", "Save...")
     , ReadStatus(*this, "ReadStatus", "Read Status")
     , ShowStatus(*this, "ShowStatus", "Show Status")
+    , CopyWords(*this, nullptr, "CopyWords", "Copy words")
+    , CopyArray(*this, nullptr, "CopyArray", "Copy as C array")
     , OnColor(*this, "OnColor", litColour)
     , OffColor(*this, "OffColor", buttonFace)
     , IRQ(*this, "IRQ", "IRQ")
@@ -97,8 +99,7 @@ ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
     makeBands();
     makeStatus();
     wireCommon();
-    ConfLoad.setTip("Load a previous configuration");
-    ConfSave.setTip("Save current configuration");
+    setTips();
 }
 
 ChipPanel::~ChipPanel() = default;
@@ -128,6 +129,14 @@ void ChipPanel::wireCommon() {
     ConfLoad.onClick = [this] { ConfLoad_Click(); };
     ConfSave.onClick = [this] { ConfSave_Click(); };
     ShowStatus.onClick = [this] { ShowStatus_Click(); };
+    CopyWords.onClick = [this] {
+        bench.platform.surroundings.copyText(wordLines());
+        bench.notice("Copied " + std::to_string(allWords.size()) + " words");
+    };
+    CopyArray.onClick = [this] {
+        bench.platform.surroundings.copyText(wordArray());
+        bench.notice("Copied " + std::to_string(allWords.size()) + " words as a C array");
+    };
     ReadStatus.onClick = [this] { ReadStatus_Click(); };
     ReadStatus.onDoubleClick = [this] { RepStatusReadTimer.start(); };
     ReadStatus.onLeave = [this] { RepStatusReadTimer.stop(); };

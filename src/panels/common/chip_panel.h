@@ -4,6 +4,7 @@
 #include "elements/button.h"
 #include "elements/form.h"
 #include "elements/label.h"
+#include "elements/menu.h"
 #include "elements/options.h"
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
@@ -37,6 +38,12 @@ class ChipPanel : public Form {
   public:
     ChipPanel(Bench& ownBench, const PanelTraits& ownTraits);
     ~ChipPanel() override;
+
+    // The keys of its buttons, wherever the focus is.
+    static constexpr const char* updateKey = "F5";
+    static constexpr const char* readStatusKey = "F7";
+    static constexpr const char* loadKey = "Ctrl+O";
+    static constexpr const char* saveKey = "Ctrl+S";
 
     enum class AutoLoad { AsPreferred, Never };
     /// Sets and commits every default, loads a configuration if the preferences say so. Called once, before
@@ -89,6 +96,9 @@ class ChipPanel : public Form {
     Button ConfSave;
     Button ReadStatus;
     Button ShowStatus;
+    /// The words on the clipboard, a line each: what stands in the word, its name; or as an array in C.
+    MenuEntry CopyWords;
+    MenuEntry CopyArray;
     Swatch OnColor;
     Swatch OffColor;
     Lamp IRQ;
@@ -227,6 +237,9 @@ class ChipPanel : public Form {
     enum Step : std::int32_t { begin = 1, firstByte = 2, secondByte = 3, finish = 100 };
 
     void wireCommon();
+    void setTips();
+    [[nodiscard]] std::string wordLines() const;
+    [[nodiscard]] std::string wordArray() const;
     /// From now on a committed field whose text is only in part a number says so at the foot.
     void tellReadings();
     void makeBands();

@@ -6,8 +6,64 @@
 #include "support/numbers.h"
 
 #include <algorithm>
+#include <cctype>
 
 namespace zor {
+
+void ChipPanel::setTips() {
+    ConfLoad.setTip("Load a previous configuration");
+    ConfSave.setTip("Save current configuration");
+    Update.setTip("Sends all control words to the chip");
+    CalibratePLL.setTip("Makes the chip calibrate its synthesizer at the present frequency");
+    ReadStatus.setTip(
+        "Reads the status once; a double click reads again and again, until the next click or until the "
+        "focus goes elsewhere");
+    ShowStatus.setTip("Folds the status bits out or in");
+    IRQpoll.setTip("Samples the interrupt line once; the lamp is lit while the line is low");
+    IRQ.setTip("State of the interrupt line at the last sample");
+    OnColor.setTip("Colour of a status bit that is set");
+    OffColor.setTip("Colour of a status bit that is clear");
+    Crystalfreq.setTip("Crystal frequency, 8 to 12 MHz");
+    Cxtal.setTip("Load capacitance of the crystal");
+    FreqCenter.setTip("Centre frequency in MHz; the nearest that the chip can make is taken");
+    FreqStep.setTip("Distance of two frequencies that the chip can make, in kHz");
+    PowerSupply.setTip(ownTraits.supplyField == SupplyField::Commits
+                           ? "Supply of the radio board, 2.0 V to 5.4 V; sent at once"
+                           : "Supply of the radio board, as configuration files keep it");
+    PB_PowerSupply.setTip("Sets the supply and reads what the chip draws");
+    LBD.setTip("Threshold of the low battery detector as the chip counts it");
+    LBDV.setTip("Threshold of the low battery detector in V");
+    WKUPM.setTip("Mantissa of the wake-up time: the time is M times 2 to the power of R");
+    WKUPR.setTip("Exponent of the wake-up time: the time is M times 2 to the power of R");
+    WKUPTIME.setTip("The wake-up time that M and R make");
+    Update.setShortcut(updateKey);
+    ReadStatus.setShortcut(readStatusKey);
+    ConfLoad.setShortcut(loadKey);
+    ConfSave.setShortcut(saveKey);
+}
+
+std::string ChipPanel::wordLines() const {
+    std::string text;
+    for (const ControlWord* word : allWords) {
+        text += word->text() + "\t" + word->title() + "\r\n";
+    }
+    return text;
+}
+
+std::string ChipPanel::wordArray() const {
+    std::string name = chip();
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::string text = "static const unsigned short " + name + "_words[] = {\r\n";
+    for (const ControlWord* word : allWords) {
+        bool oneByte = word->size() == ControlWord::Size::OneByte;
+        std::string digits(
+            word->text().size() < (oneByte ? 2U : 4U) ? (oneByte ? 2U : 4U) - word->text().size() : 0U, '0');
+        text += "    0x" + digits + word->text() + ", /* " + word->title() + (oneByte ? ", one byte" : "") +
+                " */\r\n";
+    }
+    return text + "};\r\n";
+}
 
 FrequencyScale ChipPanel::frequencyScale() const {
     return {ownTraits.frequencyForm, BandMultiplier, BandBase, CrystalRatio};
