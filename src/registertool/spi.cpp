@@ -143,11 +143,12 @@ bool SPI::send(const std::string& line) {
         }
         ~Sending() { tool.sending = false; }
     } guard(*this);
-    bool gone = bench.connect->Send_To_LoadBoard(line).portGone();
-    if (gone) {
+    if (bench.connect->Send_To_LoadBoard(line).portGone()) {
+        portGone = true;
         waiting.clear();
+        return false;
     }
-    return !gone && !isClosed();
+    return !isClosed();
 }
 
 void SPI::tellStoreFailure(const StoreError& error) {
@@ -273,6 +274,7 @@ LongAction::LongAction(SPI& ownTool, Works ownWorks)
     tool.LoadboardBusy();
     if (tool.longActions++ == 0) {
         tool.stopping = false;
+        tool.portGone = false;
     }
     tool.Stop.setEnabled(true);
 }
@@ -294,7 +296,7 @@ bool LongAction::hasItsGround() const {
 }
 
 bool LongAction::goesOn() const {
-    return !portGone && !tool.stopping && hasItsGround();
+    return !tool.portGone && !tool.stopping && hasItsGround();
 }
 
 bool LongAction::send(const std::string& line) {
@@ -303,8 +305,7 @@ bool LongAction::send(const std::string& line) {
     if (!goesOn()) {
         return false;
     }
-    portGone = !tool.send(line);
-    return !portGone && hasItsGround();
+    return tool.send(line) && hasItsGround();
 }
 
 } // namespace zor

@@ -115,6 +115,8 @@ class SPI : public Form {
     void runWaiting();
 
     bool sending = false;
+    /// An exchange met a closed port or lost it; whatever runs ends there.
+    bool portGone = false;
     std::vector<std::function<void()>> waiting;
     int longActions = 0;
     bool stopping = false;
@@ -147,7 +149,6 @@ class LongAction {
     SPI& tool;
     Works works;
     unsigned generation;
-    bool portGone = false;
     bool ended = false;
 };
 
