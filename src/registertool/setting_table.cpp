@@ -3,6 +3,7 @@
 
 #include "registertool/register_lines.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace zor {
@@ -91,15 +92,24 @@ void SettingTable::fill(RecordSource& registers) {
 }
 
 std::optional<std::size_t> SettingTable::find(std::string_view address) {
-    return findBy("Address = '" + std::string(address) + "'");
-}
-
-std::optional<std::size_t> SettingTable::findBy(std::string_view criterion) {
     if (!attached()) {
         return std::nullopt;
     }
-    whole->find(criterion);
+    whole->find("Address = '" + std::string(address) + "'");
     return whole->pastLast() ? std::nullopt : std::optional(whole->position());
+}
+
+std::optional<std::size_t> SettingTable::findInQuery(std::string_view criterion) {
+    if (!attached()) {
+        return std::nullopt;
+    }
+    Settings->find(criterion);
+    if (Settings->pastLast()) {
+        return std::nullopt;
+    }
+    auto row = std::ranges::find(settings, Settings->key(), &Setting::key);
+    return row == settings.end() ? std::nullopt
+                                 : std::optional(static_cast<std::size_t>(row - settings.begin()));
 }
 
 void SettingTable::storeValue(std::size_t row, const std::string& hexValue) {

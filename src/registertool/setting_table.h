@@ -38,7 +38,7 @@ inline constexpr std::string_view allSettings = "Select * from Setting where Sta
 /// The worktable of registers: all of its rows in stored order, and those of them that a query shows. Every
 /// value that is stored goes to the database at once.
 ///
-/// Searches go through the whole table and move nothing of what is shown.
+/// Searches move nothing of what is shown; by an address they go through the whole table.
 class SettingTable {
   public:
     /// Opens the sources on a store, which must outlive the next detach. Throws StoreError.
@@ -55,8 +55,8 @@ class SettingTable {
     [[nodiscard]] const std::vector<Setting>& rows() const { return settings; }
     /// The number of the first row with that address. Throws StoreError.
     [[nodiscard]] std::optional<std::size_t> find(std::string_view address);
-    /// The first row that fits a criterion as it stands. Throws StoreError.
-    [[nodiscard]] std::optional<std::size_t> findBy(std::string_view criterion);
+    /// The first row of the query that fits a criterion as it stands. Throws StoreError.
+    [[nodiscard]] std::optional<std::size_t> findInQuery(std::string_view criterion);
     /// Stores a value and its binary form. Throws StoreError; the table then holds what it held.
     void storeValue(std::size_t row, const std::string& hexValue);
 

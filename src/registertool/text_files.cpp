@@ -121,7 +121,7 @@ std::vector<std::string> TextFiles::takeRegisters(const std::vector<std::string>
         std::size_t comma = std::min(line.find(','), line.size());
         std::string address = withoutBlanks(std::string_view(line).substr(0, comma));
         std::string value = withoutBlanks(std::string_view(line).substr(std::min(comma + 1, line.size())));
-        if (auto found = tool.table.findBy("Address = " + address)) {
+        if (auto found = tool.table.findInQuery("Address = " + address)) {
             tool.table.storeValue(*found, value);
         } else {
             missing.push_back(address);
