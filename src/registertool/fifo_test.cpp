@@ -125,19 +125,19 @@ void FifoTest::showProgress(std::size_t done, int size) {
 }
 
 void FifoTest::deselect(LongAction& busy) {
-    // A stopped run leaves no FIFO selected either.
-    if (!busy.send(releaseFifo) && !tool.isClosed() && tool.bench.connect->isOpen()) {
+    // A run that was stopped or whose window was closed leaves no FIFO selected either.
+    if (!busy.send(releaseFifo) && tool.bench.connect->isOpen()) {
         (void)tool.send(releaseFifo);
     }
 }
 
 void FifoTest::WriteTXff_Click() {
     LongAction busy(tool);
-    tool.whole.ProgressBar1.putValue(0);
     const int size = tool.fifo.TxSize;
     if (size < 1) {
         return;
     }
+    tool.whole.ProgressBar1.putValue(0);
     const bool bySelectLine = tool.fifo.FifoSelectLine;
     if (bySelectLine && !busy.send(selectFifo)) {
         return;
@@ -161,11 +161,11 @@ bool FifoTest::writeRow(std::size_t row, LongAction& busy) {
 
 void FifoTest::ReadRXff_Click() {
     LongAction busy(tool);
-    tool.whole.ProgressBar1.putValue(0);
     const int size = tool.fifo.RxSize;
     if (size < 1) {
         return;
     }
+    tool.whole.ProgressBar1.putValue(0);
     const bool bySelectLine = tool.fifo.FifoSelectLine;
     if (bySelectLine && !busy.send(selectFifo)) {
         return;
