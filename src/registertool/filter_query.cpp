@@ -21,14 +21,15 @@ std::string filterQuery(const RegisterClasses& classes) {
         condition += ticked ? text : "";
     }
     if (condition.size() < 2) {
-        return "Select * from Setting where Address = 'n/a' ";
+        return "Select * from Setting where Address = 'n/a'";
     }
     // The last "OR " goes, its blank in front stays.
     return "Select * from Setting where" + condition.substr(0, condition.size() - 3);
 }
 
 std::string filterQuery(const RegisterClasses& classes, RegisterOrder order) {
-    return filterQuery(classes) + "ORDER BY " + orderColumn(order);
+    std::string query = filterQuery(classes);
+    return query + (query.ends_with(' ') ? "" : " ") + "ORDER BY " + orderColumn(order);
 }
 
 } // namespace zor

@@ -18,8 +18,8 @@ enum class RegisterOrder { ByAddress, ByName };
 /// The column that a query orders by.
 [[nodiscard]] std::string orderColumn(RegisterOrder order);
 
-/// The query of the ticked classes without an order; one that finds nothing if none is ticked. It ends with
-/// a blank.
+/// The query of the ticked classes without an order, ending with a blank; one that finds nothing if none is
+/// ticked.
 [[nodiscard]] std::string filterQuery(const RegisterClasses& classes);
 /// The same in an order.
 [[nodiscard]] std::string filterQuery(const RegisterClasses& classes, RegisterOrder order);

@@ -18,7 +18,6 @@ TEST(FilterQuery, NamesTheTickedClassesAndTheOrder) {
         {{true, false, false, true}, "where RFReg = True OR MiscReg = True "},
         {{true, true, true, true},
          "where RFReg = True OR TestReg = True OR DigitalReg = True OR MiscReg = True "},
-        {{false, false, false, false}, "where Address = 'n/a' "},
     };
     for (const Row& row : rows) {
         std::string query = std::string("Select * from Setting ") + row.condition;
@@ -26,6 +25,13 @@ TEST(FilterQuery, NamesTheTickedClassesAndTheOrder) {
         EXPECT_EQ(filterQuery(row.classes, RegisterOrder::ByAddress), query + "ORDER BY Address");
         EXPECT_EQ(filterQuery(row.classes, RegisterOrder::ByName), query + "ORDER BY Name");
     }
+}
+
+TEST(FilterQuery, FindsNothingWithoutAClass) {
+    RegisterClasses none{false, false, false, false};
+    EXPECT_EQ(filterQuery(none), "Select * from Setting where Address = 'n/a'");
+    EXPECT_EQ(filterQuery(none, RegisterOrder::ByName),
+              "Select * from Setting where Address = 'n/a' ORDER BY Name");
 }
 
 } // namespace zor
