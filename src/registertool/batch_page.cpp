@@ -188,9 +188,11 @@ bool BatchPage::runRound(Batch& batch, LongAction& busy) {
             if (!runLine(line, busy)) {
                 return false;
             }
+            if (line.front() != '/') {
+                // The script may have been edited while a send waited: what stands there now counts.
+                script = batch.BatchCommands.text();
+            }
             line.clear();
-            // The script may have been edited while a send waited: what stands there now counts.
-            script = batch.BatchCommands.text();
         }
     }
     return busy.goesOn();
