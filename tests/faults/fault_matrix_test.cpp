@@ -173,6 +173,8 @@ constexpr CommandForm commandForms[] = {
     {"RS", 0, 2},
     {"S1", 2, 2},
     {"S2", 4, 4},
+    // A byte of a FIFO.
+    {"WS", 2, 2},
     // A loader's commands and the records of its downloads.
     {"C", 0, 3},
     {":", 10, 42},

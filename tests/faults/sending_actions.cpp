@@ -215,6 +215,9 @@ SPI* registerTool(VirtualBench& bench) {
     SPI* tool = find();
     if (tool != nullptr && tool->editor.Address.text().empty()) {
         tool->ChipSelect.choosePosition(0);
+        for (std::size_t row = 0; row < tool->fifo.TXFIFO.rowCount(); ++row) {
+            tool->fifo.TXFIFO.editCell(row, 1, "5A");
+        }
         tool->editor.SettingsDataGrid.pickRow(1);
         tool->macros.rows[0].M_Address.type("02");
         tool->status.StatusRegCombo.choosePosition(0);
@@ -222,9 +225,34 @@ SPI* registerTool(VirtualBench& bench) {
     return tool;
 }
 
+void addScriptActions(std::vector<SendingAction>& all) {
+    auto add = [&](const char* name, const char* script, std::chrono::milliseconds looping) {
+        all.push_back({name, "SPI", nullptr, [script, looping](VirtualBench& bench) {
+                           SPI* tool = registerTool(bench);
+                           if (tool == nullptr) {
+                               return;
+                           }
+                           Batch& batch = tool->batch.batches[1];
+                           batch.BatchCommands.edit(script);
+                           batch.EnLoop.tick(looping.count() > 0);
+                           bench.after(looping, [&bench] {
+                               if (Form* form = bench.desk.find("SPI")) {
+                                   form->find("EnLoop(1)")->tick(false);
+                               }
+                           });
+                           batch.BatchRun.click();
+                       }});
+    };
+    using namespace std::chrono_literals;
+    add("Registers_Script", "H1\r\n/none\r\n\r\nS2 855F\r\nL1", 0ms);
+    add("Registers_ScriptOfMacros", "#REFRESH\r\n#FIFO_WRITE\r\n#STATUSREAD\r\n#FIFO_READ\r\n", 0ms);
+    add("Registers_ScriptThatLoops", "#FIFO_READ\r\nH1\r\nL1\r\n", 200ms);
+    add("Registers_MacroThatLoops", "#FIFO_WRITE\r\n", 200ms);
+}
+
 void addRegisterActions(std::vector<SendingAction>& all) {
     for (const char* button : {"Read", "Send", "M_Read(0)", "M_Send(0)", "StatusRead", "RefreshTable",
-                               "UpdateChip", "Defaults", "PB_Voltage"}) {
+                               "UpdateChip", "Defaults", "WriteTXff", "ReadRXff", "PB_Voltage"}) {
         std::string name = "Registers_" + std::string(button);
         std::erase_if(name, [](char c) { return c == '(' || c == ')'; });
         all.push_back({name, "SPI", nullptr, [button](VirtualBench& bench) {
@@ -238,6 +266,16 @@ void addRegisterActions(std::vector<SendingAction>& all) {
                            tool->editor.SettingsDataGrid.editCell(1, 2, "5F");
                        }
                    }});
+    all.push_back({"Registers_LoadSettings", "SPI", nullptr, [](VirtualBench& bench) {
+                       if (SPI* tool = registerTool(bench)) {
+                           std::filesystem::path file = bench.folder.path() / "registers.txt";
+                           writeFileWhole(file, "#CHIP One\r\nnotes\r\n00,5A\r\n02,A5\r\n");
+                           bench.dialogs.files.emplace_back(file.string());
+                           tool->files.LoadSettings.click();
+                           bench.dialogs.files.clear();
+                       }
+                   }});
+    addScriptActions(all);
     all.push_back(
         {"Registers_Everything_at_once", "SPI", nullptr, [](VirtualBench& bench) {
              bench.after(std::chrono::milliseconds(5), [&bench] {
