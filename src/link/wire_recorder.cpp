@@ -129,8 +129,8 @@ void WireRecorder::recordExchange(const WireExchange& exchange) {
 std::string WireRecorder::meaningOf(const WireEntry& entry) const {
     std::string_view line = withoutLineEnd(entry.line);
     std::string meaning;
-    for (const Named& named : namings) {
-        meaning = named.naming(line, entry.answer);
+    for (auto named = namings.rbegin(); named != namings.rend(); ++named) {
+        meaning = named->naming(line, entry.answer);
         if (!meaning.empty()) {
             break;
         }

@@ -60,7 +60,8 @@ class WireRecorder {
     [[nodiscard]] std::chrono::system_clock::time_point wallClock(EventLoop::Duration time) const;
 
     /// Says what a line means beyond the command's own words: names the word of a chip, a register, a
-    /// memory's instruction. Asked in the order of their coming; the first that knows it has said it.
+    /// memory's instruction. The newest is asked first, as a tool knows its own lines best; the first that
+    /// knows it has said it.
     using Naming = std::function<std::string(std::string_view line, std::string_view answer)>;
     Subscription addNaming(Naming naming);
 

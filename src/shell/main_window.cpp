@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/main_window.h"
 
+#include "eeprom/eeprom_naming.h"
 #include "panels/common/chip_panel.h"
 
 #include "shell/settings.h"
@@ -53,6 +54,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
         const ChipPanel* panel = ownBench.openPanel();
         return panel == nullptr ? std::string() : panel->meaningOfLine(line);
     });
+    subscriptions.push_back(recorder.addNaming(EepromNaming(ownBench)));
     ownBench.CommStatus = &linkBar.CommStatus;
     subscriptions.push_back(ownBench.noticed.subscribe([this](const std::string& text) { foot.say(text); }));
     subscriptions.push_back(
