@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/error.h"
+#include "support/register_list.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -78,6 +79,10 @@ class RegisterStore {
     /// A source of its own over this query; the store must outlive it. Throws StoreError.
     [[nodiscard]] virtual std::unique_ptr<RecordSource> select(std::string_view sql) = 0;
 
+    /// Puts chips with their registers into the master tables, in place of chips of the same names, all or
+    /// nothing. A replaced chip keeps its number and place. Throws StoreError.
+    virtual void takeList(const RegisterList& list) = 0;
+
     // Between begin and commit nothing is seen by others, and a program that ends in it leaves the file as it
     // was. Throw StoreError.
     virtual void begin() = 0;
@@ -123,6 +128,12 @@ class RegisterStores {
     [[nodiscard]] virtual std::unique_ptr<RegisterStore> open(const std::filesystem::path& file) = 0;
     /// Makes an empty database with all its tables. Throws StoreError.
     virtual void create(const std::filesystem::path& file) = 0;
+
+    /// Whether databases of the older kind can be read here.
+    [[nodiscard]] virtual bool readsOlder() const { return false; }
+    /// The master tables of a database of the older kind. Throws StoreError for a file that is none, or lacks
+    /// a column, and where none can be read.
+    [[nodiscard]] virtual RegisterList readOlder(const std::filesystem::path& file) const = 0;
 
     /// Hears every text that reaches a store, queries and criteria, as the product wrote it.
     std::function<void(std::string_view text)> asked;

@@ -1,18 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "store/register_list_store.h"
 
+#include "store/schema.h"
+#include "support/numbers.h"
+
+#include <algorithm>
+#include <map>
 #include <system_error>
 
 namespace zor::store {
 
 namespace {
 
+int idAt(const RecordSource& row) {
+    return roundToInt(numericPrefix(row.value("ChipID").value_or(std::string())));
+}
+
 StoredValue truth(bool value) {
     return value ? "True" : "False";
 }
 
 void put(RecordSource& rows, const ListedChip& chip) {
-    rows.addRow();
     rows.setValue("ChipID", std::to_string(chip.id));
     rows.setValue("Name", chip.name);
     rows.setValue("ProjectNr", chip.project);
@@ -51,6 +59,7 @@ void putRegisterList(RegisterStore& store, const RegisterList& list) {
     StoreTransaction transaction(store);
     auto chips = store.select("Select * from Chip");
     for (const ListedChip& chip : list.chips) {
+        chips->addRow();
         put(*chips, chip);
     }
     auto registers = store.select("Select * from Register");
@@ -58,6 +67,39 @@ void putRegisterList(RegisterStore& store, const RegisterList& list) {
         put(*registers, entry);
     }
     transaction.commit();
+}
+
+void replaceChips(RegisterStore& store, const RegisterList& list,
+                  const std::function<void(int chip)>& dropRegisters) {
+    auto chips = store.select("Select * from Chip");
+    int last = 0;
+    for (; !chips->pastLast(); chips->moveNext()) {
+        last = std::max(last, idAt(*chips));
+    }
+    std::map<int, int> numbers;
+    for (ListedChip chip : list.chips) {
+        chips->moveFirst();
+        while (!chips->pastLast() && !sameText(chips->value("Name").value_or(std::string()), chip.name)) {
+            chips->moveNext();
+        }
+        int& number = numbers[chip.id];
+        if (chips->pastLast()) {
+            number = ++last;
+            chips->addRow();
+        } else {
+            number = idAt(*chips);
+            dropRegisters(number);
+        }
+        chip.id = number;
+        put(*chips, chip);
+    }
+    auto registers = store.select("Select * from Register");
+    for (ListedRegister entry : list.registers) {
+        if (auto number = numbers.find(entry.chip); number != numbers.end()) {
+            entry.chip = number->second;
+            put(*registers, entry);
+        }
+    }
 }
 
 void makeDatabase(RegisterStores& stores, const std::filesystem::path& file, const RegisterList& list) {

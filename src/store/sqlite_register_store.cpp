@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "store/sqlite_register_store.h"
 
+#include "store/jet_file.h"
+#include "store/register_list_store.h"
 #include "store/schema.h"
 #include "store/sqlite_error.h"
 #include "store/sqlite_records.h"
@@ -45,6 +47,18 @@ class SqliteRegisterStore : public RegisterStore {
             std::make_unique<SqliteRecords>(database, [this](std::string_view text) { hear(text); });
         source->setQuery(sql);
         return source;
+    }
+
+    void takeList(const RegisterList& list) override {
+        StoreTransaction transaction(*this);
+        replaceChips(*this, list, [this](int chip) {
+            throughStore([&] {
+                SQLite::Statement statement(database, "DELETE FROM \"Register\" WHERE \"ChipID\" = ?");
+                statement.bind(1, chip);
+                statement.exec();
+            });
+        });
+        transaction.commit();
     }
 
     void begin() override {
@@ -136,6 +150,14 @@ std::unique_ptr<RegisterStore> SqliteRegisterStores::open(const fs::path& file) 
         store->check();
     });
     return store;
+}
+
+bool SqliteRegisterStores::readsOlder() const {
+    return jetIsBuilt();
+}
+
+RegisterList SqliteRegisterStores::readOlder(const fs::path& file) const {
+    return readJetFile(file);
 }
 
 void SqliteRegisterStores::create(const fs::path& file) {

@@ -26,6 +26,8 @@ class SqliteRegisterStores : public RegisterStores {
 
     [[nodiscard]] std::unique_ptr<RegisterStore> open(const std::filesystem::path& file) override;
     void create(const std::filesystem::path& file) override;
+    [[nodiscard]] bool readsOlder() const override;
+    [[nodiscard]] RegisterList readOlder(const std::filesystem::path& file) const override;
 
   private:
     Limits limits;
