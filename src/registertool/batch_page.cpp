@@ -8,6 +8,7 @@
 #include "registertool/text_file.h"
 #include "support/numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
 #include <string_view>
@@ -41,16 +42,22 @@ constexpr Macro macros[] = {
 /// Shows the batch as running for as long as it lives, also where the run is dropped in its middle.
 class RunningTitle {
   public:
-    explicit RunningTitle(TextField& batchName)
-        : title(batchName) {
-        title.setBackground(editedColour);
+    RunningTitle(SPI& ownTool, Batch& ownBatch)
+        : tool(ownTool)
+        , batch(ownBatch) {
+        batch.BatchName.setBackground(editedColour);
     }
     RunningTitle(const RunningTitle&) = delete;
     RunningTitle& operator=(const RunningTitle&) = delete;
-    ~RunningTitle() { title.setBackground(idleColour); }
+    ~RunningTitle() {
+        batch.BatchName.setBackground(idleColour);
+        batch.showLine(0, 0);
+        tool.report.endScript(batch.BatchName.text() + " ended, loop count " + tool.batch.LoopCount.text());
+    }
 
   private:
-    TextField& title;
+    SPI& tool;
+    Batch& batch;
 };
 
 } // namespace
@@ -60,7 +67,8 @@ Batch::Batch(SPI& tool, OptionGroup& selection, int index)
     , BatchSel(tool, selection, indexed("BatchSel", index), "Batch " + std::to_string(index + 1))
     , BatchRun(tool, indexed("BatchRun", index), "Run")
     , EnLoop(tool, indexed("EnLoop", index), "Loop")
-    , BatchCommands(tool, indexed("BatchCommands", index)) {
+    , BatchCommands(tool, indexed("BatchCommands", index))
+    , BatchLine(tool, indexed("BatchLine", index)) {
     BatchCommands.setMultiLine(true);
     BatchName.setBackground(idleColour);
     BatchName.setTip("The batch's title, saved with it");
@@ -77,6 +85,12 @@ void Batch::append(const std::string& lines) {
     BatchCommands.setText(script + lines);
 }
 
+void Batch::showLine(std::size_t line, std::size_t lines) {
+    runningLine = line;
+    BatchLine.setCaption(
+        line == 0 ? "" : "running, line " + std::to_string(line) + " of " + std::to_string(lines));
+}
+
 BatchPage::BatchPage(SPI& ownTool)
     : LoopFrame(ownTool, "LoopFrame")
     , LoopControlLabel(ownTool, "LoopControlLabel", "Loop control")
@@ -89,6 +103,7 @@ BatchPage::BatchPage(SPI& ownTool)
     , SaveLoadLabel(ownTool, "SaveLoadLabel", "Save/Load Batch")
     , LoadBach(ownTool, "LoadBach", "Load")
     , SaveBatch(ownTool, "SaveBatch", "Save")
+    , AddCommand(ownTool, "AddCommand", "Add Command...")
     , tool(ownTool) {
     for (int index = 0; index < count; ++index) {
         wire(batches.emplace_back(tool, selection, index));
@@ -101,7 +116,7 @@ BatchPage::BatchPage(SPI& ownTool)
         element->setContainer(&LoopFrame);
     }
     for (Element* element : {static_cast<Element*>(&SaveLoadLabel), static_cast<Element*>(&LoadBach),
-                             static_cast<Element*>(&SaveBatch)}) {
+                             static_cast<Element*>(&SaveBatch), static_cast<Element*>(&AddCommand)}) {
         element->setContainer(&SaveLoadFrame);
     }
     Reset.setTip("Sets the loop count to 0");
@@ -112,6 +127,8 @@ BatchPage::BatchPage(SPI& ownTool)
     Reset.onClick = [this] { LoopCount.setText(noRounds); };
     LoadBach.onClick = [this] { LoadBach_Click(); };
     SaveBatch.onClick = [this] { SaveBatch_Click(); };
+    AddCommand.setTip("Offers commands and macros for the selected batch");
+    AddCommand.onClick = [this] { tool.bench.tools.open(Tool::SPIsub2); };
 }
 
 void BatchPage::wire(Batch& batch) {
@@ -156,7 +173,7 @@ void BatchPage::ENLimit_Click() {
 void BatchPage::BatchRun_Click(Batch& batch) {
     double rounds = numericPrefix(LoopCount.text());
     LongAction busy(tool, LongAction::Works::OnTheBoard);
-    RunningTitle running(batch.BatchName);
+    RunningTitle running(tool, batch);
     std::string script = batch.BatchCommands.text();
     if (script.size() >= 2 && script[script.size() - 2] != '\r') {
         batch.BatchCommands.setText(script + textLineEnd);
@@ -179,12 +196,14 @@ bool BatchPage::runRound(Batch& batch, LongAction& busy) {
     std::string script = batch.BatchCommands.text();
     const std::size_t length = script.size();
     std::string line;
+    std::size_t number = 0;
     for (std::size_t at = 0; at < length && at < script.size(); ++at) {
         if (script[at] == '\n') {
             continue;
         }
         line += script[at];
         if (script[at] == '\r') {
+            tellLine(batch, ++number, script);
             if (!runLine(line, busy)) {
                 return false;
             }
@@ -196,6 +215,16 @@ bool BatchPage::runRound(Batch& batch, LongAction& busy) {
         }
     }
     return busy.goesOn();
+}
+
+void BatchPage::tellLine(Batch& batch, std::size_t line, const std::string& script) {
+    auto lines = static_cast<std::size_t>(std::ranges::count(script, '\r'));
+    batch.showLine(line, lines);
+    std::string round = numberText(numericPrefix(LoopCount.text()) + 1);
+    bool limited = batch.EnLoop.ticked() && ENLimit.ticked();
+    tool.report.atScript(batch.BatchName.text() + ": round " + round +
+                         (limited ? " of " + LoopLimit.text() : "") + ", line " + std::to_string(line) +
+                         " of " + std::to_string(lines));
 }
 
 bool BatchPage::runLine(const std::string& line, LongAction& busy) {

@@ -26,9 +26,15 @@ struct Batch {
     /// "Loop"
     TickBox EnLoop;
     TextField BatchCommands;
+    /// "running, line 5 of 6"
+    Label BatchLine;
+    /// The line that runs, from 1; 0 while none does.
+    std::size_t runningLine = 0;
 
     /// Puts lines behind the script, on a line of their own.
     void append(const std::string& lines);
+    /// Shows the line that runs, of so many; 0 for none.
+    void showLine(std::size_t line, std::size_t lines);
 };
 
 /// The four batch scripts of the register tool. A script's line is a command for the board, a macro that runs
@@ -56,6 +62,8 @@ class BatchPage {
     Label SaveLoadLabel;
     Button LoadBach;
     Button SaveBatch;
+    /// Opens the window that puts ready-made lines behind the selected batch.
+    Button AddCommand;
 
     /// The buttons that put a macro row's register behind a script: by the row, then by the script.
     std::deque<std::deque<Button>> M_Batch;
@@ -71,6 +79,7 @@ class BatchPage {
     void BatchRun_Click(Batch& batch);
     /// @return whether it came to the script's end
     bool runRound(Batch& batch, LongAction& busy);
+    void tellLine(Batch& batch, std::size_t line, const std::string& script);
     /// @return whether the run goes on
     bool runLine(const std::string& line, LongAction& busy);
     void rest(const LongAction& busy);

@@ -118,6 +118,7 @@ void FifoTest::ResetBER_Click() {
     }
     BER.setText(noRate);
     PER.setText(noRate);
+    tool.rates.clear();
 }
 
 void FifoTest::showProgress(std::size_t done, int size) {
@@ -133,6 +134,7 @@ void FifoTest::deselect(LongAction& busy) {
 
 void FifoTest::WriteTXff_Click() {
     LongAction busy(tool);
+    tool.report.begin();
     const int size = tool.fifo.TxSize;
     if (size < 1) {
         return;
@@ -142,8 +144,12 @@ void FifoTest::WriteTXff_Click() {
     if (bySelectLine && !busy.send(selectFifo)) {
         return;
     }
-    for (std::size_t row = 0; row < static_cast<std::size_t>(size) && writeRow(row, busy); ++row) {
+    std::size_t row = 0;
+    for (; row < static_cast<std::size_t>(size) && writeRow(row, busy); ++row) {
         showProgress(row + 1, size);
+    }
+    if (row == static_cast<std::size_t>(size)) {
+        tool.report.end("transmit FIFO written");
     }
     if (bySelectLine) {
         deselect(busy);
@@ -155,12 +161,14 @@ bool FifoTest::writeRow(std::size_t row, LongAction& busy) {
         return false;
     }
     const FifoPage& fifo = tool.fifo;
+    tool.report.at("writing the transmit FIFO, byte", row + 1, static_cast<std::size_t>(fifo.TxSize));
     std::string hex = fifo.value(FifoPage::Column::Hex, row).value_or(std::string());
     return busy.send(fifo.FifoSelectLine ? "WS " + hex + "\r" : writeLine(fifo.TxAddress, hex));
 }
 
 void FifoTest::ReadRXff_Click() {
     LongAction busy(tool);
+    tool.report.begin();
     const int size = tool.fifo.RxSize;
     if (size < 1) {
         return;
@@ -183,6 +191,10 @@ void FifoTest::ReadRXff_Click() {
     // A packet that was not read to its end is none.
     if (row == static_cast<std::size_t>(size)) {
         countRead(packetErrors);
+        tool.report.end("receive FIFO read", packetErrors == 0
+                                                 ? "no bit differs"
+                                                 : std::to_string(packetErrors) +
+                                                       (packetErrors == 1 ? " bit differs" : " bits differ"));
     }
     if (bySelectLine) {
         deselect(busy);
@@ -190,6 +202,7 @@ void FifoTest::ReadRXff_Click() {
 }
 
 std::optional<int> FifoTest::readRow(std::size_t row, LongAction& busy) {
+    tool.report.at("reading the receive FIFO, byte", row + 1, static_cast<std::size_t>(tool.fifo.RxSize));
     if (!busy.send(tool.fifo.FifoSelectLine ? "RS \r" : tableReadLine(tool.fifo.RxAddress))) {
         return std::nullopt;
     }
@@ -207,6 +220,7 @@ void FifoTest::countRead(int packetErrors) {
         grow(Errors, packetErrors);
         grow(Databits, static_cast<double>(bitsOfAByte) * tool.fifo.RxSize);
         showRate(BER, Errors, Databits);
+        tool.rates.add();
     } catch (const ToolError& error) {
         tool.bench.tellError(error, productTitle);
     }

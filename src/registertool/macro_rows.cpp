@@ -169,7 +169,7 @@ void MacroRows::read(MacroRow& row, const std::string& address) {
         row.setValue(value);
     }
     if (auto found = tool.table.find(address)) {
-        tool.table.storeValue(*found, value);
+        tool.table.storeRead(*found, value);
     }
 }
 

@@ -92,32 +92,44 @@ void RegisterEditor::forbid() {
     Send.setEnabled(false);
 }
 
+GridRow RegisterEditor::cellsOf(const Setting& setting) const {
+    GridRow cells = settingCells(setting);
+    cells.front() = GridCell(tool.differences.marksOf(setting), CellLook::Mark);
+    return cells;
+}
+
 void RegisterEditor::showRows() {
     std::vector<GridRow> rows;
-    rows.reserve(tool.table.shown().size());
-    for (std::size_t row : tool.table.shown()) {
-        rows.push_back(settingCells(tool.table.rows()[row]));
+    rows.reserve(tool.table.inSight().size());
+    for (std::size_t row : tool.table.inSight()) {
+        rows.push_back(cellsOf(tool.table.rows()[row]));
     }
     SettingsDataGrid.setRows(std::move(rows));
 }
 
 std::optional<std::size_t> RegisterEditor::gridRowOf(std::size_t settingRow) const {
-    auto place = std::ranges::find(tool.table.shown(), settingRow);
-    if (place == tool.table.shown().end()) {
+    auto place = std::ranges::find(tool.table.inSight(), settingRow);
+    if (place == tool.table.inSight().end()) {
         return std::nullopt;
     }
-    return static_cast<std::size_t>(place - tool.table.shown().begin());
+    return static_cast<std::size_t>(place - tool.table.inSight().begin());
 }
 
 void RegisterEditor::showRow(std::size_t settingRow) {
-    if (auto row = gridRowOf(settingRow)) {
-        SettingsDataGrid.setRow(*row, settingCells(tool.table.rows()[settingRow]));
+    auto before = gridRowOf(settingRow);
+    bool inSight = tool.table.putInSight(settingRow);
+    if (before && inSight) {
+        SettingsDataGrid.setRow(*before, cellsOf(tool.table.rows()[settingRow]));
+    } else if (before) {
+        SettingsDataGrid.removeRows(*before, 1);
+    } else if (inSight) {
+        SettingsDataGrid.insertRows(*gridRowOf(settingRow), {cellsOf(tool.table.rows()[settingRow])});
     }
 }
 
 std::string RegisterEditor::pickedAddress() const {
     auto picked = SettingsDataGrid.picked();
-    return picked ? tool.table.rows()[tool.table.shown()[*picked]].Address : std::string();
+    return picked ? tool.table.rows()[tool.table.inSight()[*picked]].Address : std::string();
 }
 
 void RegisterEditor::findAgain(const std::string& address, Editor editor) {
@@ -127,14 +139,16 @@ void RegisterEditor::findAgain(const std::string& address, Editor editor) {
     if (address.empty() || place == shown.end()) {
         return;
     }
-    SettingsDataGrid.putPicked(static_cast<std::size_t>(place - shown.begin()));
+    if (auto row = gridRowOf(*place)) {
+        SettingsDataGrid.putPicked(*row);
+    }
     if (editor == Editor::Follows) {
         takeRow(tool.table.rows()[*place]);
     }
 }
 
 void RegisterEditor::pick() {
-    const Setting& setting = tool.table.rows()[tool.table.shown()[*SettingsDataGrid.picked()]];
+    const Setting& setting = tool.table.rows()[tool.table.inSight()[*SettingsDataGrid.picked()]];
     bool sameRow = setting.Address == Address.text() && setting.Name == Name1.text();
     if (!sameRow || HexValue.background() != editedColour) {
         takeRow(setting);
@@ -175,17 +189,19 @@ void RegisterEditor::copyValue(const std::string& address, const std::string& va
     }
 }
 
-void RegisterEditor::storeValue(const std::string& address, const std::string& value) {
+void RegisterEditor::storeValue(const std::string& address, const std::string& value, Source source) {
     auto picked = SettingsDataGrid.picked();
-    auto row = picked && pickedAddress() == address ? std::optional(tool.table.shown()[*picked])
+    auto row = picked && pickedAddress() == address ? std::optional(tool.table.inSight()[*picked])
                                                     : tool.table.find(address);
-    if (row) {
+    if (row && source == Source::Chip) {
+        tool.table.storeRead(*row, value);
+    } else if (row) {
         tool.table.storeValue(*row, value);
     }
 }
 
 void RegisterEditor::editGrid(std::size_t gridRow, const std::string& text) {
-    std::size_t row = tool.table.shown()[gridRow];
+    std::size_t row = tool.table.inSight()[gridRow];
     std::string value = twoDigits(text);
     setValue(value);
     tool.table.storeValue(row, value);
@@ -201,7 +217,7 @@ void RegisterEditor::read(const std::string& address) {
         return;
     }
     std::string value = answeredByte(tool.bench.link.Last15);
-    storeValue(address, value);
+    storeValue(address, value, Source::Chip);
     // Another register may be shown by now.
     copyValue(address, value);
     tool.macros.copyValue(address, value);
@@ -211,7 +227,7 @@ void RegisterEditor::send(const std::string& address, const std::string& value) 
     if (address.empty() || !tool.send(writeLine(address, value))) {
         return;
     }
-    storeValue(address, value);
+    storeValue(address, value, Source::User);
     if (Address.text() == address && HexValue.text() == value) {
         HexValue.setBackground(std::nullopt);
     }

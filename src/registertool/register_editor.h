@@ -40,6 +40,8 @@ class RegisterEditor {
     void findAgain(const std::string& address, Editor editor);
 
   private:
+    /// What a register shows, its marks included.
+    [[nodiscard]] GridRow cellsOf(const Setting& setting) const;
     void showRows();
     void showRow(std::size_t settingRow);
     void pick();
@@ -48,7 +50,8 @@ class RegisterEditor {
     void setValue(const std::string& value);
     void HexValue_Change();
     /// Into the row of the address: the picked one if it has it, else the first.
-    void storeValue(const std::string& address, const std::string& value);
+    enum class Source { User, Chip };
+    void storeValue(const std::string& address, const std::string& value, Source source);
     void bit_Click(int number);
     void read(const std::string& address);
     void send(const std::string& address, const std::string& value);

@@ -3,6 +3,8 @@
 
 #include "support/numbers.h"
 
+#include <algorithm>
+
 namespace zor {
 
 namespace {
@@ -68,6 +70,15 @@ std::string answeredByte(std::string_view last15) {
 
 std::string answeredHighByte(std::string_view last15) {
     return bytePart(last15, highBytePlace);
+}
+
+RegisterLine readRegisterLine(std::string_view line) {
+    std::size_t comma = std::min(line.find(','), line.size());
+    RegisterLine entry{std::string(line.substr(0, comma)),
+                       std::string(line.substr(std::min(comma + 1, line.size())))};
+    std::erase(entry.address, ' ');
+    std::erase(entry.value, ' ');
+    return entry;
 }
 
 } // namespace zor

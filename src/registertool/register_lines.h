@@ -32,4 +32,12 @@ namespace zor {
 /// The high byte of a status register's answer.
 [[nodiscard]] std::string answeredHighByte(std::string_view last15);
 
+/// A register in a configuration file: what stands before and behind the first comma, without blanks. A line
+/// without a comma is all address.
+struct RegisterLine {
+    std::string address;
+    std::string value;
+};
+[[nodiscard]] RegisterLine readRegisterLine(std::string_view line);
+
 } // namespace zor

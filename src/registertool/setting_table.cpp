@@ -19,6 +19,12 @@ constexpr std::string_view takenColumns[] = {"Name",       "Address", "Descripti
                                              "bit7",       "bit6",    "bit5",        "bit4",        "bit3",
                                              "bit2",       "bit1",    "bit0",        "DefaultValue"};
 
+/// Letters of hexadecimal digits count alike in either case, as they do to the store.
+bool sameAddress(std::string_view a, std::string_view b) {
+    auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
+    return std::ranges::equal(a, b, {}, upper, upper);
+}
+
 std::string textOf(const RecordSource& source, std::string_view column) {
     return source.value(column).value_or(std::string());
 }
@@ -61,6 +67,7 @@ void SettingTable::detach() {
     whole.reset();
     settings.clear();
     shownRows.clear();
+    rowsInSight.clear();
     ++generationNumber;
     showsOthers.emit();
 }
@@ -126,6 +133,50 @@ void SettingTable::storeValue(std::size_t row, const std::string& hexValue) {
     stored.emit(row);
 }
 
+void SettingTable::storeRead(std::size_t row, const std::string& hexValue) {
+    if (row < settings.size()) {
+        settings[row].readValue = hexValue;
+    }
+    storeValue(row, hexValue);
+}
+
+const Setting* SettingTable::at(std::string_view address) const {
+    auto row = std::ranges::find_if(
+        settings, [address](const Setting& setting) { return sameAddress(setting.Address, address); });
+    return row == settings.end() ? nullptr : &*row;
+}
+
+void SettingTable::narrow() {
+    takeWanted();
+    showsOthers.emit();
+}
+
+bool SettingTable::putInSight(std::size_t row) {
+    auto place = std::ranges::find(rowsInSight, row);
+    bool isIn = place != rowsInSight.end();
+    auto among = std::ranges::find(shownRows, row);
+    bool shouldBe = among != shownRows.end() && (!wanted || wanted(settings[row]));
+    if (isIn && !shouldBe) {
+        rowsInSight.erase(place);
+    } else if (shouldBe && !isIn) {
+        // Behind those in sight that the query has in front of it.
+        auto next = rowsInSight.begin();
+        for (auto before = shownRows.begin(); before != among; ++before) {
+            if (next != rowsInSight.end() && *next == *before) {
+                ++next;
+            }
+        }
+        rowsInSight.insert(next, row);
+    }
+    return shouldBe;
+}
+
+void SettingTable::takeWanted() {
+    rowsInSight.clear();
+    std::ranges::copy_if(shownRows, std::back_inserter(rowsInSight),
+                         [this](std::size_t row) { return !wanted || wanted(settings[row]); });
+}
+
 void SettingTable::show(std::string_view query) {
     if (attached()) {
         Settings->setQuery(query);
@@ -152,6 +203,7 @@ void SettingTable::takeShown() {
             shownRows.push_back(row->second);
         }
     }
+    takeWanted();
     showsOthers.emit();
 }
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,6 +32,8 @@ struct Setting {
     std::string DefaultValue;
     std::string HexValue;
     std::string BinaryValue;
+    /// What the chip last said that it has; nothing before it was read.
+    std::optional<std::string> readValue;
 };
 
 inline constexpr std::string_view allSettings = "Select * from Setting where StatusReg = False";
@@ -59,6 +62,10 @@ class SettingTable {
     [[nodiscard]] std::optional<std::size_t> findInQuery(std::string_view criterion);
     /// Stores a value and its binary form. Throws StoreError; the table then holds what it held.
     void storeValue(std::size_t row, const std::string& hexValue);
+    /// The same with a value that was read from the chip.
+    void storeRead(std::size_t row, const std::string& hexValue);
+    /// The first register of that address; nullptr if there is none. Asks the rows, not the store.
+    [[nodiscard]] const Setting* at(std::string_view address) const;
 
     /// Shows the rows of another query. Throws StoreError.
     void show(std::string_view query);
@@ -66,22 +73,35 @@ class SettingTable {
     /// Numbers of rows, in the order of the query.
     [[nodiscard]] const std::vector<std::size_t>& shown() const { return shownRows; }
 
+    /// What of the shown rows is in sight, beside the query: the search and the view of differences. Without
+    /// it all of them are. What is done with all shown registers does not heed it.
+    std::function<bool(const Setting&)> wanted;
+    /// Asks `wanted` anew.
+    void narrow();
+    /// The shown rows that are wanted, in the order of the query.
+    [[nodiscard]] const std::vector<std::size_t>& inSight() const { return rowsInSight; }
+    /// Puts one row into sight or takes it out, if its value has made it so.
+    /// @return whether it is in sight; nothing of that is told to anybody
+    bool putInSight(std::size_t row);
+
     /// Grows whenever the rows are other ones: numbers of rows from before mean nothing then.
     [[nodiscard]] unsigned generation() const { return generationNumber; }
 
     /// A row's value was stored.
     Signal<std::size_t> stored;
-    /// Other rows are shown.
+    /// Other rows are shown, or in sight.
     Signal<> showsOthers;
 
   private:
     void takeShown();
+    void takeWanted();
 
     std::unique_ptr<RecordSource> whole;
     /// The record source that the product calls Settings.
     std::unique_ptr<RecordSource> Settings;
     std::vector<Setting> settings;
     std::vector<std::size_t> shownRows;
+    std::vector<std::size_t> rowsInSight;
     unsigned generationNumber = 0;
 };
 

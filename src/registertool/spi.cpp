@@ -57,7 +57,14 @@ SPI::SPI(Bench& ownBench)
     , fifo(*this)
     , fifoTest(*this)
     , batch(*this)
-    , files(*this) {
+    , files(*this)
+    , search(*this)
+    , differences(*this)
+    , notes(*this)
+    , report(*this)
+    , rates(*this)
+    , tables(*this)
+    , naming(*this) {
     setExtent({9900, 18000});
     Zero.setBackground(colourOf(BitState::Zero));
     for (Swatch* swatch : {&One, &Zero, &nodata, &Blue, &LightGray}) {
@@ -65,8 +72,8 @@ SPI::SPI(Bench& ownBench)
     }
     Stop.setEnabled(false);
     Stop.setTip("Ends what is running, behind the exchange that it is at");
-    whileReady = {&ChipSelect,        &whole.Defaults,     &whole.UpdateChip, &whole.RefreshTable,
-                  &status.StatusRead, &fifoTest.WriteTXff, &fifoTest.ReadRXff};
+    whileReady = {&ChipSelect,        &whole.Defaults,     &whole.UpdateChip,  &whole.RefreshTable,
+                  &status.StatusRead, &fifoTest.WriteTXff, &fifoTest.ReadRXff, &tables.Import};
     for (Batch& script : batch.batches) {
         whileReady.push_back(&script.BatchRun);
     }
@@ -83,6 +90,9 @@ SPI::SPI(Bench& ownBench)
         if (Chips) {
             Chips->moveFirst();
         }
+    };
+    table.wanted = [this](const Setting& setting) {
+        return search.wants(setting) && differences.wants(setting);
     };
     filter.onChange = [this] { guarded([this] { filterChanged(); }); };
     filter.onReread = [this] { guarded([this] { table.rereadShown(); }); };
@@ -137,12 +147,16 @@ bool SPI::send(const std::string& line) {
     // Also where the port is closed on purpose, and this is left by an exception.
     struct Sending {
         SPI& tool;
-        explicit Sending(SPI& owner)
+        Sending(SPI& owner, const std::string& line)
             : tool(owner) {
             tool.sending = true;
+            tool.naming.lineOnItsWay = line;
         }
-        ~Sending() { tool.sending = false; }
-    } guard(*this);
+        ~Sending() {
+            tool.sending = false;
+            tool.naming.lineOnItsWay.clear();
+        }
+    } guard(*this, line);
     if (bench.connect->Send_To_LoadBoard(line).portGone()) {
         portGone = true;
         waiting.clear();
@@ -255,6 +269,19 @@ void SPI::filterChanged() {
     table.show(filterQuery(filter.classes(), filter.order()));
 }
 
+void SPI::reofferChips() {
+    if (Chips) {
+        Chips->reread();
+        offerChips();
+    }
+}
+
+void SPI::narrow() {
+    std::string kept = editor.pickedAddress();
+    table.narrow();
+    editor.findAgain(kept, RegisterEditor::Editor::Stays);
+}
+
 void SPI::LoadboardBusy() {
     for (Element* element : whileReady) {
         element->setEnabled(false);
@@ -285,6 +312,7 @@ void LongAction::end() {
     }
     tool.Stop.setEnabled(--tool.longActions > 0);
     tool.LoadboardReady();
+    tool.report.free();
 }
 
 bool LongAction::sameTable() const {

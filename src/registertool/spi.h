@@ -7,13 +7,20 @@
 #include "link/connect.h"
 #include "registertool/batch_page.h"
 #include "registertool/board_supply.h"
+#include "registertool/differences.h"
+#include "registertool/editor_notes.h"
+#include "registertool/error_rates.h"
 #include "registertool/fifo_page.h"
 #include "registertool/fifo_test.h"
 #include "registertool/macro_rows.h"
 #include "registertool/register_editor.h"
 #include "registertool/register_filter.h"
+#include "registertool/register_naming.h"
+#include "registertool/register_search.h"
+#include "registertool/run_report.h"
 #include "registertool/setting_table.h"
 #include "registertool/status_viewer.h"
+#include "registertool/table_files.h"
 #include "registertool/text_files.h"
 #include "registertool/whole_table.h"
 
@@ -75,6 +82,12 @@ class SPI : public Form {
     FifoTest fifoTest;
     BatchPage batch;
     TextFiles files;
+    RegisterSearch search;
+    Differences differences;
+    EditorNotes notes;
+    RunReport report;
+    ErrorRates rates;
+    TableFiles tables;
 
     /// Empties the worktables and what is known of the chip. Throws StoreError.
     void ClearWorktables();
@@ -83,6 +96,11 @@ class SPI : public Form {
     void LoadboardReady();
     /// What LoadboardBusy disables.
     std::vector<Element*> whileReady;
+
+    /// The database has other chips; the one that is chosen stays so. Throws StoreError.
+    void reofferChips();
+    /// The search or the view of differences wants other rows in sight; the picked one stays picked.
+    void narrow();
 
     /// Runs an action of the user; a failure of the store in it is told, and the tool is empty then.
     void guarded(const std::function<void()>& action);
@@ -114,6 +132,7 @@ class SPI : public Form {
     Subscription opening;
     void runWaiting();
 
+    RegisterNaming naming;
     bool sending = false;
     /// An exchange met a closed port or lost it; whatever runs ends there.
     bool portGone = false;

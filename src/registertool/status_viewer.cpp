@@ -6,6 +6,8 @@
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 
+#include <algorithm>
+
 namespace zor {
 
 namespace {
@@ -42,10 +44,16 @@ void StatusViewer::offer(RecordSource& source) {
         for (std::size_t number = 0; number < entry.bit.size(); ++number) {
             entry.bit[number] = source.value("bit" + std::to_string(number)).value_or(std::string());
         }
-        names.push_back(source.value("Name").value_or(std::string()));
+        entry.Name = source.value("Name").value_or(std::string());
+        names.push_back(entry.Name);
     }
     StatusRegCombo.setEntries(std::move(names));
     StatusRegCombo.putText(selectRegister);
+}
+
+const StatusViewer::StatusRegister* StatusViewer::at(std::string_view address) const {
+    auto entry = std::ranges::find(registers, address, &StatusRegister::Address);
+    return entry == registers.end() ? nullptr : &*entry;
 }
 
 void StatusViewer::forget() {

@@ -34,11 +34,15 @@ class StatusViewer {
     /// Reads the chosen register; nothing happens without one.
     void StatusRead_Click();
 
-  private:
     struct StatusRegister {
+        std::string Name;
         std::string Address;
         std::array<std::string, 16> bit;
     };
+    /// The first status register of that address; nullptr if there is none.
+    [[nodiscard]] const StatusRegister* at(std::string_view address) const;
+
+  private:
     void StatusRegCombo_Click();
 
     SPI& tool;

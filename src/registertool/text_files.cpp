@@ -2,10 +2,10 @@
 #include "registertool/text_files.h"
 
 #include "host/files.h"
+#include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 
-#include <algorithm>
 #include <memory>
 
 namespace zor {
@@ -16,12 +16,6 @@ constexpr const char* fifoMark = "#FIFO";
 /// Where a configuration's and a macro row file's own lines begin, behind the chip and the notes.
 constexpr std::size_t firstEntry = 2;
 constexpr std::size_t byteDigits = 2;
-
-std::string withoutBlanks(std::string_view text) {
-    std::string kept(text);
-    std::erase(kept, ' ');
-    return kept;
-}
 
 } // namespace
 
@@ -118,9 +112,7 @@ std::vector<std::string> TextFiles::takeRegisters(const std::vector<std::string>
         if (line.empty()) {
             continue;
         }
-        std::size_t comma = std::min(line.find(','), line.size());
-        std::string address = withoutBlanks(std::string_view(line).substr(0, comma));
-        std::string value = withoutBlanks(std::string_view(line).substr(std::min(comma + 1, line.size())));
+        auto [address, value] = readRegisterLine(line);
         if (auto found = tool.table.findInQuery("Address = " + address)) {
             tool.table.storeValue(*found, value);
         } else {

@@ -13,6 +13,7 @@ constexpr double wholeProgress = 100;
 
 /// One line of an update, taken from the store before the first one goes out.
 struct Write {
+    std::string name;
     std::string line;
     bool writable;
 };
@@ -42,25 +43,36 @@ void WholeTable::showProgress(std::size_t done, std::size_t total) {
     ProgressBar1.putValue(roundToInt(static_cast<double>(done) / static_cast<double>(total) * wholeProgress));
 }
 
+void WholeTable::tellOutcome(std::size_t count, const std::string& word) {
+    tool.report.end(std::to_string(count) + (count == 1 ? " register " : " registers ") + word,
+                    tool.differences.summary());
+}
+
 void WholeTable::RefreshTable_Click() {
     LongAction busy(tool);
     ProgressBar1.putValue(0);
+    tool.report.begin();
     std::string kept = tool.editor.pickedAddress();
     showAll();
     // What is shown may change while a send waits; the walk keeps to its rows.
     std::vector<std::size_t> rows = tool.table.shown();
-    for (std::size_t done = 0; done < rows.size() && busy.goesOn(); ++done) {
+    std::size_t done = 0;
+    for (; done < rows.size() && busy.goesOn(); ++done) {
         const Setting& setting = tool.table.rows()[rows[done]];
+        tool.report.at("reading " + setting.Name + ",", done + 1, rows.size());
         if (setting.R) {
             if (!busy.send(tableReadLine(setting.Address))) {
                 break;
             }
-            tool.table.storeValue(rows[done], answeredByte(tool.bench.link.Last15));
+            tool.table.storeRead(rows[done], answeredByte(tool.bench.link.Last15));
         }
         showProgress(done + 1, rows.size());
     }
     busy.end();
     if (busy.sameTable()) {
+        if (done == rows.size()) {
+            tellOutcome(done, "read");
+        }
         tool.macros.GUI_Sync();
         tool.editor.findAgain(kept, RegisterEditor::Editor::Follows);
     }
@@ -69,6 +81,7 @@ void WholeTable::RefreshTable_Click() {
 void WholeTable::UpdateChip_Click() {
     LongAction busy(tool);
     ProgressBar1.putValue(0);
+    tool.report.begin();
     std::string kept = tool.editor.pickedAddress();
     std::vector<Write> writes;
     if (tool.store) {
@@ -76,10 +89,13 @@ void WholeTable::UpdateChip_Click() {
         for (; !rows->pastLast(); rows->moveNext()) {
             std::string address = rows->value("Address").value_or(std::string());
             std::string value = rows->value("HexValue").value_or(std::string());
-            writes.push_back({writeLine(address, value), rows->value("W") == "True"});
+            writes.push_back({rows->value("Name").value_or(std::string()), writeLine(address, value),
+                              rows->value("W") == "True"});
         }
     }
-    for (std::size_t done = 0; done < writes.size() && busy.goesOn(); ++done) {
+    std::size_t done = 0;
+    for (; done < writes.size() && busy.goesOn(); ++done) {
+        tool.report.at("writing " + writes[done].name + ",", done + 1, writes.size());
         if (writes[done].writable && !busy.send(writes[done].line)) {
             break;
         }
@@ -87,6 +103,9 @@ void WholeTable::UpdateChip_Click() {
     }
     busy.end();
     if (busy.sameTable()) {
+        if (done == writes.size()) {
+            tellOutcome(done, "written");
+        }
         tool.macros.GUI_Sync();
         if (tool.editor.pickedAddress().empty()) {
             tool.editor.findAgain(kept, RegisterEditor::Editor::Stays);

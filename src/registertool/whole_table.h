@@ -31,6 +31,8 @@ class WholeTable {
 
   private:
     void showAll();
+    /// @param word  what was done to the registers: "read"
+    void tellOutcome(std::size_t count, const std::string& word);
     void showProgress(std::size_t done, std::size_t total);
 
     SPI& tool;

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/views/compose.h"
 #include "desktop/views/views.h"
+#include "desktop/widgets/note_line.h"
+#include "desktop/widgets/script_area.h"
 #include "registertool/spi.h"
 #include "registertool/spi_sub2.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QLayout>
 
 namespace zor {
 
@@ -13,13 +16,15 @@ namespace {
 
 constexpr int rowsInSight = 12;
 
-QWidget* registerGroup(RegisterEditor& e) {
-    return group("Register", {
-                                 line(field(e.Address, 4), textField(e.Name1, 12)),
-                                 line(label(e.DescriptionLabel, Tone::Soft), textField(e.Description, 20)),
-                                 bitRow(e.bit, CellShape::Tall, CellUse::Clicked, 0, e.bit.size()),
-                                 line(field(e.HexValue, 5), stretch(), button(e.Read), strongButton(e.Send)),
-                             });
+QWidget* registerGroup(RegisterEditor& e, EditorNotes& notes) {
+    return group("Register",
+                 {
+                     line(field(e.Address, 4), textField(e.Name1, 12), noteLine(notes.DefaultNote, 11)),
+                     line(label(e.DescriptionLabel, Tone::Soft), textField(e.Description, 20)),
+                     bitRow(e.bit, CellShape::Tall, CellUse::Clicked, 0, e.bit.size()),
+                     line(field(e.HexValue, 5), noteLine(notes.UnsentNote, 16, Tone::Reminder),
+                          button(e.Read), strongButton(e.Send)),
+                 });
 }
 
 QWidget* statusGroup(StatusViewer& s) {
@@ -60,44 +65,59 @@ QWidget* macroGroup(MacroRows& macros, BatchPage& batch) {
     return box;
 }
 
+/// A page's lines; the one at `grows` takes the height that is left over.
+QWidget* pageOf(Frame& frame, Lines lines, int grows) {
+    QWidget* block = window(std::move(lines), grows);
+    block->layout()->setContentsMargins(0, 0, 0, 0);
+    new Binding(frame, *block);
+    return block;
+}
+
 QWidget* listPage(SPI& s) {
     RegisterFilter& f = s.filter;
-    QWidget* choice = plain({line(caption("Order by"), option(f.ByAddress), option(f.ByName),
-                                  caption("Register Filter"), tick(f.ENRF), tick(f.ENTest), tick(f.ENDigital),
-                                  tick(f.ENMisc), button(f.ViewAll), stretch())});
+    QWidget* choice = plain(
+        {line(labelled("Search", textField(s.search.Search, 14)), caption("Order by"), option(f.ByAddress),
+              option(f.ByName), caption("Register Filter"), tick(f.ENRF), tick(f.ENTest), tick(f.ENDigital),
+              tick(f.ENMisc), button(f.ViewAll), labelled("Show", list(s.differences.Show, 14)),
+              noteLine(s.search.ShownCount, 10, Tone::Soft, Qt::AlignRight))});
     TextFiles& files = s.files;
-    QWidget* notes = plain({line(label(s.GuiNotesLabel, Tone::Soft), textField(s.GuiNotes, 16)),
-                            line(button(files.LoadGUI), button(files.SaveGUI), stretch())});
-    QWidget* body = across(
-        {gridView(s.editor.SettingsDataGrid, rowsInSight), column({registerGroup(s.editor), notes})}, 0);
-    QWidget* registers = plain(
-        {line(button(files.LoadSettings), button(files.SaveSettings), button(files.Command4), stretch())});
+    QWidget* body = across({gridView(s.editor.SettingsDataGrid, rowsInSight),
+                            column({registerGroup(s.editor, s.notes), statusGroup(s.status)})},
+                           0);
+    QWidget* notes =
+        group("Macro row files", {line(label(s.GuiNotesLabel, Tone::Soft)), line(textField(s.GuiNotes, 16)),
+                                  line(button(files.LoadGUI), button(files.SaveGUI), stretch())});
+    QWidget* compare =
+        plain({line(button(s.differences.CompareFile), button(s.differences.SaveListed), stretch()),
+               line(noteLine(s.differences.ComparedFile, 20))});
     QWidget* supply =
         group(s.supply.SupplyFrame,
               {line(field(s.supply.Voltage, 5), caption("V"), button(s.supply.PB_Voltage), stretch())});
-    QWidget* lower =
-        across({macroGroup(s.macros, s.batch), column({statusGroup(s.status), registers, supply})}, 0);
-    return plain(s.Frame_tabs[0], {choice, body, lower});
+    QWidget* lower = across({macroGroup(s.macros, s.batch), column({compare, notes, supply})}, 0);
+    return pageOf(s.Frame_tabs[0], {choice, body, lower}, 1);
 }
 
 QWidget* batchGroup(Batch& batch) {
     return plain({
-        textField(batch.BatchName, 12),
-        line(tick(batch.EnLoop), stretch(), button(batch.BatchRun)),
-        textArea(batch.BatchCommands, 16, 7),
+        line(textField(batch.BatchName, 12), button(batch.BatchRun)),
+        scriptArea(batch.BatchCommands, 22, 7, batch.BatchLine, [&batch] { return batch.runningLine; }),
+        line(tick(batch.EnLoop), noteLine(batch.BatchLine, 12, Tone::Reminder, Qt::AlignRight)),
     });
 }
 
 QWidget* batchControls(BatchPage& b) {
-    QWidget* loop = plain(
-        b.LoopFrame, {label(b.LoopControlLabel),
-                      line(labelled(b.LoopCountLabel, field(b.LoopCount, 6)), button(b.Reset), stretch()),
-                      line(tick(b.ENLimit), field(b.LoopLimit, 6), stretch())});
-    QWidget* files =
-        plain(b.SaveLoadFrame, {label(b.SaveLoadLabel),
-                                line(option(b.batches[0].BatchSel), option(b.batches[1].BatchSel), stretch()),
-                                line(option(b.batches[2].BatchSel), option(b.batches[3].BatchSel), stretch()),
-                                line(button(b.LoadBach), button(b.SaveBatch), stretch())});
+    QWidget* loop =
+        plain(b.LoopFrame, {label(b.LoopControlLabel),
+                            line(labelled(b.LoopCountLabel, field(b.LoopCount, 6)), button(b.Reset),
+                                 stretch(), tick(b.ENLimit), field(b.LoopLimit, 6))});
+    std::vector<Cell> choices;
+    for (Batch& batch : b.batches) {
+        choices.emplace_back(option(batch.BatchSel));
+    }
+    choices.push_back(stretch());
+    QWidget* files = plain(b.SaveLoadFrame,
+                           {label(b.SaveLoadLabel), Line(std::move(choices)),
+                            line(button(b.LoadBach), button(b.SaveBatch), stretch(), button(b.AddCommand))});
     return column({loop, files});
 }
 
@@ -114,6 +134,16 @@ QWidget* fifoControls(SPI& s) {
         });
 }
 
+QWidget* ratesGroup(ErrorRates& r) {
+    return group("Error rates",
+                 {
+                     plot(r.RatePlot, 36, 10),
+                     line(list(r.RateKind, 16), list(r.RateAxis, 8), stretch()),
+                     line(tick(r.RateLogScale), stretch(), button(r.SaveRates)),
+                 },
+                 0);
+}
+
 QWidget* fifoPage(SPI& s) {
     RegisterFilter& f = s.filter;
     TextFiles& files = s.files;
@@ -123,32 +153,41 @@ QWidget* fifoPage(SPI& s) {
                                    line(caption("Register Filter"), stretch(), button(f.ViewAll2)),
                                    line(tick(f.ENRF2), tick(f.ENTest2), tick(f.ENDigital2), tick(f.ENMisc2)),
                                });
-    QWidget* transmit = plain({captionedGrid(s.fifo.TXFIFO, rowsInSight),
-                               line(button(files.OpenTXff), button(files.SaveTXff), stretch())});
-    QWidget* receive = plain({captionedGrid(s.fifo.RXFIFO, rowsInSight),
-                              line(button(files.OpenRXff), button(files.SaveRXff), stretch())});
+    QWidget* transmit = window({captionedGrid(s.fifo.TXFIFO, rowsInSight),
+                                line(button(files.OpenTXff), button(files.SaveTXff), stretch())},
+                               0);
+    QWidget* receive = window({captionedGrid(s.fifo.RXFIFO, rowsInSight),
+                               line(button(files.OpenRXff), button(files.SaveRXff), stretch())},
+                              0);
+    QWidget* middle = window({fifoControls(s), ratesGroup(s.rates), choice}, 1);
     std::vector<QWidget*> scripts;
     for (Batch& batch : s.batch.batches) {
         scripts.push_back(batchGroup(batch));
     }
-    scripts.push_back(batchControls(s.batch));
-    return plain(s.Frame_tabs[1], {across({transmit, receive, column({fifoControls(s), choice})}),
-                                   across(std::move(scripts))});
+    QWidget* right = window(
+        {across({scripts[0], scripts[1]}), across({scripts[2], scripts[3]}), batchControls(s.batch)}, 0);
+    for (QWidget* block : {transmit, receive, middle, right}) {
+        block->layout()->setContentsMargins(0, 0, 0, 0);
+    }
+    return pageOf(s.Frame_tabs[1], {across({transmit, receive, middle, right}, 3)}, 0);
 }
 
 } // namespace
 
 QWidget* registerToolView(Form& form) {
     auto& s = static_cast<SPI&>(form);
+    TextFiles& files = s.files;
     return window(
         {
-            line(labelled("Chip", list(s.ChipSelect, 20)), labelled(s.ProjectLabel, field(s.Text3, 10)),
-                 labelled(s.NotesLabel, textField(s.Notes, 24))),
+            line(labelled("Chip", list(s.ChipSelect, 20)), labelled(s.ProjectLabel, field(s.Text3, 8)),
+                 labelled(s.NotesLabel, textField(s.Notes, 16)), button(files.LoadSettings),
+                 button(files.SaveSettings), button(files.Command4), button(s.tables.Import),
+                 button(s.tables.Export)),
             tabs(s.TabStrip1, {listPage(s), fifoPage(s)}),
             line(button(s.whole.RefreshTable), button(s.whole.UpdateChip), button(s.whole.Defaults),
-                 progress(s.whole.ProgressBar1), stretch(), button(s.Command1), button(s.Command2),
-                 button(s.Command3), swatch(s.One), swatch(s.Zero), swatch(s.nodata), swatch(s.Blue),
-                 swatch(s.LightGray), button(s.Stop)),
+                 progress(s.whole.ProgressBar1), noteLine(s.report.Doing, 24), button(s.Command1),
+                 button(s.Command2), button(s.Command3), swatch(s.One), swatch(s.Zero), swatch(s.nodata),
+                 swatch(s.Blue), swatch(s.LightGray), button(s.Stop)),
         },
         1);
 }
