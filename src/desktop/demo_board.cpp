@@ -78,6 +78,11 @@ void DemoBoard::mountEeprom() {
     process.write(std::exchange(hadEeprom, true) ? "eeprom again\n" : "eeprom\n");
 }
 
+void DemoBoard::mountRegisters(const QString& registerList) {
+    tell(QStringLiteral("registers ") + registerList);
+    tell(QStringLiteral("loop 0.002 7"));
+}
+
 void DemoBoard::stop() {
     started = false;
     if (process.state() == QProcess::NotRunning) {

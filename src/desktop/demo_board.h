@@ -34,6 +34,9 @@ class DemoBoard {
     void mount(const QString& chip);
     /// Mounts a demonstration board with its EEPROM, which keeps its bytes while others take its place.
     void mountEeprom();
+    /// Puts a chip of registers there, as the list's first one, whose FIFOs are joined by a link with a few
+    /// bit errors.
+    void mountRegisters(const QString& registerList);
     /// Pulls the board out at once.
     void stop();
 

@@ -62,6 +62,7 @@ void DemoTour::play() {
     visitContentEditor();
     visitEeprom();
     visitLinks();
+    visitRegisters();
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }

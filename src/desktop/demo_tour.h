@@ -49,6 +49,7 @@ class DemoTour {
     void waitForEeprom(const Form& programmer);
     void visitHeaderGenerator();
     void visitContentEditor();
+    void visitRegisters();
     void visitForm(Form& form);
     /// What an engineer does on a chip's panel: set, update, read the status, calibrate, look at the current.
     void workOn(ChipPanel& panel);

@@ -233,6 +233,9 @@ int main(int argc, char** argv) {
                 board.mount(toQt(panel->traits().title).section(QLatin1Char(' '), 0, 0).toLower());
             } else if (form.name() == "eeprom") {
                 board.mountEeprom();
+            } else if (form.name() == "SPI") {
+                board.mountRegisters(QDir(QCoreApplication::applicationDirPath())
+                                         .filePath(QStringLiteral("../Registers/registers.txt")));
             }
         });
     }
