@@ -62,7 +62,7 @@ void DemoTour::visitRegisters() {
     takePicture(QStringLiteral("SPI"));
     tool->editor.Send.click();
 
-    tool->TabStrip1.choosePosition(1);
+    tool->TabStrip1.choosePosition(2);
     fillFifos(tool->fifo);
     Batch& script = tool->batch.batches[0];
     script.BatchName.type("Packet loop");

@@ -23,12 +23,12 @@ std::vector<GridColumn> settingColumns() {
     using Access = GridColumn::Access;
     std::vector<GridColumn> columns = {
         {.caption = "", .characters = 2},
-        {.caption = "Addr.", .characters = 5, .fixedPitch = true},
-        {.caption = "Hex", .access = Access::Editable, .characters = 4, .fixedPitch = true},
-        {.caption = "Binary", .characters = 10, .fixedPitch = true},
-        {.caption = "Name", .characters = 12}};
+        {.caption = "Addr.", .characters = 4, .fixedPitch = true},
+        {.caption = "Hex", .access = Access::Editable, .characters = 3, .fixedPitch = true},
+        {.caption = "Binary", .characters = 9, .fixedPitch = true},
+        {.caption = "Name", .characters = 10}};
     for (int number = 7; number >= 0; --number) {
-        columns.push_back({.caption = "bit" + std::to_string(number), .characters = 7});
+        columns.push_back({.caption = "bit" + std::to_string(number), .characters = 5});
     }
     columns.push_back({.caption = "Description", .characters = 40});
     for (const char* caption : {"TestReg", "RFReg", "DigitalReg"}) {

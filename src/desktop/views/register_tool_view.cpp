@@ -9,6 +9,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLayout>
+#include <QPlainTextEdit>
 
 namespace zor {
 
@@ -16,11 +17,29 @@ namespace {
 
 constexpr int rowsInSight = 12;
 
+/// Both pages shall fit a main window of 1280 x 800: less room inside, none of the content gone.
+QWidget* tight(QWidget* block) {
+    constexpr int between = 4;
+    auto* table = static_cast<QGridLayout*>(block->layout());
+    table->setVerticalSpacing(between);
+    table->setContentsMargins(spaceInside, between, spaceInside, spaceInside - between);
+    return block;
+}
+
+/// Words that are looked at, on two lines where they need them.
+QWidget* twoLines(TextField& element) {
+    auto* area = static_cast<QPlainTextEdit*>(textArea(element, 20, 2));
+    area->setFont(QFont());
+    constexpr int frame = 12;
+    area->setFixedHeight(QFontMetrics(area->font()).lineSpacing() * 2 + frame);
+    return area;
+}
+
 QWidget* registerGroup(RegisterEditor& e, EditorNotes& notes) {
     return group("Register",
                  {
                      line(field(e.Address, 4), textField(e.Name1, 12), noteLine(notes.DefaultNote, 11)),
-                     line(label(e.DescriptionLabel, Tone::Soft), textField(e.Description, 20)),
+                     line(label(e.DescriptionLabel, Tone::Soft), twoLines(e.Description)),
                      bitRow(e.bit, CellShape::Tall, CellUse::Clicked, 0, e.bit.size()),
                      line(field(e.HexValue, 5), noteLine(notes.UnsentNote, 16, Tone::Reminder),
                           button(e.Read), strongButton(e.Send)),
@@ -48,12 +67,12 @@ QWidget* macroGroup(MacroRows& macros, BatchPage& batch) {
     }
     int at = 1;
     for (MacroRow& row : macros.rows) {
-        table->addWidget(list(row.M_Name, 9), at, 0);
+        table->addWidget(list(row.M_Name, 13), at, 0);
         table->addWidget(field(row.M_Address, 4), at, 1);
         table->addWidget(field(row.M_Hexvalue, 4), at, 2);
         table->addWidget(bitRow(row.M_bit, CellShape::Flat, CellUse::Clicked, 0, row.M_bit.size()), at, 3);
-        table->addWidget(button(row.M_Read), at, 4);
-        table->addWidget(button(row.M_Send), at, 5);
+        table->addWidget(smallButton(row.M_Read), at, 4);
+        table->addWidget(smallButton(row.M_Send), at, 5);
         int place = 6;
         for (Button& collector : batch.M_Batch[static_cast<std::size_t>(at) - 1]) {
             table->addWidget(smallButton(collector), at, place++);
@@ -75,25 +94,21 @@ QWidget* pageOf(Frame& frame, Lines lines, int grows) {
 
 QWidget* listPage(SPI& s) {
     RegisterFilter& f = s.filter;
-    QWidget* choice = plain(
-        {line(labelled("Search", textField(s.search.Search, 14)), caption("Order by"), option(f.ByAddress),
-              option(f.ByName), caption("Register Filter"), tick(f.ENRF), tick(f.ENTest), tick(f.ENDigital),
-              tick(f.ENMisc), button(f.ViewAll), labelled("Show", list(s.differences.Show, 14)),
-              noteLine(s.search.ShownCount, 10, Tone::Soft, Qt::AlignRight))});
+    QWidget* choice = plain({line(
+        labelled("Search", textField(s.search.Search, 14)), caption("Order by"), option(f.ByAddress),
+        option(f.ByName), caption("Register Filter"), tick(f.ENRF), tick(f.ENTest), tick(f.ENDigital),
+        tick(f.ENMisc), button(f.ViewAll), labelled("Show", list(s.differences.Show, 14)),
+        button(s.differences.CompareFile), noteLine(s.search.ShownCount, 9, Tone::Soft, Qt::AlignRight))});
     TextFiles& files = s.files;
     QWidget* body = across({gridView(s.editor.SettingsDataGrid, rowsInSight),
-                            column({registerGroup(s.editor, s.notes), statusGroup(s.status)})},
+                            column({tight(registerGroup(s.editor, s.notes)), tight(statusGroup(s.status))})},
                            0);
-    QWidget* notes =
-        group("Macro row files", {line(label(s.GuiNotesLabel, Tone::Soft)), line(textField(s.GuiNotes, 16)),
-                                  line(button(files.LoadGUI), button(files.SaveGUI), stretch())});
-    QWidget* compare =
-        plain({line(button(s.differences.CompareFile), button(s.differences.SaveListed), stretch()),
-               line(noteLine(s.differences.ComparedFile, 20))});
+    QWidget* notes = plain({label(s.GuiNotesLabel), line(textField(s.GuiNotes, 16)),
+                            line(button(files.LoadGUI), button(files.SaveGUI), stretch())});
     QWidget* supply =
         group(s.supply.SupplyFrame,
               {line(field(s.supply.Voltage, 5), caption("V"), button(s.supply.PB_Voltage), stretch())});
-    QWidget* lower = across({macroGroup(s.macros, s.batch), column({compare, notes, supply})}, 0);
+    QWidget* lower = across({tight(macroGroup(s.macros, s.batch)), column({notes, supply})}, 0);
     return pageOf(s.Frame_tabs[0], {choice, body, lower}, 1);
 }
 
@@ -181,11 +196,12 @@ QWidget* registerToolView(Form& form) {
         {
             line(labelled("Chip", list(s.ChipSelect, 20)), labelled(s.ProjectLabel, field(s.Text3, 8)),
                  labelled(s.NotesLabel, textField(s.Notes, 16)), button(files.LoadSettings),
-                 button(files.SaveSettings), button(files.Command4), button(s.tables.Import),
-                 button(s.tables.Export)),
+                 button(files.SaveSettings), button(files.Command4), button(s.differences.SaveListed),
+                 button(s.tables.Import), button(s.tables.Export)),
             tabs(s.TabStrip1, {listPage(s), fifoPage(s)}),
             line(button(s.whole.RefreshTable), button(s.whole.UpdateChip), button(s.whole.Defaults),
-                 progress(s.whole.ProgressBar1), noteLine(s.report.Doing, 24), button(s.Command1),
+                 progress(s.whole.ProgressBar1), noteLine(s.report.Doing, 24),
+                 noteLine(s.differences.ComparedFile, 16, Tone::Soft, Qt::AlignRight), button(s.Command1),
                  button(s.Command2), button(s.Command3), swatch(s.One), swatch(s.Zero), swatch(s.nodata),
                  swatch(s.Blue), swatch(s.LightGray), button(s.Stop)),
         },

@@ -6,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -15,6 +16,21 @@ namespace {
 
 constexpr int leastRows = 3;
 constexpr int captionSpace = 5;
+
+/// A picked row's texts keep their own inks: a sign stays a sign.
+class KeepsInk : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        QVariant ink = index.data(Qt::ForegroundRole);
+        if (ink.isValid()) {
+            option->palette.setColor(QPalette::HighlightedText, ink.value<QColor>());
+        }
+    }
+};
 
 /// Rows of one line, one row picked at most, the last column as wide as there is room.
 class GridView : public QTableView {
@@ -26,6 +42,7 @@ class GridView : public QTableView {
         setAlternatingRowColors(true);
         setWordWrap(false);
         setTabKeyNavigation(false);
+        setItemDelegate(new KeepsInk(this));
         setSelectionBehavior(QAbstractItemView::SelectRows);
         setSelectionMode(QAbstractItemView::SingleSelection);
         setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
