@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The register tool over its database: whole-table reads and writes against the bare exchanges of the same
-// lines, and the choice of a chip against the bare inserts of the same rows in one transaction.
+// lines, on a paced line against the time of the characters alone, and the choice of a chip against the bare
+// inserts of the same rows in one transaction.
 #include "answering_terminal.h"
 #include "bench_on_terminal.h"
 #include "ratio.h"
 
+#include "desktop/adapters/qt_text.h"
+#include "desktop/demo_board.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "store/register_list_store.h"
@@ -23,6 +26,7 @@ namespace {
 
 const DeclareRatio refreshRatio("TableRefresh", "BareTableReads", 1.6);
 const DeclareRatio updateRatio("ChipUpdate", "BareTableWrites", 1.6);
+const DeclareRatio pacedRefreshRatio("PacedTableRefresh", "TableLineTime", 1.03);
 const DeclareRatio choiceRatio("ChipChoice", "BareInserts", 2);
 const DeclareRatio growthRatio("ChoiceOf1024Each", "ChoiceOf16Each", 1.1);
 
@@ -53,10 +57,11 @@ RegisterList listOf(int count) {
     return list;
 }
 
-/// The register tool on a terminal that answers at once, with a database of one chip.
-class ToolOnTerminal {
+/// The register tool with a database of one chip, on whatever answers at a terminal.
+class ToolAt {
   public:
-    explicit ToolOnTerminal(int registers) {
+    ToolAt(const std::string& terminal, int registers)
+        : bench(terminal) {
         store::SqliteRegisterStores stores;
         store::makeDatabase(stores, bench.folder() / "ZOR.db", listOf(registers));
         bench.bench().tools.open(Tool::SPI);
@@ -66,8 +71,20 @@ class ToolOnTerminal {
     [[nodiscard]] SPI& tool() { return dynamic_cast<SPI&>(*bench.bench().tools.find(Tool::SPI)); }
 
   private:
+    BenchOnTerminal bench;
+};
+
+/// The same on a terminal that answers at once.
+class ToolOnTerminal {
+  public:
+    explicit ToolOnTerminal(int registers)
+        : bench(terminal.path(), registers) {}
+
+    [[nodiscard]] SPI& tool() { return bench.tool(); }
+
+  private:
     AnsweringTerminal terminal;
-    BenchOnTerminal bench{terminal.path()};
+    ToolAt bench;
 };
 
 void bareLines(benchmark::State& state, std::string (*lineOf)(int number)) {
@@ -108,6 +125,32 @@ void ChipUpdate(benchmark::State& state) {
     }
 }
 BENCHMARK(ChipUpdate)->UseRealTime();
+
+void TableLineTime(benchmark::State& state) {
+    // "S2 0A00" and its CR out; four digits, a separator and the prompt back.
+    constexpr double characters = 8 + 4 + 1 + 7;
+    constexpr double secondsPerCharacter = 10.0 / 19200;
+    for (auto _ : state) {
+        state.SetIterationTime(registerCount * characters * secondsPerCharacter);
+    }
+}
+BENCHMARK(TableLineTime)->UseManualTime()->Iterations(1);
+
+void PacedTableRefresh(benchmark::State& state) {
+    OnProcessor first(0);
+    DemoBoard board;
+    std::string terminal = fromQt(board.start());
+    if (terminal.empty()) {
+        state.SkipWithError("loadboard-sim did not start");
+        return;
+    }
+    board.tell(QStringLiteral("registers"));
+    ToolAt bench(terminal, registerCount);
+    for (auto _ : state) {
+        bench.tool().whole.RefreshTable.click();
+    }
+}
+BENCHMARK(PacedTableRefresh)->UseRealTime()->Iterations(1);
 
 void BareInserts(benchmark::State& state) {
     QTemporaryDir folder;

@@ -44,6 +44,7 @@ Differences::Differences(SPI& ownTool)
                 "≠ from the compared file");
     CompareFile.setTip("Chooses a configuration file and marks what differs from it; nothing is written");
     SaveListed.setTip("Saves the registers in the list alone: as a configuration, or as a table (CSV)");
+    ComparedFile.setVisible(false);
     Show.onChange = [this] { Show_Click(); };
     CompareFile.onClick = [this] {
         if (chooseFile()) {
@@ -143,6 +144,7 @@ void Differences::showFile() {
         return;
     }
     std::size_t count = countOf(Against::File);
+    ComparedFile.setVisible(true);
     ComparedFile.setCaption(fileName + ": " +
                             (count == 0 ? "nothing differs" : std::to_string(count) + " differ"));
 }

@@ -14,17 +14,17 @@ namespace {
 using Access = GridColumn::Access;
 
 std::vector<GridColumn> transmitColumns() {
-    return {{.caption = "Item", .characters = 5},
-            {.caption = "Hex", .access = Access::Editable, .characters = 4, .fixedPitch = true},
-            {.caption = "ASCII", .characters = 6, .fixedPitch = true}};
+    return {{.caption = "Item", .characters = 4},
+            {.caption = "Hex", .access = Access::Editable, .characters = 3, .fixedPitch = true},
+            {.caption = "ASCII", .characters = 5, .fixedPitch = true}};
 }
 
 std::vector<GridColumn> receiveColumns() {
-    return {{.caption = "Item", .characters = 5},
-            {.caption = "Hex", .characters = 4, .fixedPitch = true},
-            {.caption = "ASCII", .characters = 6, .fixedPitch = true},
-            {.caption = "Xpd", .access = Access::Editable, .characters = 4, .fixedPitch = true},
-            {.caption = "Err", .characters = 4}};
+    return {{.caption = "Item", .characters = 4},
+            {.caption = "Hex", .characters = 3, .fixedPitch = true},
+            {.caption = "ASCII", .characters = 5, .fixedPitch = true},
+            {.caption = "Xpd", .access = Access::Editable, .characters = 3, .fixedPitch = true},
+            {.caption = "Err", .characters = 3}};
 }
 
 std::int16_t sizeOf(const StoredValue& value) {
@@ -147,7 +147,8 @@ void FifoPage::storeRead(std::size_t row, const std::string& hex, const std::str
     RX->setValue("Hex", hex);
     RX->setValue("Error", error);
     RX->save();
-    RXFIFO.setCell(row, RXFIFO.column("Hex").value(), hex);
+    RXFIFO.setCell(row, RXFIFO.column("Hex").value(),
+                   GridCell(hex, error.empty() ? CellLook::Plain : CellLook::Wrong));
     RXFIFO.setCell(row, RXFIFO.column("Err").value(), GridCell(error, CellLook::Wrong));
 }
 

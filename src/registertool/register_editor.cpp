@@ -23,7 +23,7 @@ std::vector<GridColumn> settingColumns() {
     using Access = GridColumn::Access;
     std::vector<GridColumn> columns = {
         {.caption = "", .characters = 2},
-        {.caption = "Addr.", .characters = 4, .fixedPitch = true},
+        {.caption = "Addr.", .characters = 3, .fixedPitch = true},
         {.caption = "Hex", .access = Access::Editable, .characters = 3, .fixedPitch = true},
         {.caption = "Binary", .characters = 9, .fixedPitch = true},
         {.caption = "Name", .characters = 10}};

@@ -4,6 +4,7 @@
 #include "registertool/register_lines.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 
 namespace zor {

@@ -10,6 +10,9 @@
 #include <QGroupBox>
 #include <QLayout>
 #include <QPlainTextEdit>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <QTableView>
 
 namespace zor {
 
@@ -26,20 +29,68 @@ QWidget* tight(QWidget* block) {
     return block;
 }
 
+/// The room that is left over goes to others.
+QWidget* keptShort(QWidget* widget) {
+    widget->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    return widget;
+}
+
+/// As wide as needed to see how far it is.
+QWidget* keptNarrow(QWidget* widget) {
+    widget->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    widget->setMaximumWidth(widget->fontMetrics().averageCharWidth() * 26);
+    return widget;
+}
+
 /// Words that are looked at, on two lines where they need them.
 QWidget* twoLines(TextField& element) {
     auto* area = static_cast<QPlainTextEdit*>(textArea(element, 20, 2));
     area->setFont(QFont());
     constexpr int frame = 12;
     area->setFixedHeight(QFontMetrics(area->font()).lineSpacing() * 2 + frame);
+    // From its beginning: it is not typed in.
+    Binding::of(area)->keep(element.changed.subscribe([area] {
+        const QSignalBlocker quiet(area);
+        area->moveCursor(QTextCursor::Start);
+    }));
     return area;
+}
+
+/// What the bytes of a FIFO are as characters, worked out from their digits.
+class Letters : public QStyledItemDelegate {
+  public:
+    Letters(QObject* parent, int hexColumn)
+        : QStyledItemDelegate(parent)
+        , hex(hexColumn) {}
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        bool isHex = false;
+        uint code = index.siblingAtColumn(hex).data().toString().toUInt(&isHex, 16);
+        option->text = isHex && code > 0x20 && code < 0x7F ? QString(QChar(code)) : QString();
+        option->features |= QStyleOptionViewItem::HasDisplay;
+    }
+
+  private:
+    int hex;
+};
+
+QWidget* fifoGrid(Grid& grid) {
+    QWidget* whole = captionedGrid(grid, rowsInSight);
+    auto* table = whole->findChild<QTableView*>();
+    auto letters = static_cast<int>(grid.column("ASCII").value());
+    table->setItemDelegateForColumn(letters,
+                                    new Letters(table, static_cast<int>(grid.column("Hex").value())));
+    return whole;
 }
 
 QWidget* registerGroup(RegisterEditor& e, EditorNotes& notes) {
     return group("Register",
                  {
                      line(field(e.Address, 4), textField(e.Name1, 12), noteLine(notes.DefaultNote, 11)),
-                     line(label(e.DescriptionLabel, Tone::Soft), twoLines(e.Description)),
+                     line(label(e.DescriptionLabel, Tone::Soft), stretch()),
+                     twoLines(e.Description),
                      bitRow(e.bit, CellShape::Tall, CellUse::Clicked, 0, e.bit.size()),
                      line(field(e.HexValue, 5), noteLine(notes.UnsentNote, 16, Tone::Reminder),
                           button(e.Read), strongButton(e.Send)),
@@ -58,7 +109,7 @@ QWidget* statusGroup(StatusViewer& s) {
 QWidget* macroGroup(MacroRows& macros, BatchPage& batch) {
     auto* box = new QGroupBox(QStringLiteral("Macro rows"));
     auto* table = new QGridLayout(box);
-    table->setContentsMargins(spaceInside, spaceInside, spaceInside, spaceInside);
+    table->setContentsMargins(spaceInside, 4, spaceInside, 6);
     table->setHorizontalSpacing(spaceBetween);
     table->setVerticalSpacing(2);
     int column = 0;
@@ -108,7 +159,7 @@ QWidget* listPage(SPI& s) {
     QWidget* supply =
         group(s.supply.SupplyFrame,
               {line(field(s.supply.Voltage, 5), caption("V"), button(s.supply.PB_Voltage), stretch())});
-    QWidget* lower = across({tight(macroGroup(s.macros, s.batch)), column({notes, supply})}, 0);
+    QWidget* lower = across({macroGroup(s.macros, s.batch), column({notes, supply})}, 0);
     return pageOf(s.Frame_tabs[0], {choice, body, lower}, 1);
 }
 
@@ -138,25 +189,28 @@ QWidget* batchControls(BatchPage& b) {
 
 QWidget* fifoControls(SPI& s) {
     FifoTest& f = s.fifoTest;
-    return group(
-        f.FifoFrame,
-        {
-            line(button(f.WriteTXff), button(f.ReadRXff), stretch(), button(f.ResetBER)),
-            line(labelled(f.PacketsLabel, field(f.Packets)), labelled(f.ErrorsLabel, field(f.Errors))),
-            line(labelled(f.PacketLostLabel, field(f.PacketLost)),
-                 labelled(f.DatabitsLabel, field(f.Databits))),
-            line(labelled(f.PERLabel, field(f.PER)), labelled(f.BERLabel, field(f.BER))),
-        });
+    return group(f.FifoFrame,
+                 {
+                     line(button(f.WriteTXff), button(f.ReadRXff), stretch(), button(f.ResetBER)),
+                     across({plain({labelled(f.PacketsLabel, field(f.Packets)),
+                                    labelled(f.PacketLostLabel, field(f.PacketLost)),
+                                    labelled(f.PERLabel, field(f.PER))}),
+                             plain({labelled(f.ErrorsLabel, field(f.Errors)),
+                                    labelled(f.DatabitsLabel, field(f.Databits)),
+                                    labelled(f.BERLabel, field(f.BER))})}),
+                 });
 }
 
 QWidget* ratesGroup(ErrorRates& r) {
-    return group("Error rates",
-                 {
-                     plot(r.RatePlot, 36, 10),
-                     line(list(r.RateKind, 16), list(r.RateAxis, 8), stretch()),
-                     line(tick(r.RateLogScale), stretch(), button(r.SaveRates)),
-                 },
-                 0);
+    QWidget* block = window(
+        {
+            plot(r.RatePlot, 36, 10),
+            line(list(r.RateKind, 16), list(r.RateAxis, 8), stretch()),
+            line(tick(r.RateLogScale), stretch(), button(r.SaveRates)),
+        },
+        0);
+    block->layout()->setContentsMargins(0, 0, 0, 0);
+    return block;
 }
 
 QWidget* fifoPage(SPI& s) {
@@ -168,12 +222,10 @@ QWidget* fifoPage(SPI& s) {
                                    line(caption("Register Filter"), stretch(), button(f.ViewAll2)),
                                    line(tick(f.ENRF2), tick(f.ENTest2), tick(f.ENDigital2), tick(f.ENMisc2)),
                                });
-    QWidget* transmit = window({captionedGrid(s.fifo.TXFIFO, rowsInSight),
-                                line(button(files.OpenTXff), button(files.SaveTXff), stretch())},
-                               0);
-    QWidget* receive = window({captionedGrid(s.fifo.RXFIFO, rowsInSight),
-                               line(button(files.OpenRXff), button(files.SaveRXff), stretch())},
-                              0);
+    QWidget* transmit =
+        window({fifoGrid(s.fifo.TXFIFO), line(button(files.OpenTXff), button(files.SaveTXff), stretch())}, 0);
+    QWidget* receive =
+        window({fifoGrid(s.fifo.RXFIFO), line(button(files.OpenRXff), button(files.SaveRXff), stretch())}, 0);
     QWidget* middle = window({fifoControls(s), ratesGroup(s.rates), choice}, 1);
     std::vector<QWidget*> scripts;
     for (Batch& batch : s.batch.batches) {
@@ -181,6 +233,7 @@ QWidget* fifoPage(SPI& s) {
     }
     QWidget* right = window(
         {across({scripts[0], scripts[1]}), across({scripts[2], scripts[3]}), batchControls(s.batch)}, 0);
+    static_cast<QGridLayout*>(right->layout())->setRowStretch(1, 1);
     for (QWidget* block : {transmit, receive, middle, right}) {
         block->layout()->setContentsMargins(0, 0, 0, 0);
     }
@@ -200,10 +253,10 @@ QWidget* registerToolView(Form& form) {
                  button(s.tables.Import), button(s.tables.Export)),
             tabs(s.TabStrip1, {listPage(s), fifoPage(s)}),
             line(button(s.whole.RefreshTable), button(s.whole.UpdateChip), button(s.whole.Defaults),
-                 progress(s.whole.ProgressBar1), noteLine(s.report.Doing, 24),
-                 noteLine(s.differences.ComparedFile, 16, Tone::Soft, Qt::AlignRight), button(s.Command1),
-                 button(s.Command2), button(s.Command3), swatch(s.One), swatch(s.Zero), swatch(s.nodata),
-                 swatch(s.Blue), swatch(s.LightGray), button(s.Stop)),
+                 keptNarrow(progress(s.whole.ProgressBar1)), noteLine(s.report.Doing, 24),
+                 keptShort(noteLine(s.differences.ComparedFile, 16, Tone::Soft, Qt::AlignRight)),
+                 smallButton(s.Command1), smallButton(s.Command2), smallButton(s.Command3), swatch(s.One),
+                 swatch(s.Zero), swatch(s.nodata), swatch(s.Blue), swatch(s.LightGray), button(s.Stop)),
         },
         1);
 }

@@ -67,7 +67,7 @@ class GridView : public QTableView {
     }
 
     [[nodiscard]] QSize sizeHint() const override {
-        int width = 2 * frameWidth();
+        int width = 2 * frameWidth() + style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
         for (const GridColumn& column : elementOf<Grid>(*binding)->columns()) {
             width += columnWidthOf(column);
         }
