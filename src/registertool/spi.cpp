@@ -155,13 +155,18 @@ bool SPI::send(const std::string& line) {
         ~Sending() {
             tool.sending = false;
             tool.naming.lineOnItsWay.clear();
+            if (!answered) {
+                // What was to follow is dropped with it.
+                tool.waiting.clear();
+            }
         }
+        bool answered = false;
     } guard(*this, line);
     if (bench.connect->Send_To_LoadBoard(line).portGone()) {
         portGone = true;
-        waiting.clear();
         return false;
     }
+    guard.answered = true;
     return !isClosed();
 }
 
