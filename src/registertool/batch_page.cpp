@@ -186,8 +186,8 @@ void BatchPage::BatchRun_Click(Batch& batch) {
         if (!batch.EnLoop.ticked() || (ENLimit.ticked() && !underLimit)) {
             break;
         }
-        if (loop.now() == begun) {
-            rest(busy);
+        if (loop.now() == begun && !rest(busy)) {
+            break;
         }
     }
 }
@@ -242,12 +242,17 @@ bool BatchPage::runLine(const std::string& line, LongAction& busy) {
     return busy.goesOn();
 }
 
-void BatchPage::rest(const LongAction& busy) {
-    // A script that sends nothing and loops must leave the user a way to end it.
+bool BatchPage::rest(const LongAction& busy) {
+    // A script that sends nothing and loops must leave the user a way to end it; no send of its own tells it
+    // that the board was disconnected.
+    const Connect& channel = *tool.bench.connect;
+    const bool connected = channel.isOpen();
     bool rested = false;
     Timer timer(tool.bench.platform.loop, [&rested] { rested = true; });
     timer.start(restTime);
-    tool.bench.platform.loop.runUntil([&] { return rested || !busy.goesOn(); });
+    auto ended = [&] { return !busy.goesOn() || (connected && !channel.isOpen()); };
+    tool.bench.platform.loop.runUntil([&] { return rested || ended(); });
+    return !ended();
 }
 
 void BatchPage::SaveBatch_Click() {

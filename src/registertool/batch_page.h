@@ -82,7 +82,8 @@ class BatchPage {
     void tellLine(Batch& batch, std::size_t line, const std::string& script);
     /// @return whether the run goes on
     bool runLine(const std::string& line, LongAction& busy);
-    void rest(const LongAction& busy);
+    /// @return whether the run goes on
+    bool rest(const LongAction& busy);
     void LoadBach_Click();
     void SaveBatch_Click();
 
