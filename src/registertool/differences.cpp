@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/differences.h"
 
+#include "host/files.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 #include "support/csv.h"
-#include "support/record_file.h"
 
 #include <algorithm>
 #include <filesystem>

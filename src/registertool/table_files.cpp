@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/table_files.h"
 
+#include "host/files.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 #include "support/csv.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 #include "support/register_table.h"
 
 #include <algorithm>

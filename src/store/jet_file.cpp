@@ -2,11 +2,11 @@
 // The one file that knows the library for Jet databases.
 #include "store/jet_file.h"
 
+#include "host/files.h"
 #include "platform/register_store.h"
 #include "store/schema.h"
 #include "store/translator.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 
 #include <mdbtools.h>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "host/files.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "store/register_list_store.h"
-#include "support/record_file.h"
 #include "virtual/virtual_bench.h"
 
 #include <cstdint>

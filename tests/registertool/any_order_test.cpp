@@ -4,10 +4,10 @@
 #include "registertool/spi.h"
 
 #include "elements/menu.h"
+#include "host/files.h"
 #include "registertool/cell_values.h"
 #include "registertool/register_lines.h"
 #include "store/register_list_store.h"
-#include "support/record_file.h"
 #include "virtual/virtual_bench.h"
 
 #include <gtest/gtest.h>

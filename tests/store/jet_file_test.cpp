@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "store/jet_file.h"
 
+#include "host/files.h"
 #include "platform/register_store.h"
 #include "store/jet_writer.h"
 #include "store/schema.h"
-#include "support/record_file.h"
 
 #include <gtest/gtest.h>
 
