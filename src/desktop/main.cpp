@@ -9,6 +9,7 @@
 #include "desktop/demo_tour.h"
 #include "desktop/desktop_window.h"
 #include "desktop/first_paint.h"
+#include "desktop/program_folders.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/instrument_style.h"
 #include "panels/common/chip_panel.h"
@@ -209,6 +210,9 @@ int main(int argc, char** argv) {
     QtDialogs dialogs;
     QtSurroundings surroundings;
     store::SqliteRegisterStores registerStores;
+    ProgramFolders folders =
+        ProgramFolders::find(fromQt(QCoreApplication::applicationDirPath()),
+                             fromQt(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     Platform platform{
         .loop = loop,
         .ports = ports,
@@ -216,7 +220,7 @@ int main(int argc, char** argv) {
         .dialogs = dialogs,
         .surroundings = surroundings,
         .registerStores = registerStores,
-        .programFolder = fromQt(QCoreApplication::applicationDirPath()),
+        .programFolder = folders.program,
         .userFolder = fromQt(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
         .startDatabase = fromQt(
             QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../Registers/ZOR.db"))),
@@ -224,6 +228,7 @@ int main(int argc, char** argv) {
             QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../Documentation")))),
         .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',
     };
+    platform.startDatabase = folders.companions / "Registers" / "ZOR.db";
     Desk desk(loop);
     Subscription mounting;
     if (switches.demo) {
