@@ -95,10 +95,11 @@ int flood() {
     std::size_t before = 0;
     while (costs.size() < parts) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        std::size_t come = window.Text1.contents().size();
+        std::size_t kept = window.Text1.contents().size();
+        std::size_t come = window.Text1.dropped() + kept;
         if (come >= (costs.size() + 1) * (floodBytes / parts)) {
             costs.push_back(static_cast<double>(clock.nsecsElapsed()) / static_cast<double>(come - before));
-            memoryBeside = residentMemory() - megabytes(come);
+            memoryBeside = residentMemory() - megabytes(kept);
             memoryAtFirst = costs.size() == 1 ? memoryBeside : memoryAtFirst;
             before = come;
             clock.restart();

@@ -11,7 +11,8 @@ void Monitor::append(std::string_view text) {
 }
 
 void Monitor::clear() {
-    content.clear();
+    // With its room: it may have been megabytes.
+    std::string().swap(content);
     cursorPosition = 0;
     changed.emit();
 }

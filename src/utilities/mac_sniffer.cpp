@@ -16,6 +16,7 @@ MacSniffer::MacSniffer(Bench& ownBench)
     , Incoming(*this, "Incoming")
     , Clear(*this, "Clear", "Clear")
     , Save(*this, "Save", "Save...")
+    , Kept(*this, "Kept")
     , FR_OPT(*this, "FR_OPT", "VireoMac Versions")
     , OPT_Lite(*this, versions, "OPT_Lite", "Lite")
     , OPT_Norm(*this, versions, "OPT_Norm", "Normal")
@@ -55,9 +56,13 @@ MacSniffer::MacSniffer(Bench& ownBench)
     OPT_Norm.onChoose = [this] { OPT_Norm_Click(); };
     OPT_FixPlen.onChoose = [this] { followLength(); };
     OPT_DPlen.onChoose = [this] { followLength(); };
-    Clear.onClick = [this] { Incoming.clear(); };
+    Clear.onClick = [this] {
+        Incoming.clear();
+        Kept.setCaption("");
+    };
     Save.onClick = [this] { Save_Click(); };
     followLength();
+    shortened = Incoming.shortened.subscribe([this] { Kept.setCaption(Incoming.droppedNote()); });
 
     bench.setMirror(&WindowSwitches::VireoMacSnifferOn, &Incoming);
     bench.windows.VireoMacSnifferOn = true;

@@ -3,8 +3,8 @@
 
 #include "elements/button.h"
 #include "elements/form.h"
+#include "elements/kept_text.h"
 #include "elements/label.h"
-#include "elements/monitor.h"
 #include "elements/options.h"
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
@@ -20,15 +20,17 @@ class MacSniffer : public Form {
     ~MacSniffer() override;
 
     /// Received text: it takes no typing.
-    class Received : public Monitor {
+    class Received : public KeptText {
       public:
-        using Monitor::Monitor;
+        using KeptText::KeptText;
         bool press(char) override { return false; }
     };
 
     Received Incoming;
     Button Clear;
     Button Save;
+    /// Says so when the oldest text is gone.
+    Label Kept;
     Frame FR_OPT;
     OptionGroup versions;
     Option OPT_Lite;
@@ -58,6 +60,7 @@ class MacSniffer : public Form {
     void Save_Click();
 
     Bench& bench;
+    Subscription shortened;
 };
 
 } // namespace zor

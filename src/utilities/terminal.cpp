@@ -5,6 +5,7 @@
 #include "link/connect.h"
 #include "support/lines.h"
 
+#include <optional>
 #include <utility>
 
 namespace zor {
@@ -22,6 +23,8 @@ Terminal::Terminal(Bench& ownBench)
     : Form(ownBench.desk, "Terminal", "Terminal")
     , Text1(*this, "Text1")
     , Clear(*this, "Clear", "Clear")
+    , SaveLog(*this, "SaveLog", "Save log...")
+    , Kept(*this, "Kept")
     , En_ScriptWindow(*this, "En_ScriptWindow", "Show script editor")
     , ScriptFrame(*this, "ScriptFrame")
     , Label1(*this, "Label1", "Script window")
@@ -30,7 +33,8 @@ Terminal::Terminal(Bench& ownBench)
     , SaveScript(*this, "SaveScript", "Save")
     , SendScript(*this, "SendScript", "Send")
     , bench(ownBench)
-    , CommandSendTimer(ownBench.platform.loop, [this] { CommandSendTimer_Timer(); }) {
+    , CommandSendTimer(ownBench.platform.loop, [this] { CommandSendTimer_Timer(); })
+    , echo(Text1) {
     setExtent({5400, 9000});
     CommandSendTimer.setInterval(sendDelay);
     Script.setMultiLine(true);
@@ -40,15 +44,23 @@ Terminal::Terminal(Bench& ownBench)
         element->setContainer(&ScriptFrame);
     }
     ScriptFrame.setVisible(false);
-    Text1.setTip("Type a command; Enter sends it");
+    Text1.setTip("Type a command; Enter sends it, Up and Down fetch earlier ones");
+    SaveLog.setTip("Keeps the text in a file, the script's lines between their answers");
 
     Text1.onKey = [this](char key) { Text1_KeyPress(key); };
-    Clear.onClick = [this] { Text1.clear(); };
+    Text1.onRecall = [this](int step) { fetchTyped(step); };
+    Clear.onClick = [this] {
+        Text1.clear();
+        Kept.setCaption("");
+    };
+    SaveLog.onClick = [this] { SaveLog_Click(); };
     En_ScriptWindow.onChange = [this] { En_ScriptWindow_Click(); };
     LoadScript.onClick = [this] { LoadScript_Click(); };
     SaveScript.onClick = [this] { SaveScript_Click(); };
     SendScript.onClick = [this] { SendScript_Click(); };
 
+    subscriptions.push_back(Text1.shortened.subscribe([this] { Kept.setCaption(Text1.droppedNote()); }));
+    subscriptions.push_back(bench.connect->portClosed.subscribe([this] { echo.forget(); }));
     bench.setMirror(&WindowSwitches::Terminalon, &Text1);
     bench.windows.Terminalon = true;
 }
@@ -62,11 +74,40 @@ Terminal::~Terminal() {
 
 void Terminal::unload() {
     CommandSendTimer.stop();
+    subscriptions.clear();
     bench.windows.Terminalon = false;
     bench.setMirror(&WindowSwitches::Terminalon, nullptr);
 }
 
+std::string Terminal::typedLine() const {
+    const std::string& buffer = bench.link.Buf1;
+    std::size_t end = buffer.rfind('\r');
+    return end == std::string::npos ? buffer : buffer.substr(end + 1);
+}
+
+void Terminal::fetchTyped(int step) {
+    std::string current = typedLine();
+    std::optional<std::string> wanted = typed.walk(step, current);
+    if (!wanted) {
+        return;
+    }
+    // By the keys that a user would press, so that the window and the line cannot part.
+    fetching = true;
+    for (std::size_t count = current.size(); count > 0; --count) {
+        Text1.press('\b');
+    }
+    for (char key : *wanted) {
+        Text1.press(key);
+    }
+    fetching = false;
+}
+
 void Terminal::Text1_KeyPress(char key) {
+    if (key == '\r') {
+        typed.add(typedLine());
+    } else if (!fetching) {
+        typed.endWalk();
+    }
     if (key == '\b') {
         if (!bench.link.Buf1.empty()) {
             bench.link.Buf1.pop_back();
@@ -90,7 +131,8 @@ void Terminal::CommandSendTimer_Timer() {
     // What is typed while the send waits begins the next line.
     std::string line = std::exchange(bench.link.Buf1, {});
     if (!line.empty()) {
-        bench.connect->Send_To_LoadBoard(line);
+        echo.sentTyped();
+        send(line);
     }
 }
 
@@ -142,7 +184,29 @@ void Terminal::SendScript_Click() {
         return;
     }
     // All lines go at once; the wait ends with the first prompt.
-    bench.connect->Send_To_LoadBoard(Script.text());
+    std::string script = Script.text();
+    echo.sent(script);
+    send(script);
+}
+
+void Terminal::send(const std::string& text) {
+    Exchange result = bench.connect->Send_To_LoadBoard(text);
+    if (result.outcome == Exchange::Outcome::TimedOut) {
+        echo.forget();
+    }
+}
+
+void Terminal::SaveLog_Click() {
+    try {
+        FileRequest request = scriptDialog(FileRequest::Mode::Save, "Save Terminal Log");
+        FileChoice choice = bench.platform.dialogs.chooseFile(request);
+        if (choice.name != scriptPattern) {
+            writeFileWhole(choice.name, Text1.withRemarks());
+            bench.notice("Saved " + choice.name);
+        }
+    } catch (const ToolError& error) {
+        bench.tellFileError(error, "File save error");
+    }
 }
 
 } // namespace zor

@@ -3,12 +3,17 @@
 
 #include "elements/button.h"
 #include "elements/form.h"
+#include "elements/kept_text.h"
 #include "elements/label.h"
-#include "elements/monitor.h"
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
 #include "link/bench.h"
 #include "platform/event_loop.h"
+#include "utilities/script_echo.h"
+#include "utilities/typed_lines.h"
+
+#include <string>
+#include <vector>
 
 namespace zor {
 
@@ -19,8 +24,13 @@ class Terminal : public Form {
     explicit Terminal(Bench& ownBench);
     ~Terminal() override;
 
-    Monitor Text1;
+    /// Takes the keys of the line being typed; asked for it, it fetches an earlier one.
+    KeptText Text1;
     Button Clear;
+    /// Keeps what the window shows in a file, the script's lines between their answers.
+    Button SaveLog;
+    /// Says so when the oldest text is gone.
+    Label Kept;
     TickBox En_ScriptWindow;
     /// The script group, shown by En_ScriptWindow.
     Frame ScriptFrame;
@@ -35,15 +45,25 @@ class Terminal : public Form {
 
   private:
     void Text1_KeyPress(char key);
+    void fetchTyped(int step);
+    /// What was typed since the last Enter.
+    [[nodiscard]] std::string typedLine() const;
     void CommandSendTimer_Timer();
     void En_ScriptWindow_Click();
     void LoadScript_Click();
     void SaveScript_Click();
     void SendScript_Click();
+    void SaveLog_Click();
+    void send(const std::string& text);
     [[nodiscard]] FileRequest scriptDialog(FileRequest::Mode mode, const std::string& title) const;
 
     Bench& bench;
     Timer CommandSendTimer;
+    ScriptEcho echo;
+    TypedLines typed;
+    /// The program types a fetched line.
+    bool fetching = false;
+    std::vector<Subscription> subscriptions;
 };
 
 } // namespace zor

@@ -4,6 +4,7 @@
 #include "desktop/views/compose.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "elements/kept_text.h"
 
 #include <gtest/gtest.h>
 
@@ -425,6 +426,54 @@ TEST_F(Binders, AMonitorShowsWhatComesAndSendsWhatIsTyped) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return view.toPlainText() == "iOK\n>"; }, 2000));
     element.clear();
     EXPECT_EQ(view.toPlainText(), "");
+}
+
+TEST_F(Binders, AMonitorShowsRemarksInAnotherToneBetweenTheText) {
+    auto& element = add<KeptText>("Text1");
+    auto& view = show<QPlainTextEdit>(monitor(element));
+    element.remark("Z3\r\n");
+    element.append("OK\r\n>");
+    element.remark("H2\r\n");
+    element.append("OK\r\n>");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.toPlainText() == "Z3\nOK\n>H2\nOK\n>"; }, 2000));
+    auto italicAt = [&](int position) {
+        QTextCursor cursor(view.document());
+        cursor.setPosition(position + 1);
+        return cursor.charFormat().fontItalic();
+    };
+    EXPECT_TRUE(italicAt(0));
+    EXPECT_FALSE(italicAt(3));
+    EXPECT_TRUE(italicAt(7));
+    EXPECT_FALSE(italicAt(10));
+    element.clear();
+    EXPECT_EQ(view.toPlainText(), "");
+    element.remark("only a remark\r\n");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.toPlainText() == "only a remark\n"; }, 2000));
+    element.clear();
+    EXPECT_EQ(view.toPlainText(), "");
+}
+
+TEST_F(Binders, UpAndDownFetchTypedLines) {
+    auto& element = add<KeptText>("Text1");
+    std::string steps;
+    element.onRecall = [&](int step) { steps += step < 0 ? 'u' : 'd'; };
+    auto& view = show<QPlainTextEdit>(monitor(element));
+    QTest::keyClick(&view, Qt::Key_Up);
+    QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_EQ(steps, "ud");
+}
+
+TEST_F(Binders, AMonitorThatDropsItsOldestTextShowsItsNewest) {
+    auto& element = add<KeptText>("Text1");
+    auto& view = show<QPlainTextEdit>(monitor(element));
+    std::string line(1022, 'x');
+    line += "\r\n";
+    for (std::size_t written = 0; written <= KeptText::mostKept; written += line.size()) {
+        element.append(line);
+    }
+    element.append("the end");
+    EXPECT_GT(element.dropped(), 0U);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view.toPlainText().endsWith("x\nthe end"); }, 5000));
 }
 
 TEST_F(Binders, AFloodLeavesAMonitorBoundedAndTheLoopAlive) {

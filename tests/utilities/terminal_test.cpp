@@ -61,6 +61,89 @@ TEST(Terminal, TypingGoesOnInTheMiddleOfAFlood) {
     EXPECT_TRUE(shown.ends_with("\r\nOK\r\n>"));
 }
 
+TEST(Terminal, AScriptsLinesStandBetweenTheirAnswersAsRemarks) {
+    TerminalBench bench;
+    bench.terminal().En_ScriptWindow.tick(true);
+    bench.terminal().Script.edit("Z3\r\nQ\r\nH2\r\n");
+    bench.terminal().SendScript.click();
+    bench.run(std::chrono::milliseconds(50));
+    EXPECT_EQ(bench.terminal().Text1.text(), "\r\nOK\r\n>ERROR\r\n>\r\nOK\r\n>");
+    EXPECT_EQ(bench.terminal().Text1.withRemarks(), "Z3\r\n\r\nOK\r\n>Q\r\nERROR\r\n>H2\r\n\r\nOK\r\n>");
+}
+
+TEST(Terminal, ALineTypedBehindAScriptIsToldOnce) {
+    TerminalBench bench;
+    bench.terminal().En_ScriptWindow.tick(true);
+    bench.terminal().Script.edit("H2\r\nL2\r\n");
+    bench.terminal().SendScript.click();
+    for (char key : std::string("Z3\r")) {
+        bench.terminal().Text1.press(key);
+    }
+    bench.run(std::chrono::milliseconds(500));
+    bench.terminal().SendScript.click();
+    bench.run(std::chrono::milliseconds(50));
+    ASSERT_EQ(bench.terminal().Text1.remarks().size(), 4U);
+    EXPECT_TRUE(bench.terminal().Text1.withRemarks().ends_with("H2\r\n\r\nOK\r\n>L2\r\n\r\nOK\r\n>"));
+}
+
+TEST(Terminal, AScriptThatIsNotAnsweredIsGivenUp) {
+    TerminalBench bench;
+    bench.ports.seat(1).board().setMute(true);
+    bench.terminal().En_ScriptWindow.tick(true);
+    bench.terminal().Script.edit("H2\r\nL2\r\n");
+    bench.terminal().SendScript.click();
+    bench.ports.seat(1).board().setMute(false);
+    bench.terminal().Text1.press('i');
+    bench.terminal().Text1.press('\r');
+    bench.run(std::chrono::seconds(2));
+    ASSERT_EQ(bench.terminal().Text1.remarks().size(), 1U);
+    EXPECT_EQ(bench.terminal().Text1.remarks().front().text, "H2\r\n");
+}
+
+TEST(Terminal, FetchesTypedLinesInTheWindowAndInWhatWillBeSent) {
+    TerminalBench bench;
+    for (char key : std::string("H2\rL2\r")) {
+        bench.terminal().Text1.press(key);
+    }
+    bench.run(std::chrono::seconds(1));
+    bench.takeSent();
+    bench.terminal().Clear.click();
+    bench.terminal().Text1.press('Z');
+    EXPECT_TRUE(bench.terminal().Text1.recall(-1));
+    EXPECT_EQ(bench.terminal().Text1.text(), "L2");
+    bench.terminal().Text1.recall(-1);
+    EXPECT_EQ(bench.shared().link.Buf1, "H2");
+    bench.terminal().Text1.recall(1);
+    bench.terminal().Text1.recall(1);
+    EXPECT_EQ(bench.terminal().Text1.text(), "Z");
+    bench.terminal().Text1.recall(-1);
+    bench.terminal().Text1.press('\r');
+    bench.run(std::chrono::seconds(1));
+    EXPECT_EQ(bench.takeSent(), std::vector<std::string>{"L2"});
+}
+
+TEST(Terminal, FetchingDoesNotTouchALineThatWaitsForThePort) {
+    TerminalBench bench;
+    bench.main().linkBar.Disconnect.click();
+    for (char key : std::string("H2\r")) {
+        bench.terminal().Text1.press(key);
+    }
+    bench.terminal().Text1.recall(-1);
+    EXPECT_EQ(bench.shared().link.Buf1, "H2\rH2");
+    bench.terminal().Text1.recall(1);
+    EXPECT_EQ(bench.shared().link.Buf1, "H2\r");
+}
+
+TEST(Terminal, SaysWhenItsOldestTextIsGone) {
+    TerminalBench bench;
+    bench.terminal().Text1.append(std::string(KeptText::mostKept, 'x'));
+    EXPECT_EQ(bench.terminal().Kept.caption(), "");
+    bench.terminal().Text1.append("y");
+    EXPECT_EQ(bench.terminal().Kept.caption(), "The oldest 4.0 MiB are gone; the newest 16 MiB are kept.");
+    bench.terminal().Clear.click();
+    EXPECT_EQ(bench.terminal().Kept.caption(), "");
+}
+
 TEST(Terminal, ARefusedReadOnlyFileIsOfTheWrongKind) {
     TerminalBench bench;
     bench.terminal().En_ScriptWindow.tick(true);

@@ -13,7 +13,7 @@ QWidget* macSnifferView(Form& form) {
                           option(s.OPT_DPlen), tick(s.CHK_CID)});
     QWidget* addresses = group(s.FR_Addr_Setup, {tick(s.chk_Rar), option(s.OPT_Nw), option(s.OPT_Nrm)});
     return window({across({versions, header, addresses}, 1), monitor(s.Incoming, 80, 16),
-                   line(stretch(), button(s.Clear), button(s.Save))},
+                   line(label(s.Kept, Tone::Soft), stretch(), button(s.Clear), button(s.Save))},
                   1);
 }
 

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/widgets/binders.h"
+#include "desktop/widgets/colours.h"
+#include "elements/kept_text.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -7,6 +9,10 @@
 #include <QScrollBar>
 #include <QTextCursor>
 #include <QTimer>
+
+#include <algorithm>
+#include <deque>
+#include <utility>
 
 namespace zor {
 
@@ -40,6 +46,9 @@ class MonitorView : public QPlainTextEdit {
         binding = new Binding(element, *this);
         binding->followFocus();
         appended = element.appended.subscribe([this](std::string_view text) { take(text); });
+        if (KeptText* kept = keptText()) {
+            binding->keep(kept->remarked.subscribe([this] { takeRemark(); }));
+        }
         binding->onDraw([this] { showAnew(); });
     }
 
@@ -60,6 +69,11 @@ class MonitorView : public QPlainTextEdit {
             QPlainTextEdit::keyPressEvent(event);
             return;
         }
+        int step = event->key() == Qt::Key_Up ? -1 : event->key() == Qt::Key_Down ? 1 : 0;
+        if (KeptText* kept = keptText(); step != 0 && kept != nullptr && kept->onRecall) {
+            binding->gesture([&] { kept->recall(step); });
+            return;
+        }
         char key = keyOf(*event);
         if (key == 0) {
             QPlainTextEdit::keyPressEvent(event);
@@ -68,7 +82,19 @@ class MonitorView : public QPlainTextEdit {
         binding->gesture([&] { binding->element()->press(key); });
     }
 
+    void changeEvent(QEvent* event) override {
+        QPlainTextEdit::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange && binding != nullptr && keptText() != nullptr &&
+            !keptText()->remarks().empty()) {
+            seen = std::string::npos;
+            showAnew();
+        }
+    }
+
   private:
+    /// nullptr for a monitor of another kind, and once the form has gone.
+    [[nodiscard]] KeptText* keptText() const { return dynamic_cast<KeptText*>(binding->element()); }
+
     static char keyOf(const QKeyEvent& event) {
         if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
             return '\r';
@@ -97,6 +123,13 @@ class MonitorView : public QPlainTextEdit {
         }
     }
 
+    void takeRemark() {
+        remarks.push_back(keptText()->remarks().back());
+        if (!timer.isActive()) {
+            timer.start();
+        }
+    }
+
     void keepNewest() {
         if (waiting.size() > std::size_t{monitorCharacters}) {
             waiting.erase(0, waiting.size() - std::size_t{monitorCharacters});
@@ -106,36 +139,76 @@ class MonitorView : public QPlainTextEdit {
     /// Needed after the text became shorter; while it only grows `take` has it all.
     void showAnew() {
         const std::string& all = elementOf<Monitor>(*binding)->contents();
-        if (all.size() == seen) {
+        bool withoutRemarks = showsRemarks && (keptText() == nullptr || keptText()->remarks().empty());
+        if (all.size() == seen && !withoutRemarks) {
             return;
         }
         seen = all.size();
         clear();
+        showsRemarks = false;
         rowLength = 0;
         std::size_t newest = std::min(all.size(), std::size_t{monitorCharacters});
         waiting.assign(all, all.size() - newest, newest);
+        remarks.clear();
+        if (const KeptText* kept = keptText()) {
+            const std::deque<KeptText::Remark>& said = kept->remarks();
+            auto first = std::find_if(said.begin(), said.end(), [&](const KeptText::Remark& remark) {
+                return remark.position >= all.size() - newest;
+            });
+            remarks.assign(first, said.end());
+        }
         showWaiting();
     }
 
     void showWaiting() {
         timer.stop();
         keepNewest();
-        QString text = screenText(waiting);
         bool replaces = waiting.size() >= std::size_t{monitorCharacters};
-        waiting.clear();
         QScrollBar& bar = *verticalScrollBar();
         bool atEnd = bar.value() >= bar.maximum() - 1;
-        if (replaces) {
-            setPlainText(text);
+        if (replaces && remarks.empty()) {
+            setPlainText(screenText(waiting));
         } else {
-            QTextCursor cursor(document());
-            cursor.movePosition(QTextCursor::End);
-            cursor.insertText(text);
+            if (replaces) {
+                clear();
+            }
+            insertWaiting();
             dropOldest();
         }
+        waiting.clear();
         if (atEnd || replaces) {
             bar.setValue(bar.maximum());
         }
+    }
+
+    /// With the remarks, each at its place.
+    void insertWaiting() {
+        QTextCursor cursor(document());
+        cursor.movePosition(QTextCursor::End);
+        cursor.beginEditBlock();
+        std::string_view rest = waiting;
+        for (const KeptText::Remark& remark : std::exchange(remarks, {})) {
+            std::size_t position = seen - rest.size();
+            if (remark.position < position) {
+                // What it stood in is not shown any more.
+                continue;
+            }
+            std::size_t length = std::min(remark.position - position, rest.size());
+            cursor.insertText(screenText(rest.substr(0, length)), QTextCharFormat());
+            cursor.insertText(screenText(remark.text), remarkFormat());
+            rest.remove_prefix(length);
+            showsRemarks = true;
+        }
+        cursor.insertText(screenText(rest), QTextCharFormat());
+        cursor.endEditBlock();
+    }
+
+    /// Told from the text by its slant too.
+    [[nodiscard]] QTextCharFormat remarkFormat() const {
+        QTextCharFormat format;
+        format.setForeground(roles(palette()).softText);
+        format.setFontItalic(true);
+        return format;
     }
 
     void dropOldest() {
@@ -150,7 +223,7 @@ class MonitorView : public QPlainTextEdit {
     }
 
     /// Line ends are the carriage return's line feed; other control characters show as their pictures.
-    QString screenText(const std::string& bytes) {
+    QString screenText(std::string_view bytes) {
         QString text;
         text.reserve(static_cast<qsizetype>(bytes.size()));
         for (char c : bytes) {
@@ -175,6 +248,9 @@ class MonitorView : public QPlainTextEdit {
     Binding* binding = nullptr;
     Subscription appended;
     std::string waiting;
+    /// To be shown in or behind what waits.
+    std::deque<KeptText::Remark> remarks;
+    bool showsRemarks = false;
     std::size_t seen = 0;
     int rowLength = 0;
     QTimer timer;

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "elements/kept_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+/// So much goes at a time that moving the rest costs next to nothing a character.
+constexpr std::size_t droppedAtOnce = KeptText::mostKept / 4;
+/// How far the end of the line that goes last is looked for; a text without lines is cut anywhere.
+constexpr std::size_t longestLine = 4096;
+/// Of commands that were never answered; the text's own bound does not count them.
+constexpr std::size_t mostRemarks = 10'000;
+
+} // namespace
+
+KeptText::KeptText(Form& owner, std::string name)
+    : Monitor(owner, std::move(name))
+    , growing(appended.subscribe([this](std::string_view) {
+        if (contents().size() > mostKept) {
+            dropOldest();
+        }
+    }))
+    , shrinking(changed.subscribe([this] { followShorterText(); })) {}
+
+void KeptText::followShorterText() {
+    if (contents().empty()) {
+        ownRemarks.clear();
+        droppedCount = 0;
+        return;
+    }
+    // A backspace may have taken what stood in front of them.
+    for (auto last = ownRemarks.rbegin(); last != ownRemarks.rend() && last->position > contents().size();
+         ++last) {
+        last->position = contents().size();
+    }
+}
+
+void KeptText::dropOldest() {
+    std::size_t from = std::max(contents().size() - mostKept, droppedAtOnce);
+    std::size_t lineEnd = contents().find('\n', from - 1);
+    if (lineEnd < from + longestLine) {
+        from = lineEnd + 1;
+    }
+    from = std::min(from, contents().size());
+    while (!ownRemarks.empty() && ownRemarks.front().position < from) {
+        ownRemarks.pop_front();
+    }
+    for (Remark& kept : ownRemarks) {
+        kept.position -= from;
+    }
+    droppedCount += from;
+    keepFrom(from);
+    shortened.emit();
+}
+
+std::string KeptText::droppedNote() const {
+    if (droppedCount == 0) {
+        return {};
+    }
+    std::array<char, 80> note{};
+    std::snprintf(note.data(), note.size(), "The oldest %.1f MiB are gone; the newest %zu MiB are kept.",
+                  static_cast<double>(droppedCount) / (1 << 20), mostKept >> 20);
+    return note.data();
+}
+
+void KeptText::remark(std::string text) {
+    if (ownRemarks.size() == mostRemarks) {
+        ownRemarks.pop_front();
+    }
+    ownRemarks.push_back({contents().size(), std::move(text)});
+    remarked.emit();
+}
+
+std::string KeptText::withRemarks() const {
+    std::string all;
+    std::size_t position = 0;
+    for (const Remark& said : ownRemarks) {
+        all.append(contents(), position, said.position - position).append(said.text);
+        position = said.position;
+    }
+    return all.append(contents(), position, std::string::npos);
+}
+
+bool KeptText::recall(int step) {
+    return onRecall && act([&] { onRecall(step); });
+}
+
+} // namespace zor
