@@ -2,6 +2,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/shown_text.h"
 #include "panels/common/control_word.h"
 
 #include <QCoreApplication>
@@ -31,7 +32,7 @@ class LineField : public QLineEdit {
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
     /// The text that Escape brings back.
-    QString kept;
+    std::string kept;
 
   private:
     int columns;
@@ -131,16 +132,19 @@ class FieldKeys : public QObject {
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        if (field() == nullptr) {
+            return false;
+        }
         if (event->type() == QEvent::FocusIn) {
-            line.kept = line.text();
+            line.kept = field()->text();
         } else if (event->type() == QEvent::KeyPress && !line.isReadOnly()) {
             const auto& key = *static_cast<QKeyEvent*>(event);
             if (isEnter(key)) {
                 commit();
                 return true;
             }
-            if (key.key() == Qt::Key_Escape && line.text() != line.kept) {
-                binding.gesture([this] { field()->replace(fromQt(line.kept)); });
+            if (key.key() == Qt::Key_Escape && field()->text() != line.kept) {
+                binding.gesture([this] { field()->replace(line.kept); });
                 return true;
             }
         }
@@ -153,8 +157,8 @@ class FieldKeys : public QObject {
     void commit() {
         QPointer<FieldKeys> alive(this);
         binding.gesture([this] { field()->enter(); });
-        if (alive) {
-            line.kept = line.text();
+        if (alive && field() != nullptr) {
+            line.kept = field()->text();
         }
     }
 
@@ -162,28 +166,44 @@ class FieldKeys : public QObject {
     Binding& binding;
 };
 
+using Lines = ShownText::Lines;
+
+/// The user made this text of the one that was shown; the caret stands in it.
+void putEdited(TextField& held, const QString& text, int caret, Lines lines) {
+    std::string bytes = ShownText(held.text(), lines).edited(text);
+    std::size_t position = ShownText(bytes, lines).bytesBefore(caret);
+    held.replace(bytes, position);
+}
+
+void putCaret(TextField& held, const QString& text, int caret, Lines lines) {
+    // While a key is being typed the widget's text runs ahead of the element's.
+    if (ShownText shown(held.text(), lines); shown.text() == text) {
+        held.placeCaret(shown.bytesBefore(caret));
+    }
+}
+
+int caretIn(const TextField& held, Lines lines) {
+    return static_cast<int>(ShownText(held.text(), lines).positionOf(held.cursor()));
+}
+
 Binding& bindLine(LineField& line, TextField& element) {
     auto* binding = new Binding(element, line);
     new FieldKeys(line, *binding);
     binding->followFocus();
     new LockedFieldActions(line, line, *binding);
     QObject::connect(&line, &QLineEdit::textEdited, binding, [binding, &line](const QString& text) {
-        binding->gesture([&] {
-            std::size_t caret = fromQt(text.left(line.cursorPosition())).size();
-            elementOf<TextField>(*binding)->replace(fromQt(text), caret);
-        });
+        binding->gesture(
+            [&] { putEdited(*elementOf<TextField>(*binding), text, line.cursorPosition(), Lines::One); });
     });
     QObject::connect(&line, &QLineEdit::cursorPositionChanged, binding, [binding, &line](int, int position) {
         auto* held = elementOf<TextField>(*binding);
-        // While a key is being typed the widget's text runs ahead of the element's.
-        if (held != nullptr && !binding->isDrawing() && toQt(held->text()) == line.text()) {
-            held->placeCaret(fromQt(line.text().left(position)).size());
+        if (held != nullptr && !binding->isDrawing()) {
+            putCaret(*held, line.text(), position, Lines::One);
         }
     });
     auto showCaret = [binding, &line] {
         const auto& held = *elementOf<TextField>(*binding);
-        std::string text = held.text();
-        auto position = static_cast<int>(toQt(std::string_view(text).substr(0, held.cursor())).size());
+        int position = caretIn(held, Lines::One);
         if (line.cursorPosition() != position) {
             line.setCursorPosition(position);
         }
@@ -192,7 +212,7 @@ Binding& bindLine(LineField& line, TextField& element) {
     binding->onDraw([binding, &line, showCaret] {
         const auto& held = *elementOf<TextField>(*binding);
         line.setReadOnly(held.readOnly());
-        QString text = toQt(held.text());
+        QString text = ShownText(held.text(), Lines::One).text();
         if (line.text() != text) {
             line.setText(text);
             showCaret();
@@ -201,13 +221,13 @@ Binding& bindLine(LineField& line, TextField& element) {
     return *binding;
 }
 
-std::size_t caretOf(const QPlainTextEdit& area) {
-    return linesFromQt(area.toPlainText().left(area.textCursor().position())).size();
+/// Unlike the plain text it tells a hard blank from a blank.
+QString rawText(const QPlainTextEdit& area) {
+    return area.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
 }
 
 void showCaret(QPlainTextEdit& area, const TextField& held) {
-    std::string text = held.text();
-    auto position = static_cast<int>(linesToQt(std::string_view(text).substr(0, held.cursor())).size());
+    int position = caretIn(held, Lines::Many);
     QTextCursor cursor = area.textCursor();
     if (cursor.position() != position) {
         cursor.setPosition(position);
@@ -220,13 +240,15 @@ void bindArea(QPlainTextEdit& area, TextField& element) {
     binding->followFocus();
     new LockedFieldActions(area, *area.viewport(), *binding);
     QObject::connect(&area, &QPlainTextEdit::textChanged, binding, [binding, &area] {
-        binding->gesture(
-            [&] { elementOf<TextField>(*binding)->replace(linesFromQt(area.toPlainText()), caretOf(area)); });
+        binding->gesture([&] {
+            putEdited(*elementOf<TextField>(*binding), rawText(area), area.textCursor().position(),
+                      Lines::Many);
+        });
     });
     QObject::connect(&area, &QPlainTextEdit::cursorPositionChanged, binding, [binding, &area] {
         auto* held = elementOf<TextField>(*binding);
-        if (held != nullptr && !binding->isDrawing() && linesToQt(held->text()) == area.toPlainText()) {
-            held->placeCaret(caretOf(area));
+        if (held != nullptr && !binding->isDrawing()) {
+            putCaret(*held, rawText(area), area.textCursor().position(), Lines::Many);
         }
     });
     binding->keep(element.cursorMoved.subscribe(
@@ -234,8 +256,8 @@ void bindArea(QPlainTextEdit& area, TextField& element) {
     binding->onDraw([binding, &area] {
         const auto& held = *elementOf<TextField>(*binding);
         area.setReadOnly(held.readOnly());
-        QString text = linesToQt(held.text());
-        if (area.toPlainText() != text) {
+        QString text = ShownText(held.text(), Lines::Many).text();
+        if (rawText(area) != text) {
             area.setPlainText(text);
             showCaret(area, held);
         }
