@@ -27,6 +27,13 @@
 
 namespace zor {
 
+namespace {
+
+/// A window at an edge takes room from the panels; below this there is none to spare, in pixels.
+constexpr QSize dockingRoom(1600, 900);
+
+} // namespace
+
 DesktopWindow::DesktopWindow(MainWindow& mainForm)
     : main(mainForm)
     , mdi(new QMdiArea) {
@@ -61,6 +68,8 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm)
 
 DesktopWindow::~DesktopWindow() {
     subscriptions.clear();
+    dockable.clear();
+    docks.clear();
     windows.clear();
 }
 
@@ -69,8 +78,13 @@ FormWindow* DesktopWindow::windowOf(const Form& form) const {
     return window == windows.end() ? nullptr : window->second.get();
 }
 
+DockWindow* DesktopWindow::dockOf(const Form& form) const {
+    auto window = docks.find(&form);
+    return window == docks.end() ? nullptr : window->second.get();
+}
+
 void DesktopWindow::open(Form& form) {
-    if (&form == &main || windows.contains(&form)) {
+    if (&form == &main || windows.contains(&form) || docks.contains(&form)) {
         // Its own subscription to the form shows it.
         return;
     }
@@ -79,10 +93,61 @@ void DesktopWindow::open(Form& form) {
         qWarning("No view is registered for the window %s.", form.name().c_str());
         return;
     }
-    windows.emplace(&form, std::make_unique<FormWindow>(form, view->make(form), view->frame, *mdi));
+    makeWindow(form);
+    if (view->docking != nullptr) {
+        // The list that says where stands in the window that is taken away.
+        dockable.emplace(&form, form.changed.subscribe([this] {
+            QMetaObject::invokeMethod(
+                this, [this] { placeDocks(); }, Qt::QueuedConnection);
+        }));
+    }
+}
+
+void DesktopWindow::makeWindow(Form& form) {
+    const View* view = findView(form.name());
+    if (dockArea(form)) {
+        docks.emplace(&form, std::make_unique<DockWindow>(form, view->make(form), *view->docking, *this));
+    } else {
+        windows.emplace(&form, std::make_unique<FormWindow>(form, view->make(form), view->frame, *mdi));
+    }
+}
+
+std::optional<Qt::DockWidgetArea> DesktopWindow::dockArea(const Form& form) const {
+    const View* view = findView(form.name());
+    bool room = width() >= dockingRoom.width() && height() >= dockingRoom.height();
+    return view->docking != nullptr && room ? view->docking->area(form) : std::nullopt;
+}
+
+void DesktopWindow::placeDocks() {
+    for (const auto& [form, following] : dockable) {
+        const DockWindow* dock = dockOf(*form);
+        std::optional<Qt::DockWidgetArea> now = dock == nullptr ? std::nullopt : std::optional(dock->area());
+        if (!form->isOpen() || now == dockArea(*form)) {
+            continue;
+        }
+        windows.erase(form);
+        docks.erase(form);
+        makeWindow(*form);
+        if (FormWindow* inner = windowOf(*form)) {
+            inner->follow();
+        }
+    }
+    giveFrontBack();
+}
+
+/// A window at an edge works beside the others: the one that the user sees in front is in front.
+void DesktopWindow::giveFrontBack() {
+    const QMdiSubWindow* inner = mdi->currentSubWindow();
+    Form* front = main.desk().front();
+    Form* seen = inner == nullptr ? nullptr : main.desk().find(fromQt(inner->objectName()));
+    if (front != nullptr && docks.contains(front) && seen != nullptr && seen->isOpen()) {
+        seen->userActivate();
+    }
 }
 
 void DesktopWindow::remove(Form& form) {
+    dockable.erase(&form);
+    docks.erase(&form);
     windows.erase(&form);
 }
 
@@ -128,6 +193,7 @@ void DesktopWindow::moveEvent(QMoveEvent* event) {
 void DesktopWindow::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     tellGeometry();
+    placeDocks();
 }
 
 void DesktopWindow::changeEvent(QEvent* event) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/dock_window.h"
 #include "desktop/form_window.h"
 #include "elements/desk.h"
 
@@ -23,8 +24,10 @@ class DesktopWindow : public QMainWindow {
     explicit DesktopWindow(MainWindow& mainForm);
     ~DesktopWindow() override;
 
-    /// The window of an open form, or nullptr.
+    /// The inner window or dialog of an open form, or nullptr.
     [[nodiscard]] FormWindow* windowOf(const Form& form) const;
+    /// Where it stands at an edge of the main window; nullptr if it does not.
+    [[nodiscard]] DockWindow* dockOf(const Form& form) const;
     [[nodiscard]] QMdiArea& area() const { return *mdi; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -39,6 +42,12 @@ class DesktopWindow : public QMainWindow {
 
   private:
     void open(Form& form);
+    /// Makes the window, inner or at an edge, that the form wants and there is room for.
+    void makeWindow(Form& form);
+    /// Looks again where the forms want to stand that may stand at an edge.
+    void placeDocks();
+    void giveFrontBack();
+    [[nodiscard]] std::optional<Qt::DockWidgetArea> dockArea(const Form& form) const;
     void remove(Form& form);
     void follow();
     void tellGeometry();
@@ -49,6 +58,9 @@ class DesktopWindow : public QMainWindow {
     MainWindow& main;
     QMdiArea* mdi;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows;
+    std::map<const Form*, std::unique_ptr<DockWindow>> docks;
+    /// Those that may stand at an edge.
+    std::map<Form*, Subscription> dockable;
     std::vector<Subscription> subscriptions;
     bool following = false;
 };

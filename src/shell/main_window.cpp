@@ -5,6 +5,7 @@
 #include "panels/common/chip_panel.h"
 
 #include "shell/settings.h"
+#include "shell/wire_log_memory.h"
 #include "utilities/guide.h"
 
 #include <algorithm>
@@ -55,6 +56,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
         return panel == nullptr ? std::string() : panel->meaningOfLine(line);
     });
     subscriptions.push_back(recorder.addNaming(EepromNaming(ownBench)));
+    subscriptions.push_back(rememberWireLogPlace(ownBench));
     ownBench.CommStatus = &linkBar.CommStatus;
     subscriptions.push_back(ownBench.noticed.subscribe([this](const std::string& text) { foot.say(text); }));
     subscriptions.push_back(

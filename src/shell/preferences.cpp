@@ -116,7 +116,9 @@ void Preferences::stepLast(int step) {
 void Preferences::Save_Click() {
     StoredPreferences preferences{ComNr_min.text(), LoadWS.ticked(), CCautoLoad.ticked(), ComNr_max.text()};
     writePreferences(bench.platform, preferences);
-    writeOwnPreferences(bench.platform, {.reconnectByItself = ReconnectByItself.ticked()});
+    OwnPreferences own = readOwnPreferences(bench.platform);
+    own.reconnectByItself = ReconnectByItself.ticked();
+    writeOwnPreferences(bench.platform, own);
     takePreferences(bench, preferences);
     bench.preferences.ReconnectByItself = ReconnectByItself.ticked();
     for (const TextField* port : {&ComNr_min, &ComNr_max}) {

@@ -15,6 +15,7 @@ constexpr const char* ownName = "ZOR-more.ini";
 constexpr const char* recentName = "ZOR-recent.ini";
 constexpr std::string_view recentBanner = "# ZOR recent files version 1";
 constexpr std::string_view ownBanner = "# ZOR more settings version 1";
+constexpr std::string_view wireLogPlace = "WireLogPlace ";
 constexpr std::string_view iniBanner = "# ZOR ini file version 2.2.0";
 
 } // namespace
@@ -78,6 +79,12 @@ OwnPreferences readOwnPreferences(const Platform& platform) {
         RecordReader reader(readFile(settingsFileToRead(platform, ownName), longestSettings));
         if (reader.text() == ownBanner) {
             preferences.reconnectByItself = reader.boolean();
+            while (!reader.atEnd()) {
+                std::string line = reader.text();
+                if (line.starts_with(wireLogPlace)) {
+                    preferences.wireLogPlace = line.substr(wireLogPlace.size());
+                }
+            }
         }
     } catch (const ToolError&) {
         return {};
@@ -92,6 +99,9 @@ void writeOwnPreferences(const Platform& platform, const OwnPreferences& prefere
     RecordWriter writer;
     writer.text(ownBanner);
     writer.boolean(preferences.reconnectByItself);
+    if (preferences.wireLogPlace != OwnPreferences().wireLogPlace) {
+        writer.text(std::string(wireLogPlace) + preferences.wireLogPlace);
+    }
     writeFileWhole(settingsFileToWrite(platform, ownName), writer.bytes());
 }
 

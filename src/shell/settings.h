@@ -33,10 +33,13 @@ void parsePreferences(std::string bytes, StoredPreferences& preferences);
 /// The file's bytes.
 [[nodiscard]] std::string formatPreferences(const StoredPreferences& preferences);
 
-/// The preferences that ZOR.ini has no line for, in ZOR-more.ini: a banner and one line each. The file comes
-/// into being with the first preference that is not at its default.
+/// The preferences that ZOR.ini has no line for, in ZOR-more.ini: a banner, then one line each, further ones
+/// by their names and only where they are not at their defaults. The file comes into being with the first
+/// preference that is not.
 struct OwnPreferences {
     bool reconnectByItself = false;
+    /// An entry of the wire log's own list.
+    std::string wireLogPlace = "Window";
     friend bool operator==(const OwnPreferences&, const OwnPreferences&) = default;
 };
 /// The defaults for a file that is missing or cannot be read: nothing but comfort is lost.

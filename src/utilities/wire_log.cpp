@@ -119,6 +119,8 @@ WireLog::WireLog(Bench& ownBench)
     , Result(*this, "Result", {everything}, everything)
     , Pause(*this, "Pause", "Pause")
     , Follow(*this, "Follow", "Follow", true)
+    , LabelDock(*this, "LabelDock", "Place:")
+    , Dock(*this, "Dock", {"Window", "Bottom", "Right"}, "Window")
     , Log(*this, "Log", columns())
     , Count(*this, "Count")
     , Clear(*this, "Clear", "Clear")
@@ -135,6 +137,8 @@ WireLog::WireLog(Bench& ownBench)
     Result.setTip("Only lines that ended so");
     Pause.setTip("Stops the view; the recording goes on");
     Follow.setTip("Keeps the newest line in sight");
+    Dock.setTip("Where the log stands: a window, or the main window's bottom or right edge while that is at "
+                "least 1600 x 900 pixels large");
     Clear.setTip("Forgets all that was recorded");
     Copy.setTip("Puts the shown lines on the clipboard");
     Save.setTip("Saves the shown lines as text, or as CSV if the name ends so");
@@ -142,6 +146,10 @@ WireLog::WireLog(Bench& ownBench)
     Filter.onEdit = [this] { refill(); };
     Result.onChange = [this] { refill(); };
     Pause.onChange = [this] { take_Timer(); };
+    Dock.onChange = [this] {
+        placeChosen.emit();
+        changed.emit();
+    };
     Clear.onClick = [this] { recorder.clear(); };
     Copy.onClick = [this] { bench.platform.surroundings.copyText(asText()); };
     Save.onClick = [this] { Save_Click(); };
@@ -157,6 +165,12 @@ void WireLog::unload() {
     taking.stop();
     additions.end();
     clearing.end();
+}
+
+void WireLog::putPlace(const std::string& place) {
+    if (Dock.find(place) >= 0) {
+        Dock.putText(place);
+    }
 }
 
 bool WireLog::passes(const WireEntry& entry) const {

@@ -32,11 +32,19 @@ class WireLog : public Form {
     TickBox Pause;
     /// The newest row stays in sight.
     TickBox Follow;
+    Label LabelDock;
+    /// Where the window stands: inside the main window, or at its bottom or right edge.
+    ListBox Dock;
     Grid Log;
     Label Count;
     Button Clear;
     Button Copy;
     Button Save;
+
+    /// The user chose where it stands; `changed` follows.
+    Signal<> placeChosen;
+    /// An entry of Dock; another text leaves it where it is.
+    void putPlace(const std::string& place);
 
   protected:
     void unload() override;

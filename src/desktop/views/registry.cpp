@@ -38,7 +38,7 @@ const std::map<std::string, View>& allViews() {
         {"frm_PowerSupply", {powerSupplyView}},
         {"frm_TxSearch", {txSearchView}},
         {"frm_VireoMacSniffer", {macSnifferView}},
-        {"frm_WireLog", {wireLogView}},
+        {"frm_WireLog", {wireLogView, FormWindow::Frame::Titled, &wireLogDocking}},
         {"frm_Splash", {splashView, FormWindow::Frame::Bare}},
     };
     return views;

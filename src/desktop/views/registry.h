@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/dock_window.h"
 #include "desktop/form_window.h"
 
 #include <map>
@@ -13,6 +14,8 @@ struct View {
     /// Makes the window's content out of the form's elements.
     QWidget* (*make)(Form& form);
     FormWindow::Frame frame = FormWindow::Frame::Titled;
+    /// For a form that may stand at an edge of the main window.
+    const Docking* docking = nullptr;
 };
 
 /// Every view by its form's name. A new window needs one row here.

@@ -10,6 +10,7 @@ namespace zor {
 class Form;
 class MainWindow;
 class ReceivedPackets;
+struct Docking;
 
 /// The three bars of the main window.
 void addMainBars(QMainWindow& window, MainWindow& main);
@@ -35,6 +36,8 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* opalTestView(Form& form);
 [[nodiscard]] QWidget* opalView(Form& form);
 [[nodiscard]] QWidget* wireLogView(Form& form);
+/// The wire log may stand at an edge of the main window.
+extern const Docking wireLogDocking;
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
 [[nodiscard]] QWidget* preferencesView(Form& form);
 [[nodiscard]] QWidget* productsView(Form& form);

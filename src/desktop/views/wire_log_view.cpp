@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/dock_window.h"
 #include "desktop/views/compose.h"
 #include "desktop/views/views.h"
 #include "utilities/wire_log.h"
 
 #include <QScrollBar>
 #include <QTableView>
+
+#include <algorithm>
+#include <array>
 
 namespace zor {
 
@@ -26,7 +30,22 @@ void followNewest(QWidget& table, WireLog& log) {
                      [bar, &log] { log.Follow.tick(bar->sliderPosition() == bar->maximum()); });
 }
 
+constexpr std::array<Qt::DockWidgetArea, 3> areas = {Qt::NoDockWidgetArea, Qt::BottomDockWidgetArea,
+                                                     Qt::RightDockWidgetArea};
+
+std::optional<Qt::DockWidgetArea> wantedArea(const Form& form) {
+    int position = static_cast<const WireLog&>(form).Dock.position();
+    return position <= 0 ? std::nullopt : std::optional(areas.at(static_cast<std::size_t>(position)));
+}
+
+void areaChanged(Form& form, Qt::DockWidgetArea area) {
+    auto entry = std::find(areas.begin(), areas.end(), area);
+    static_cast<WireLog&>(form).Dock.choosePosition(static_cast<int>(entry - areas.begin()));
+}
+
 } // namespace
+
+const Docking wireLogDocking{wantedArea, areaChanged};
 
 QWidget* wireLogView(Form& form) {
     auto& w = static_cast<WireLog&>(form);
@@ -34,7 +53,7 @@ QWidget* wireLogView(Form& form) {
     followNewest(*table, w);
     return window(
         {line(labelled(w.LabelFilter, field(w.Filter, 20)), labelled(w.LabelResult, list(w.Result, 12)),
-              tick(w.Pause), tick(w.Follow), stretch()),
+              tick(w.Pause), tick(w.Follow), stretch(), labelled(w.LabelDock, list(w.Dock, 7))),
          table, line(label(w.Count, Tone::Soft), stretch(), button(w.Clear), button(w.Copy), button(w.Save))},
         1);
 }
