@@ -12,6 +12,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QStandardItemModel>
+#include <QTableView>
 
 #include <memory>
 
@@ -24,6 +26,19 @@ QWidget* plainButton(const Kind& original) {
     auto* button = new Kind(original.text());
     button->setChecked(original.isChecked());
     return button;
+}
+
+QWidget* plainTable(const QTableView& original) {
+    auto* copy = new QTableView;
+    const QAbstractItemModel& model = *original.model();
+    auto* items = new QStandardItemModel(model.rowCount(), model.columnCount(), copy);
+    for (int row = 0; row < model.rowCount(); ++row) {
+        for (int column = 0; column < model.columnCount(); ++column) {
+            items->setItem(row, column, new QStandardItem(model.data(model.index(row, column)).toString()));
+        }
+    }
+    copy->setModel(items);
+    return copy;
 }
 
 /// One widget without what stands in it.
@@ -60,6 +75,9 @@ QWidget* plainWidget(const QWidget& original) {
         auto* copy = new QProgressBar;
         copy->setValue(bar->value());
         return copy;
+    }
+    if (const auto* table = qobject_cast<const QTableView*>(&original)) {
+        return plainTable(*table);
     }
     if (const auto* group = qobject_cast<const QGroupBox*>(&original)) {
         return new QGroupBox(group->title());
