@@ -87,6 +87,18 @@ std::string KeptText::withRemarks() const {
     return all.append(contents(), position, std::string::npos);
 }
 
+bool KeptText::edit(std::string_view text) {
+    if (locked() || !usable()) {
+        return false;
+    }
+    clear();
+    return std::all_of(text.begin(), text.end(), [this](char key) { return press(key); });
+}
+
+bool KeptText::type(std::string_view text) {
+    return edit(text) && press('\r');
+}
+
 bool KeptText::recall(int step) {
     return onRecall && act([&] { onRecall(step); });
 }

@@ -42,6 +42,10 @@ class KeptText : public Monitor {
     /// The text with its remarks.
     [[nodiscard]] std::string withRemarks() const;
 
+    /// The whole text is marked and typed over, key by key; `type` presses Enter behind it.
+    bool edit(std::string_view text) override;
+    bool type(std::string_view text) override;
+
     /// Asks for an earlier (-1) or later (1) line of what was typed.
     bool recall(int step);
     std::function<void(int)> onRecall;

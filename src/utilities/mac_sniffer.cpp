@@ -44,6 +44,7 @@ MacSniffer::MacSniffer(Bench& ownBench)
          {static_cast<Element*>(&chk_Rar), static_cast<Element*>(&OPT_Nw), static_cast<Element*>(&OPT_Nrm)}) {
         element->setContainer(&FR_Addr_Setup);
     }
+    Incoming.setLocked(true);
     Incoming.setTip("What the packet monitor prints");
     Save.setTip("Keeps the received text in a file");
     Clear.setTip("Empties the window");

@@ -20,13 +20,7 @@ class MacSniffer : public Form {
     ~MacSniffer() override;
 
     /// Received text: it takes no typing.
-    class Received : public KeptText {
-      public:
-        using KeptText::KeptText;
-        bool press(char) override { return false; }
-    };
-
-    Received Incoming;
+    KeptText Incoming;
     Button Clear;
     Button Save;
     /// Says so when the oldest text is gone.
