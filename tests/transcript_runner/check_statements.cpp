@@ -7,6 +7,7 @@
 #include "elements/label.h"
 #include "elements/list_box.h"
 #include "elements/menu.h"
+#include "elements/monitor.h"
 #include "elements/options.h"
 #include "elements/range.h"
 #include "elements/tab_strip.h"
@@ -151,6 +152,9 @@ void limit(World& world, const Arguments& arguments) {
 bool locked(World& world, const Arguments& arguments) {
     if (auto* list = dynamic_cast<ListBox*>(&world.element(arguments.text(0)))) {
         return list->locked();
+    }
+    if (auto* received = dynamic_cast<Monitor*>(&world.element(arguments.text(0)))) {
+        return received->locked();
     }
     return as<TextField>(world, arguments, "a field or list").readOnly();
 }

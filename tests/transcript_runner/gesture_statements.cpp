@@ -53,19 +53,25 @@ void doubleclick(World& world, const Arguments& arguments) {
            arguments);
 }
 
-void type(World& world, const Arguments& arguments) {
-    demand(as<TextField>(world, arguments, "a text field").type(arguments.text(1)), arguments);
-}
-
-void edit(World& world, const Arguments& arguments) {
-    demand(as<TextField>(world, arguments, "a text field").edit(arguments.text(1)), arguments);
-}
-
-void key(World& world, const Arguments& arguments) {
+/// A field, or a text that takes its keys one by one.
+Element& typedInto(World& world, const Arguments& arguments) {
     Element& element = world.element(arguments.text(0));
     if (dynamic_cast<Monitor*>(&element) == nullptr) {
         as<TextField>(world, arguments, "a field that takes keys");
     }
+    return element;
+}
+
+void type(World& world, const Arguments& arguments) {
+    demand(typedInto(world, arguments).type(arguments.text(1)), arguments);
+}
+
+void edit(World& world, const Arguments& arguments) {
+    demand(typedInto(world, arguments).edit(arguments.text(1)), arguments);
+}
+
+void key(World& world, const Arguments& arguments) {
+    typedInto(world, arguments);
     for (char c : arguments.text(1)) {
         demand(world.element(arguments.text(0)).press(c), arguments);
     }
