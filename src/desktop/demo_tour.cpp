@@ -25,9 +25,10 @@ using namespace std::chrono_literals;
 namespace {
 
 /// Entries that open no window of ours: dialogs of the system, files, the end of the program.
-const std::set<std::string> notVisited{
-    "mnuFileExit",    "mnuSaveWorkspace", "mnuViewToolbar", "mnuHelpBrowseDoc", "mnuHelpBrowseEx",
-    "mnuHelpSWguide", "mnuHelp1100DS",    "mnuHelp2100DS",  "mnutoolsTerminal", "mnutoolsEEPROM"};
+const std::set<std::string> notVisited{"mnuFileExit",      "mnuSaveWorkspace", "mnuViewToolbar",
+                                       "mnuHelpBrowseDoc", "mnuHelpBrowseEx",  "mnuHelpSWguide",
+                                       "mnuHelp1100DS",    "mnuHelp2100DS",    "mnutoolsTerminal",
+                                       "mnutoolsEEPROM",   "mnutoolsWireLog"};
 
 } // namespace
 
@@ -53,6 +54,7 @@ void DemoTour::play() {
     waitForBoard();
     takePicture(QStringLiteral("connected"));
     visitTerminal();
+    visitWireLog();
     visitHeaderGenerator();
     main.perform([this] { main.bench().tools.open(Tool::frm_PowerSupply); });
     visitForm(*main.bench().tools.find(Tool::frm_PowerSupply));
@@ -140,7 +142,9 @@ void DemoTour::visitTerminal() {
     }
     settle(900ms);
     static_cast<TickBox*>(terminal->find("En_ScriptWindow"))->tick(true);
-    terminal->find("Script")->edit("Z3\r\nRS\r\n");
+    terminal->find("Script")->edit("Z3\r\nQ\r\nRS\r\n");
+    terminal->find("SendScript")->click();
+    settle(200ms);
     visitForm(*terminal);
 }
 

@@ -38,6 +38,7 @@ class DemoTour {
     void takePicture(const QString& name);
     void visit(MenuEntry& entry);
     void visitTerminal();
+    void visitWireLog();
     void visitEeprom();
     void visitLinks();
     void visitReceiver();

@@ -2,9 +2,13 @@
 #include "desktop/dock_window.h"
 
 #include "desktop/adapters/qt_text.h"
+#include "desktop/widgets/colours.h"
 
+#include <QAbstractButton>
 #include <QEvent>
+#include <QHBoxLayout>
 #include <QMainWindow>
+#include <QPainter>
 
 namespace zor {
 
@@ -13,6 +17,68 @@ namespace {
 // What it takes of the main window at first, in pixels; the user drags its edge.
 constexpr int heightAtBottom = 260;
 constexpr int widthAtRight = 620;
+constexpr int titleInset = 8;
+
+/// The cross of an inner window's title bar.
+class CloseSign : public QAbstractButton {
+  public:
+    explicit CloseSign(QWidget& bar)
+        : QAbstractButton(&bar) {
+        setToolTip(QStringLiteral("Close"));
+        setAccessibleName(QStringLiteral("Close"));
+        setFocusPolicy(Qt::NoFocus);
+    }
+    [[nodiscard]] QSize sizeHint() const override {
+        int side = fontMetrics().height() + 4;
+        return {side, side};
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QColor ink = palette().color(QPalette::WindowText);
+        if (underMouse()) {
+            QColor ground = ink;
+            ground.setAlphaF(0.15F);
+            painter.fillRect(rect(), ground);
+        }
+        painter.setPen(QPen(ink, 1.4));
+        double inset = width() * 0.32;
+        QRectF arm = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
+        painter.drawLine(arm.topLeft(), arm.bottomRight());
+        painter.drawLine(arm.topRight(), arm.bottomLeft());
+    }
+};
+
+/// As flat as an inner window's; taken by it the window is dragged to another edge.
+class DockTitle : public QWidget {
+  public:
+    explicit DockTitle(QDockWidget& window)
+        : dock(window) {
+        auto* sign = new CloseSign(*this);
+        connect(sign, &QAbstractButton::clicked, &dock, &QWidget::close);
+        auto* line = new QHBoxLayout(this);
+        line->setContentsMargins(titleInset, 2, titleInset / 2, 2);
+        line->addStretch(1);
+        line->addWidget(sign);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), roles(palette()).titleBar);
+        QFont bold = font();
+        bold.setBold(true);
+        painter.setFont(bold);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(rect().adjusted(titleInset, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                         dock.windowTitle());
+    }
+
+  private:
+    QDockWidget& dock;
+};
 
 } // namespace
 
@@ -25,6 +91,7 @@ DockWindow::DockWindow(Form& shownForm, QWidget* content, const Docking& formsDo
     outer->setObjectName(toQt(form->name()));
     outer->setAllowedAreas(Qt::BottomDockWidgetArea | Qt::RightDockWidgetArea);
     outer->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
+    outer->setTitleBarWidget(new DockTitle(*outer));
     outer->setWidget(content);
     outer->installEventFilter(this);
     mainWindow.addDockWidget(ownArea, outer);

@@ -226,8 +226,11 @@ std::string answerMeaning(std::string_view line, std::string_view answer) {
         return {};
     case Value::Byte:
         return lastDigits(2);
-    case Value::Word:
-        return lastDigits(4);
+    case Value::Word: {
+        // Most words are only written; the chip then clocks out zeros.
+        std::string word = lastDigits(4);
+        return word == "0000" ? std::string() : word;
+    }
     case Value::Level: {
         std::size_t digit = value.find_first_of("01");
         return digit == std::string_view::npos ? std::string() : value[digit] == '1' ? "high" : "low";

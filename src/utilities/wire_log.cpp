@@ -9,6 +9,7 @@
 #include <cctype>
 #include <cstdio>
 #include <ctime>
+#include <utility>
 
 namespace zor {
 
@@ -30,8 +31,8 @@ std::vector<GridColumn> columns() {
             {"Time of day", Access::ReadOnly, 13, true},
             {"Port", Access::ReadOnly, 5, true},
             {"Line sent", Access::ReadOnly, 24, true},
-            {"Answer", Access::ReadOnly, 24, true},
-            {"Duration (ms)", Access::ReadOnly, 9, true},
+            {"Answer", Access::ReadOnly, 20, true},
+            {"Duration (ms)", Access::ReadOnly, 10, true},
             {"Result", Access::ReadOnly, 11, false},
             {"Meaning", Access::ReadOnly, 44, false}};
 }
@@ -70,6 +71,32 @@ const char* signOf(WireEntry::Result result) {
         break;
     }
     return "";
+}
+
+/// Without the prompt and the separators around it; what stands in front of it is what was asked for.
+std::string shownAnswer(const WireEntry& entry) {
+    struct Ending {
+        WireEntry::Result result;
+        std::string_view prompt;
+        const char* word;
+    };
+    static constexpr std::array<Ending, 2> endings = {{
+        {WireEntry::Result::Answered, "\n\rOK\n\r>", "OK"},
+        {WireEntry::Result::Refused, "ERROR\n\r>", "ERROR"},
+    }};
+    std::string_view answer = entry.answer;
+    for (const Ending& ending : endings) {
+        if (entry.result != ending.result || !answer.ends_with(ending.prompt)) {
+            continue;
+        }
+        answer.remove_suffix(ending.prompt.size());
+        std::size_t first = answer.find_first_not_of(" \r\n");
+        if (first == std::string_view::npos) {
+            return ending.word;
+        }
+        return printable(answer.substr(first, answer.find_last_not_of(" \r\n") + 1 - first));
+    }
+    return printable(answer);
 }
 
 bool holds(std::string_view text, std::string_view part) {
@@ -191,7 +218,7 @@ GridRow WireLog::rowOf(const WireEntry& entry) const {
             {timeOfDay(recorder.wallClock(entry.time)), CellLook::Soft},
             {entry.port == 0 ? std::string() : "Com" + std::to_string(entry.port), CellLook::Soft},
             {printable(withoutLineEnd(entry.line)), strength},
-            {printable(entry.answer), CellLook::Plain},
+            {shownAnswer(entry), CellLook::Plain},
             {milliseconds(entry.length), CellLook::Soft},
             {wordOf(entry.result), strength},
             {entry.meaning, CellLook::Plain}};
@@ -245,8 +272,18 @@ void WireLog::dropForgotten() {
 }
 
 void WireLog::showCount() {
-    Count.setCaption(std::to_string(Log.rowCount()) + " of " + std::to_string(recorder.entries().size()) +
-                     " lines; the last " + std::to_string(WireRecorder::capacity) + " are kept");
+    const std::deque<WireEntry>& all = recorder.entries();
+    std::string text = std::to_string(Log.rowCount()) + " of " + std::to_string(all.size()) + " lines";
+    for (const auto& [result, words] : {std::pair(WireEntry::Result::Refused, " refused"),
+                                        std::pair(WireEntry::Result::NoAnswer, " without answer")}) {
+        auto count = std::count_if(all.begin(), all.end(), [ending = result](const WireEntry& entry) {
+            return entry.result == ending;
+        });
+        if (count > 0) {
+            text += ", " + std::to_string(count) + words;
+        }
+    }
+    Count.setCaption(text + "; the last " + std::to_string(WireRecorder::capacity) + " are kept");
 }
 
 std::string WireLog::asText() const {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDockWidget>
 
@@ -71,7 +72,8 @@ TEST(Docking, TheLogIsRememberedThereAndClosesLikeAnyWindow) {
     Docks program;
     program.choose(program.open(), "Bottom");
     auto& log = dynamic_cast<WireLog&>(*program.desk.find("frm_WireLog"));
-    program.window.dockOf(log)->shell().close();
+    auto& shell = program.window.dockOf(log)->shell();
+    QTest::mouseClick(shell.titleBarWidget()->findChild<QAbstractButton*>(), Qt::LeftButton);
     QCoreApplication::processEvents();
     EXPECT_EQ(program.desk.find("frm_WireLog"), nullptr);
     EXPECT_TRUE(program.window.findChildren<QDockWidget*>().isEmpty() ||
