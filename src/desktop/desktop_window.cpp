@@ -22,6 +22,7 @@
 #include <QToolBar>
 #include <QUrl>
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -130,14 +131,24 @@ void DesktopWindow::placeDocks() {
         makeWindow(*form);
         if (FormWindow* inner = windowOf(*form)) {
             inner->follow();
+        } else if (QMdiSubWindow* seen = innerInFront()) {
+            // The toolkit leaves none active where one went away.
+            mdi->setActiveSubWindow(seen);
         }
     }
     giveFrontBack();
 }
 
+QMdiSubWindow* DesktopWindow::innerInFront() const {
+    QList<QMdiSubWindow*> inner = mdi->subWindowList(QMdiArea::ActivationHistoryOrder);
+    auto seen = std::find_if(inner.rbegin(), inner.rend(),
+                             [](const QMdiSubWindow* window) { return !window->isHidden(); });
+    return seen == inner.rend() ? nullptr : *seen;
+}
+
 /// A window at an edge works beside the others: the one that the user sees in front is in front.
 void DesktopWindow::giveFrontBack() {
-    const QMdiSubWindow* inner = mdi->currentSubWindow();
+    const QMdiSubWindow* inner = innerInFront();
     Form* front = main.desk().front();
     Form* seen = inner == nullptr ? nullptr : main.desk().find(fromQt(inner->objectName()));
     if (front != nullptr && docks.contains(front) && seen != nullptr && seen->isOpen()) {

@@ -11,6 +11,7 @@
 #include <memory>
 
 class QMdiArea;
+class QMdiSubWindow;
 
 namespace zor {
 
@@ -47,6 +48,8 @@ class DesktopWindow : public QMainWindow {
     /// Looks again where the forms want to stand that may stand at an edge.
     void placeDocks();
     void giveFrontBack();
+    /// The inner window that was active last of those on the screen; nullptr if there is none.
+    [[nodiscard]] QMdiSubWindow* innerInFront() const;
     [[nodiscard]] std::optional<Qt::DockWidgetArea> dockArea(const Form& form) const;
     void remove(Form& form);
     void follow();

@@ -9,6 +9,8 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 
 namespace zor {
 
@@ -103,11 +105,14 @@ TEST(Docking, TheWindowBesideTheLogIsTheOneInFront) {
     QCoreApplication::processEvents();
     Form& terminal = *program.desk.find("Terminal");
     EXPECT_TRUE(terminal.inFront());
+    EXPECT_EQ(program.window.area().activeSubWindow(), &program.window.windowOf(terminal)->shell());
     log.show();
     QCoreApplication::processEvents();
     log.Filter.edit("x");
+    program.choose(log, "Window");
     program.choose(log, "Right");
     EXPECT_TRUE(terminal.inFront());
+    EXPECT_EQ(program.window.area().activeSubWindow(), &program.window.windowOf(terminal)->shell());
 }
 
 } // namespace zor
