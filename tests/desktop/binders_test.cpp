@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -66,6 +67,39 @@ TEST_F(Binders, AWidgetBearsItsElementsName) {
     EXPECT_EQ(line.objectName(), "FreqCenter");
     EXPECT_EQ(line.text(), "315");
     EXPECT_EQ(Binding::of(&line)->element(), &element);
+}
+
+TEST_F(Binders, AWidgetThatGoesWithTheFocusIsNeitherDrawnNorLeft) {
+    struct OwnPart : QLineEdit {
+        explicit OwnPart(bool& goneFlag)
+            : gone(goneFlag) {}
+        ~OwnPart() override { gone = true; }
+        bool& gone;
+    };
+    auto& element = add<TextField>("FreqCenter", "315");
+    int left = 0;
+    element.onLeave = [&] { ++left; };
+    bool gone = false;
+    int drawnAfter = 0;
+    auto* line = new OwnPart(gone);
+    auto* binding = new Binding(element, *line);
+    binding->followFocus();
+    binding->onDraw([&] { drawnAfter += gone ? 1 : 0; });
+    Signal<> other;
+    binding->follow(other, [&] { drawnAfter += gone ? 1 : 0; });
+    // What the focus's loss brings about may change the element from elsewhere.
+    QObject::connect(qApp, &QApplication::focusChanged, line, [&] {
+        element.setText("433");
+        other.emit();
+    });
+    show<QLineEdit>(line);
+    ASSERT_TRUE(line->hasFocus());
+    ASSERT_TRUE(element.focused());
+    delete line;
+    EXPECT_TRUE(gone);
+    EXPECT_EQ(element.text(), "433");
+    EXPECT_EQ(drawnAfter, 0);
+    EXPECT_EQ(left, 0);
 }
 
 TEST_F(Binders, TypingEditsAndEnterCommitsOnce) {

@@ -29,7 +29,7 @@ QWidget* routineAndReading(EventTab& tab) {
     QWidget* digits =
         byteArea(tab.TB_EventContent, 2 * bytesInARow, fullRows, [&tab] { return pickedStretch(tab); });
     Binding* binding = Binding::of(digits);
-    binding->keep(tab.Reading.pickChanged.subscribe([binding] { binding->redraw(); }));
+    binding->follow(tab.Reading.pickChanged, [binding] { binding->redraw(); });
     return across(
         {titled(caption("Event routine"), label(tab.RoutineSize, Tone::Soft), digits),
          titled(caption("Reading"), label(tab.ReadingFault, Tone::Error), gridView(tab.Reading, 8))},
@@ -96,8 +96,7 @@ QWidget* contentEditorView(Form& form) {
     });
     auto* strip = events->findChild<QTabBar*>();
     for (int event = 0; event < eventCount; ++event) {
-        Binding::of(strip)->keep(
-            e.tab(event).TB_EventContent.changed.subscribe([strip] { strip->update(); }));
+        Binding::of(strip)->follow(e.tab(event).TB_EventContent.changed, [strip] { strip->update(); });
     }
     return window(
         {events,

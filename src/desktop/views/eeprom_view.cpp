@@ -79,8 +79,8 @@ QPlainTextEdit* workSheet(Eeprom& e) {
         area->setExtraSelections({});
         marking->start(0);
     };
-    Binding::of(area)->keep(e.MemoryPicture.changed.subscribe(markAnew));
-    Binding::of(area)->keep(e.WorkSheet.changed.subscribe(markAnew));
+    Binding::of(area)->follow(e.MemoryPicture.changed, markAnew);
+    Binding::of(area)->follow(e.WorkSheet.changed, markAnew);
     return area;
 }
 

@@ -51,7 +51,8 @@ bool focusIsBorrowed(Qt::FocusReason reason, const QWidget& widget) {
 Binding::Binding(Element& boundElement, QObject& boundWidget)
     : QObject(&boundWidget)
     , bound(&boundElement)
-    , target(boundWidget) {
+    , target(boundWidget)
+    , whole(typeid(boundWidget)) {
     target.setObjectName(toQt(boundElement.name()));
     for (Element* source = bound; source != nullptr; source = source->container()) {
         subscribe(*source);
@@ -89,7 +90,7 @@ void Binding::onDraw(std::function<void()> drawingAction) {
 
 void Binding::redraw() {
     // Showing a value may make the widget tell of it, and that must not come back here.
-    if (bound == nullptr || drawing) {
+    if (!isLive() || drawing) {
         return;
     }
     drawing = true;
@@ -101,7 +102,7 @@ void Binding::redraw() {
 }
 
 void Binding::gesture(const std::function<void()>& action) {
-    if (bound == nullptr || drawing) {
+    if (!isLive() || drawing) {
         return;
     }
     // What the gesture does may take the widget, and this, away.
@@ -178,7 +179,7 @@ void Binding::addCompanion(QWidget& companion) {
 }
 
 bool Binding::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == &target && bound != nullptr) {
+    if (watched == &target && isLive()) {
         if (event->type() == QEvent::FocusIn && !bound->focused()) {
             gesture([this] { bound->takeFocus(); });
         } else if (event->type() == QEvent::FocusOut && bound->focused() &&

@@ -9,6 +9,9 @@
 
 #include <functional>
 #include <optional>
+#include <type_traits>
+#include <typeindex>
+#include <typeinfo>
 #include <utility>
 #include <vector>
 
@@ -21,7 +24,9 @@ namespace zor {
 /// It gives the widget the element's name, shows and hides, enables and disables it with the element and its
 /// containers, and calls `draw` whenever the element has changed. When the form goes, the binding lets go:
 /// the widget may stay a while, showing what it last showed, and its gestures do nothing. A Binding belongs
-/// to its widget.
+/// to its widget; once the widget's own part has gone, in its base's destructor, nothing is drawn or told any
+/// more: a widget that has the focus still loses it there. It is therefore made where the widget is whole, by
+/// its maker or in the constructor of its own class, from which nothing derives.
 class Binding : public QObject {
     Q_OBJECT
 
@@ -31,8 +36,8 @@ class Binding : public QObject {
     /// The one that was made for this widget, or nullptr.
     [[nodiscard]] static Binding* of(const QObject* widget);
 
-    /// nullptr once the form has gone.
-    [[nodiscard]] Element* element() const { return bound; }
+    /// nullptr once the form has gone, and while the widget goes.
+    [[nodiscard]] Element* element() const { return isWhole() ? bound : nullptr; }
     [[nodiscard]] QWidget* widget() const;
 
     /// Adds what shows the element's own values, and shows them.
@@ -41,8 +46,15 @@ class Binding : public QObject {
     void redraw();
     /// What the widget tells now comes of its being redrawn, not of the user.
     [[nodiscard]] bool isDrawing() const { return drawing; }
-    /// Keeps a subscription for as long as the element is bound.
-    void keep(Subscription subscription) { subscriptions.push_back(std::move(subscription)); }
+    /// Hears a signal for as long as the element is bound and the widget whole.
+    template <class... Args>
+    void follow(Signal<Args...>& signal, std::type_identity_t<std::function<void(Args...)>> action) {
+        subscriptions.push_back(signal.subscribe([this, heard = std::move(action)](Args... args) {
+            if (isWhole()) {
+                heard(args...);
+            }
+        }));
+    }
     /// Runs a gesture, unless the element has gone, and redraws: the element may have refused or changed it.
     void gesture(const std::function<void()>& action);
     /// Forwards the keyboard focus: the element takes it, and is left when it goes elsewhere in the window.
@@ -59,6 +71,9 @@ class Binding : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    /// Until the widget's own part has gone: what is left of it then is of another type.
+    [[nodiscard]] bool isWhole() const { return std::type_index(typeid(target)) == whole; }
+    [[nodiscard]] bool isLive() const { return bound != nullptr && isWhole(); }
     void subscribe(Element& source);
     void letGo();
     void showState();
@@ -67,6 +82,7 @@ class Binding : public QObject {
 
     Element* bound;
     QObject& target;
+    std::type_index whole;
     std::vector<Subscription> subscriptions;
     std::vector<QPointer<QWidget>> companions;
     std::function<void()> draw;

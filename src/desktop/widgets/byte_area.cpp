@@ -97,7 +97,7 @@ class ByteArea : public QPlainTextEdit {
                 field()->placeCaret(static_cast<std::size_t>(textCursor().position()));
             }
         });
-        binding->keep(element.cursorMoved.subscribe([this] { showCaret(); }));
+        binding->follow(element.cursorMoved, [this] { showCaret(); });
         binding->onDraw([this] { draw(); });
     }
 
@@ -110,11 +110,6 @@ class ByteArea : public QPlainTextEdit {
                 metrics.lineSpacing() * rows + margins + frame};
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
-    ~ByteArea() override {
-        // Losing the focus in its last moments it must not be drawn any more.
-        removeEventFilter(binding);
-    }
 
   protected:
     void keyPressEvent(QKeyEvent* event) override {

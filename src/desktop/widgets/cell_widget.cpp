@@ -90,11 +90,6 @@ class CellPictureView : public QWidget {
         return {sizeHint().width(), top() + rows * 5 + 2};
     }
 
-    ~CellPictureView() override {
-        // Losing the focus in its last moments it must not be drawn any more.
-        removeEventFilter(binding);
-    }
-
   protected:
     void paintEvent(QPaintEvent*) override {
         auto* element = elementOf<CellPicture>(*binding);

@@ -16,8 +16,7 @@ namespace zor {
 GridModel::GridModel(Binding& gridBinding)
     : QAbstractTableModel(gridBinding.widget())
     , binding(gridBinding) {
-    binding.keep(
-        elementOf<Grid>(binding)->rowsChanged.subscribe([this](const GridChange& change) { take(change); }));
+    binding.follow(elementOf<Grid>(binding)->rowsChanged, [this](const GridChange& change) { take(change); });
 }
 
 const Grid* GridModel::grid() const {

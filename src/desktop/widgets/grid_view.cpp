@@ -55,12 +55,12 @@ class GridView : public QTableView {
         setModel(model);
         connect(selectionModel(), &QItemSelectionModel::currentRowChanged, binding,
                 [this](const QModelIndex& current) { pick(current.row()); });
-        binding->keep(element.rowsChanged.subscribe([this](const GridChange& change) {
+        binding->follow(element.rowsChanged, [this](const GridChange& change) {
             if (change.moment == GridChange::Moment::After) {
                 showPicked();
             }
-        }));
-        binding->keep(element.pickChanged.subscribe([this] { showPicked(); }));
+        });
+        binding->follow(element.pickChanged, [this] { showPicked(); });
         binding->onDraw([this] { showPicked(); });
         fitColumns();
         tintPicked();
@@ -74,11 +74,6 @@ class GridView : public QTableView {
         return {width, heightOf(lines)};
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return {width() / 4, heightOf(leastRows)}; }
-
-    ~GridView() override {
-        // Losing the focus in its last moments it must not be drawn any more.
-        removeEventFilter(binding);
-    }
 
   protected:
     void changeEvent(QEvent* event) override {
@@ -167,7 +162,7 @@ QWidget* captionedGrid(Grid& element, int lines) {
     Binding* binding = Binding::of(view);
     binding->addCompanion(*caption);
     auto show = [binding, caption] { caption->setText(toQt(binding->element()->caption())); };
-    binding->keep(element.changed.subscribe(show));
+    binding->follow(element.changed, show);
     show();
     return whole;
 }

@@ -23,8 +23,8 @@ class LogView : public QPlainTextEdit {
         setUndoRedoEnabled(false);
         binding = new Binding(element, *this);
         binding->followFocus();
-        binding->keep(element.appended.subscribe([this](const ColouredLog::Line& line) { take(line); }));
-        binding->keep(element.movedToEnd.subscribe([this] { showEnd(); }));
+        binding->follow(element.appended, [this](const ColouredLog::Line& line) { take(line); });
+        binding->follow(element.movedToEnd, [this] { showEnd(); });
         binding->onDraw([this] { showAnew(); });
     }
 
@@ -34,11 +34,6 @@ class LogView : public QPlainTextEdit {
     }
     [[nodiscard]] QSize minimumSizeHint() const override {
         return {sizeHint().width() / 4, QFontMetrics(font()).lineSpacing() * 3 + 12};
-    }
-
-    ~LogView() override {
-        // Losing the focus in its last moments it must not be drawn any more.
-        removeEventFilter(binding);
     }
 
   protected:

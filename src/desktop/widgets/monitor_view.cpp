@@ -58,11 +58,6 @@ class MonitorView : public QPlainTextEdit {
                 metrics.lineSpacing() * rows + 12};
     }
 
-    ~MonitorView() override {
-        // Losing the focus in its last moments it must not be drawn any more.
-        removeEventFilter(binding);
-    }
-
   protected:
     void keyPressEvent(QKeyEvent* event) override {
         if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {

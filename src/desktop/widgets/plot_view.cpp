@@ -263,11 +263,6 @@ class PlotView : public QWidget {
                 fontMetrics().height() * std::min(rows, 8)};
     }
 
-    ~PlotView() override {
-        // Losing the focus in its last moments it must not be drawn any more.
-        removeEventFilter(binding);
-    }
-
   protected:
     void paintEvent(QPaintEvent*) override {
         if (plot() == nullptr) {

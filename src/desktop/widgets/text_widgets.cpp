@@ -208,7 +208,7 @@ Binding& bindLine(LineField& line, TextField& element) {
             line.setCursorPosition(position);
         }
     };
-    binding->keep(element.cursorMoved.subscribe(showCaret));
+    binding->follow(element.cursorMoved, showCaret);
     binding->onDraw([binding, &line, showCaret] {
         const auto& held = *elementOf<TextField>(*binding);
         line.setReadOnly(held.readOnly());
@@ -251,8 +251,8 @@ void bindArea(QPlainTextEdit& area, TextField& element) {
             putCaret(*held, rawText(area), area.textCursor().position(), Lines::Many);
         }
     });
-    binding->keep(element.cursorMoved.subscribe(
-        [binding, &area] { showCaret(area, *elementOf<TextField>(*binding)); }));
+    binding->follow(element.cursorMoved,
+                    [binding, &area] { showCaret(area, *elementOf<TextField>(*binding)); });
     binding->onDraw([binding, &area] {
         const auto& held = *elementOf<TextField>(*binding);
         area.setReadOnly(held.readOnly());
