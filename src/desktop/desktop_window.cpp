@@ -7,6 +7,7 @@
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
 #include "shell/main_window.h"
+#include "desktop/widgets/spoken.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -37,7 +38,9 @@ constexpr QSize dockingRoom(1600, 900);
 
 DesktopWindow::DesktopWindow(MainWindow& mainForm)
     : main(mainForm)
-    , mdi(new QMdiArea) {
+    , mdi(new QMdiArea)
+    , screenRooms(std::move(screens)) {
+    speakOfOwnWidgets();
     setObjectName(QStringLiteral("main"));
     setCentralWidget(mdi);
     mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -52,7 +55,10 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm)
     });
     buildMenus(*menuBar(), main);
     addMainBars(*this, main);
-    statusBar()->addWidget(label(main.Notice), 1);
+    QWidget* notice = label(main.Notice);
+    Binding::of(notice)->follow(main.Notice.changed,
+                                [this, notice] { announce(*notice, toQt(main.Notice.caption())); });
+    statusBar()->addWidget(notice, 1);
     statusBar()->addPermanentWidget(button(main.Undo));
     statusBar()->addPermanentWidget(button(main.linkBar.Reconnect));
     setAcceptDrops(true);

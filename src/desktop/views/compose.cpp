@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -57,6 +58,20 @@ void accompany(QWidget& companion, QWidget& widget) {
     }
     if (binding != nullptr) {
         binding->addCompanion(companion);
+    }
+}
+
+/// The toolkit finds a caption beside a widget of the same parent alone; inside a composed one the fields and
+/// arrows are told.
+void nameInside(const QString& captionText, const QWidget& widget) {
+    QString plainName = captionText;
+    plainName.remove(QLatin1Char('&'));
+    for (auto* inner : widget.findChildren<QWidget*>()) {
+        if (auto* arrow = qobject_cast<QToolButton*>(inner)) {
+            arrow->setAccessibleName(arrow->accessibleName() + QLatin1Char(' ') + plainName);
+        } else if (inner->focusPolicy() != Qt::NoFocus && inner->accessibleName().isEmpty()) {
+            inner->setAccessibleName(plainName);
+        }
     }
 }
 
@@ -147,12 +162,16 @@ Cell labelled(const QString& captionText, QWidget* widget, const QString& unit) 
     auto* label = new QLabel(captionText);
     label->setTextFormat(Qt::PlainText);
     label->setBuddy(focusTarget(widget));
+    nameInside(captionText, *widget);
     accompany(*label, *widget);
     return withUnit(label, widget, unit);
 }
 
 Cell labelled(Button& captionElement, QWidget* widget, const QString& unit) {
-    return withUnit(label(captionElement), widget, unit);
+    auto* text = static_cast<QLabel*>(label(captionElement));
+    text->setBuddy(focusTarget(widget));
+    nameInside(text->text(), *widget);
+    return withUnit(text, widget, unit);
 }
 
 QWidget* remark(const QString& text) {

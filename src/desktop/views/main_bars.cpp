@@ -2,6 +2,7 @@
 #include "desktop/views/compose.h"
 #include "desktop/views/views.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/spoken.h"
 #include "shell/main_window.h"
 
 #include <QMainWindow>
@@ -13,17 +14,29 @@ namespace zor {
 namespace {
 
 /// The dot before the port's state: filled while the line is in use, hollow while it is not.
-class LineDot : public QWidget {
+class LineDot : public QWidget, public Spoken {
   public:
     explicit LineDot(TextField& commStatus)
         : status(commStatus) {
-        subscription = status.changed.subscribe([this] { update(); });
+        subscription = status.changed.subscribe([this] {
+            update();
+            tellSpokenValue(*this);
+        });
         setFixedSize(26, 14);
     }
 
   protected:
     void paintEvent(QPaintEvent*) override {
-        bool lit = status.text() == "Comm. OK" || status.text() == "reading...";
+        setAccessibleName(QStringLiteral("Line in use"));
+    }
+
+    [[nodiscard]] QAccessible::Role spokenRole() const override { return QAccessible::Indicator; }
+    [[nodiscard]] QString spokenValue() const override {
+        return spokenOn() ? QStringLiteral("lit") : QStringLiteral("dark");
+    }
+    [[nodiscard]] bool spokenOn() const override {
+        return status.text() == "Comm. OK" || status.text() == "reading...";
+        bool lit = spokenOn();
         const RoleColours& colours = roles(palette());
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
@@ -57,7 +70,7 @@ void addBar(QMainWindow& window, Bar& element, const QString& title, const std::
 }
 
 QWidget* statusField(TextField& element, int columns) {
-    QWidget* text = statusLine(element);
+    QWidget* text = frameless(element);
     text->setFixedWidth(text->fontMetrics().averageCharWidth() * columns);
     return text;
 }

@@ -3,6 +3,7 @@
 
 #include "desktop/adapters/qt_text.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QObject>
 
@@ -78,11 +79,46 @@ QWidget* statusGroup(ChipPanel& panel, std::vector<Cell> answers) {
 
 } // namespace
 
+namespace {
+
+/// While a reason is on the screen, what it stands beside and is disabled says it to who listens, too.
+class ReasonTeller : public QObject {
+  public:
+    explicit ReasonTeller(QLabel& reasonLabel)
+        : QObject(&reasonLabel)
+        , label(reasonLabel) {
+        label.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show || event->type() == QEvent::ShowToParent ||
+            event->type() == QEvent::HideToParent) {
+            tell();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void tell() {
+        if (label.parentWidget() == nullptr) {
+            return;
+        }
+        for (Binding* beside : label.parentWidget()->findChildren<Binding*>()) {
+            beside->setReason(label.isHidden() ? QString() : label.text());
+        }
+    }
+
+    QLabel& label;
+};
+
+} // namespace
+
 QWidget* reason(Label& element) {
     QWidget* text = label(element, Tone::Soft);
     auto* inner = static_cast<QLabel*>(text);
     inner->setWordWrap(true);
     inner->setMinimumWidth(inner->fontMetrics().averageCharWidth() * 36);
+    new ReasonTeller(*inner);
     return keepRoom(text);
 }
 

@@ -52,7 +52,9 @@ class ControlWord;
 [[nodiscard]] QWidget* word(TextField& element, std::function<bool()> pending = {});
 /// The same with the word's own mark of what was not sent yet.
 [[nodiscard]] QWidget* word(ControlWord& element);
-/// A line of notices without a frame, at the bottom of a window.
+/// A text without a frame.
+[[nodiscard]] QWidget* frameless(TextField& element);
+/// A line of notices without a frame, at the bottom of a window; a notice is announced to who listens.
 [[nodiscard]] QWidget* statusLine(TextField& element);
 
 [[nodiscard]] QWidget* tick(TickBox& element);

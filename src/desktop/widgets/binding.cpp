@@ -3,6 +3,7 @@
 
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/spoken.h"
 #include "elements/desk.h"
 
 #include <QAction>
@@ -46,6 +47,9 @@ bool focusIsBorrowed(Qt::FocusReason reason, const QWidget& widget) {
            (reason == Qt::ActiveWindowFocusReason && !widget.isActiveWindow());
 }
 
+/// The widget's description is the reason why it is disabled.
+constexpr const char* reasonTold = "reasonTold";
+
 } // namespace
 
 Binding::Binding(Element& boundElement, QObject& boundWidget)
@@ -56,6 +60,9 @@ Binding::Binding(Element& boundElement, QObject& boundWidget)
     target.setObjectName(toQt(boundElement.name()));
     for (Element* source = bound; source != nullptr; source = source->container()) {
         subscribe(*source);
+    }
+    if (QString spoken = spokenName(boundElement); !spoken.isEmpty() && widget() != nullptr) {
+        widget()->setAccessibleName(spoken);
     }
     Form& form = boundElement.form();
     subscriptions.push_back(form.desk().removed.subscribe([this, &form](Form& leaving) {
@@ -126,6 +133,11 @@ void Binding::showState() {
     }
     own.setEnabled(bound->active());
     own.setToolTip(wholeTip(*bound));
+    if (!reason.isEmpty() || own.property(reasonTold).toBool()) {
+        bool told = !bound->active() && !reason.isEmpty();
+        own.setAccessibleDescription(told ? reason : QString());
+        own.setProperty(reasonTold, told);
+    }
     for (const auto& companion : companions) {
         if (companion) {
             setShown(*companion, bound->shown());
@@ -160,6 +172,11 @@ void Binding::showBackground() {
 void Binding::clearBackground() {
     widget()->setPalette(QPalette());
     widget()->setAutoFillBackground(false);
+}
+
+void Binding::setReason(const QString& text) {
+    reason = text;
+    redraw();
 }
 
 void Binding::setBackgroundShown(bool shown) {

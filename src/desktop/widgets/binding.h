@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QString>
 
 #include <functional>
 #include <optional>
@@ -62,6 +63,9 @@ class Binding : public QObject {
     /// Another widget that is shown, hidden and greyed with this one: its caption, its unit.
     void addCompanion(QWidget& companion);
 
+    /// Why the element is disabled, while it is, for who listens; empty for no reason of its own.
+    void setReason(const QString& text);
+
     /// Whether the element's background is the widget's; it is unless told otherwise.
     void setBackgroundShown(bool shown);
 
@@ -86,6 +90,7 @@ class Binding : public QObject {
     std::vector<Subscription> subscriptions;
     std::vector<QPointer<QWidget>> companions;
     std::function<void()> draw;
+    QString reason;
     std::optional<Colour> shownBackground;
     bool backgroundIsShown = true;
     bool visibilityIsShown = true;

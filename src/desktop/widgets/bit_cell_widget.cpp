@@ -2,6 +2,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/spoken.h"
 #include "elements/bit_cell.h"
 
 #include <QHBoxLayout>
@@ -19,7 +20,7 @@ constexpr int nameCharacters = 7;
 
 /// A cell for one bit. 1 is filled, 0 hollow, no data hatched, so that colour is never alone; a tall cell has
 /// its number and digit inside and the name below, a flat one only its name.
-class BitCellView : public QWidget {
+class BitCellView : public QWidget, public Spoken {
   public:
     BitCellView(CellShape cellShape, CellUse use, int bitNumber)
         : shape(cellShape)
@@ -32,10 +33,7 @@ class BitCellView : public QWidget {
         name = toQt(cell.caption());
         state = cell.state();
         ground = cell.background();
-        static const char* const words[] = {"unknown", "0", "1"};
-        setAccessibleName(QStringLiteral("Bit %1 %2: %3")
-                              .arg(number)
-                              .arg(name, QLatin1String(words[static_cast<int>(state)])));
+        setAccessibleName(QStringLiteral("Bit %1 %2: %3").arg(number).arg(name, spokenValue()));
         setToolTip(accessibleName());
         update();
     }
@@ -46,6 +44,21 @@ class BitCellView : public QWidget {
     }
     [[nodiscard]] QSize minimumSizeHint() const override {
         return {fontMetrics().averageCharWidth() * 4 + 2 * margin, sizeHint().height()};
+    }
+
+    [[nodiscard]] QAccessible::Role spokenRole() const override {
+        return onClick ? QAccessible::Button : QAccessible::Indicator;
+    }
+    [[nodiscard]] QString spokenValue() const override {
+        return QLatin1String(stateWords[static_cast<int>(state)]);
+    }
+    [[nodiscard]] bool spokenOn() const override { return state == BitState::One; }
+    [[nodiscard]] bool canBePressed() const override { return static_cast<bool>(onClick); }
+    bool spokenPress() override {
+        if (onClick) {
+            onClick();
+        }
+        return canBePressed();
     }
 
     /// A click, or the space bar.
@@ -95,6 +108,8 @@ class BitCellView : public QWidget {
     }
 
   private:
+    static constexpr const char* stateWords[] = {"unknown", "0", "1"};
+
     [[nodiscard]] int boxHeight() const { return fontMetrics().height() + 2 * margin; }
 
     [[nodiscard]] QColor textColour() const {

@@ -4,6 +4,7 @@
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/memory_picture.h"
+#include "desktop/widgets/spoken.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -65,7 +66,7 @@ int rulerRoom(const QFont& font) {
     return QFontMetrics(rulerFont(font)).height() + 4;
 }
 
-class CellPictureView : public QWidget {
+class CellPictureView : public QWidget, public Spoken {
   public:
     CellPictureView(CellPicture& element, double ownRowHeight)
         : rows(static_cast<int>(element.rows()))
@@ -81,6 +82,8 @@ class CellPictureView : public QWidget {
             update();
         });
     }
+
+    [[nodiscard]] QAccessible::Role spokenRole() const override { return QAccessible::Graphic; }
 
     [[nodiscard]] QSize sizeHint() const override {
         return {left() + columns * cellWidth() + 2,

@@ -156,7 +156,8 @@ void drawList(ListView& view, const ListBox& held) {
     view.setCurrentIndex(held.position());
     view.locked = held.locked();
     view.shownText = toQt(held.text());
-    view.setAccessibleDescription(view.shownText);
+    // A text that is no entry's is known to nobody else; else what the list is for can be said.
+    view.setAccessibleDescription(view.currentText() == view.shownText ? QString() : view.shownText);
     view.updateGeometry();
     view.update();
 }
@@ -256,6 +257,7 @@ QWidget* upDown(UpDown& element) {
     auto add = [&](Qt::ArrowType arrow, bool (Element::*step)()) {
         auto* button = new QToolButton;
         button->setArrowType(arrow);
+        button->setAccessibleName(arrow == Qt::UpArrow ? QStringLiteral("Raise") : QStringLiteral("Lower"));
         button->setAutoRepeat(true);
         button->setFocusPolicy(Qt::NoFocus);
         button->setFixedSize(18, 13);

@@ -2,16 +2,19 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/spoken.h"
 
 #include <QPainter>
 #include <QProgressBar>
+
+#include <utility>
 
 namespace zor {
 
 namespace {
 
 /// A round lamp with its caption: filled and edged when lit, a hollow circle when dark.
-class LampView : public QWidget {
+class LampView : public QWidget, public Spoken {
   public:
     QString caption;
     bool lit = false;
@@ -22,6 +25,12 @@ class LampView : public QWidget {
         return {circle() + text + 2, std::max(circle(), fontMetrics().height()) + 2};
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+    [[nodiscard]] QAccessible::Role spokenRole() const override { return QAccessible::Indicator; }
+    [[nodiscard]] QString spokenValue() const override {
+        return lit ? QStringLiteral("lit") : QStringLiteral("dark");
+    }
+    [[nodiscard]] bool spokenOn() const override { return lit; }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -53,7 +62,12 @@ QWidget* lamp(Lamp& element) {
     binding->onDraw([binding, view] {
         const auto& held = *elementOf<Lamp>(*binding);
         view->caption = toQt(held.caption());
-        view->lit = held.lit();
+        if (!view->caption.isEmpty()) {
+            view->setAccessibleName(view->caption);
+        }
+        if (std::exchange(view->lit, held.lit()) != view->lit) {
+            tellSpokenValue(*view);
+        }
         view->fill = held.background() ? std::optional(toQt(*held.background())) : std::nullopt;
         view->updateGeometry();
         view->update();

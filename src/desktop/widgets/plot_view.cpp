@@ -2,6 +2,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/spoken.h"
 #include "elements/plot.h"
 
 #include <QBuffer>
@@ -239,7 +240,7 @@ class PlotPainter {
     PlotRange yRange;
 };
 
-class PlotView : public QWidget {
+class PlotView : public QWidget, public Spoken {
   public:
     PlotView(Plot& element, int columnCount, int lineCount)
         : columns(columnCount)
@@ -254,6 +255,8 @@ class PlotView : public QWidget {
         });
         element.picture = [view = QPointer<PlotView>(this)] { return view ? view->png() : std::string(); };
     }
+
+    [[nodiscard]] QAccessible::Role spokenRole() const override { return QAccessible::Chart; }
 
     [[nodiscard]] QSize sizeHint() const override {
         return {fontMetrics().horizontalAdvance(QLatin1Char('0')) * columns, fontMetrics().height() * rows};

@@ -3,6 +3,7 @@
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/shown_text.h"
+#include "desktop/widgets/spoken.h"
 #include "panels/common/control_word.h"
 
 #include <QCoreApplication>
@@ -12,6 +13,7 @@
 #include <QPlainTextEdit>
 
 #include <limits>
+#include <utility>
 
 namespace zor {
 
@@ -299,7 +301,7 @@ QWidget* codeField(TextField& element, int columns) {
     return line;
 }
 
-QWidget* statusLine(TextField& element) {
+QWidget* frameless(TextField& element) {
     auto* line = new LineField(20);
     line->setFrame(false);
     line->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -308,6 +310,17 @@ QWidget* statusLine(TextField& element) {
     line->setPalette(palette);
     line->setFocusPolicy(Qt::ClickFocus);
     bindLine(*line, element);
+    return line;
+}
+
+QWidget* statusLine(TextField& element) {
+    auto* line = static_cast<QLineEdit*>(frameless(element));
+    // A notice is said as it comes, wherever the listener is.
+    Binding::of(line)->follow(element.changed, [line, said = line->text()]() mutable {
+        if (std::exchange(said, line->text()) != said) {
+            announce(*line, said);
+        }
+    });
     return line;
 }
 
