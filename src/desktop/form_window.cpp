@@ -2,13 +2,17 @@
 #include "desktop/form_window.h"
 
 #include "desktop/adapters/qt_text.h"
+#include "desktop/inner_window.h"
 #include "desktop/widgets/binding.h"
+#include "panels/common/chip_panel.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QScrollArea>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -43,7 +47,8 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
     : form(&shownForm)
     , inner(content)
     , scroller(new QScrollArea)
-    , mdi(area) {
+    , mdi(area)
+    , ownFrame(frame) {
     // Larger fonts make a window scroll rather than clip.
     scroller->setWidgetResizable(true);
     scroller->setFrameShape(QFrame::NoFrame);
@@ -57,6 +62,7 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
     }
     outer->setObjectName(toQt(form->name()));
     outer->installEventFilter(this);
+    hearFocus();
     // Told behind the press that activates the window: what the form in front does as it is left may wait for
     // the board, and the release must not come before the press.
     connect(
@@ -84,12 +90,19 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::makeInner(QMdiArea& area, Frame frame) {
-    auto* window = new QMdiSubWindow;
+    bool isTool = dynamic_cast<const ChipPanel*>(form) == nullptr;
+    auto* window = new InnerWindow(isTool && frame == Frame::Titled ? InnerWindow::Leaves::ByItsSign
+                                                                    : InnerWindow::Leaves::Never);
+    window->onLeave = [this] { setFloating(true); };
     window->setWidget(scroller);
     // Named flags alone: a system menu would bring the toolkit's icon into the title bar.
     Qt::WindowFlags flags = Qt::SubWindow | Qt::CustomizeWindowHint;
     flags |=
         frame == Frame::Titled ? Qt::WindowTitleHint | Qt::WindowCloseButtonHint : Qt::FramelessWindowHint;
+    if (isTool) {
+        // A click on the panel does not bury what works with it.
+        flags |= Qt::WindowStaysOnTopHint;
+    }
     area.addSubWindow(window, flags);
     window->setAttribute(Qt::WA_DeleteOnClose, false);
     window->hide();
@@ -104,6 +117,94 @@ void FormWindow::makeDialog(QWidget& parent) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scroller);
     outer = dialog;
+}
+
+void FormWindow::makeFloating() {
+    auto* window = new FloatingWindow(*mdi.window(), *scroller);
+    window->onReturn = [this] { setFloating(false); };
+    outer = window;
+}
+
+bool FormWindow::canFloat() const {
+    return form != nullptr && form->kind() == Form::Kind::Window && ownFrame == Frame::Titled &&
+           dynamic_cast<const ChipPanel*>(form) == nullptr;
+}
+
+bool FormWindow::isFloating() const {
+    return dynamic_cast<const FloatingWindow*>(outer.data()) != nullptr;
+}
+
+void FormWindow::setFloating(bool floats) {
+    if (!canFloat() || floats == isFloating() || !form->isOpen()) {
+        return;
+    }
+    changeShell([this, floats] { floats ? makeFloating() : makeInner(mdi, ownFrame); });
+}
+
+void FormWindow::changeShell(const std::function<void()>& make) {
+    // The window stays the one in front, so nobody is told that another came there.
+    QSignalBlocker quiet(&mdi);
+    following = true;
+    QPointer<QWidget> old = outer;
+    QPoint place = old->mapToGlobal(QPoint());
+    QSize size = scroller->size();
+    old->removeEventFilter(this);
+    if (auto* inside = qobject_cast<QMdiSubWindow*>(old)) {
+        inside->setWidget(nullptr);
+    } else {
+        scroller->setParent(nullptr);
+    }
+    make();
+    outer->setObjectName(toQt(form->name()));
+    outer->setWindowTitle(toQt(form->title()));
+    outer->installEventFilter(this);
+    old->hide();
+    old->deleteLater();
+    bool inside = qobject_cast<QMdiSubWindow*>(outer) != nullptr;
+    outer->resize(size + (inside ? decoration()
+                                 : QSize(0, outer->sizeHint().height() - scroller->sizeHint().height())));
+    outer->move(inside ? mdi.viewport()->mapFromGlobal(place) : place);
+    scroller->show();
+    outer->show();
+    bringWithinReach();
+    if (inside) {
+        mdi.setActiveSubWindow(static_cast<QMdiSubWindow*>(outer.data()));
+    } else {
+        outer->activateWindow();
+    }
+    following = false;
+    tellPlace();
+    tellExtent();
+    showFocus();
+    form->changed.emit();
+}
+
+/// The keyboard came from another window of the desktop into this one: the area inside the main window, which
+/// knows its own windows alone, does not tell of that.
+void FormWindow::hearFocus() {
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+        bool fromElsewhere = now != nullptr && (before == nullptr || before->window() != now->window());
+        if (form != nullptr && outer && fromElsewhere && outer->isAncestorOf(now) && form->isOpen() &&
+            !form->inFront()) {
+            form->userActivate();
+        }
+    });
+}
+
+void FormWindow::findPlace() {
+    if (form->isPlaced() || qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
+        return;
+    }
+    constexpr int panelCounts = 8;
+    std::vector<Covered> others;
+    for (const QMdiSubWindow* other : mdi.subWindowList()) {
+        if (other != outer && other->isVisible()) {
+            const Form* its = form->desk().find(fromQt(other->objectName()));
+            bool isPanel = dynamic_cast<const ChipPanel*>(its) != nullptr;
+            others.push_back({other->geometry(), isPanel ? panelCounts : 1});
+        }
+    }
+    outer->move(freePlace(outer->size(), mdi.viewport()->size(), others));
 }
 
 void FormWindow::letGo() {
@@ -132,6 +233,7 @@ void FormWindow::follow() {
     }
     putGeometry();
     if (opens) {
+        findPlace();
         bringWithinReach();
     }
     if (outer->isHidden() == form->isOpen()) {
@@ -218,7 +320,9 @@ void FormWindow::bringWithinReach() {
     QPoint place(std::clamp(outer->x(), std::min(0, grip - outer->width()), room.width() - grip),
                  std::clamp(outer->y(), 0, room.height() - grip));
     if (place != outer->pos()) {
-        outer->move(place);
+        // Out of reach there, so all of it comes into view.
+        outer->move(std::clamp(place.x(), 0, std::max(0, room.width() - outer->width())),
+                    std::clamp(place.y(), 0, std::max(0, room.height() - outer->height())));
     }
 }
 

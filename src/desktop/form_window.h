@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 class QMdiArea;
@@ -34,6 +35,10 @@ class FormWindow : public QObject {
 
     /// Shows or hides the window, whichever the form says.
     void follow();
+    /// Takes the window out of the main one, or brings it back; a panel, a dialog and the greeting stay.
+    void setFloating(bool floats);
+    [[nodiscard]] bool isFloating() const;
+    [[nodiscard]] bool canFloat() const;
     void letGo();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,6 +46,12 @@ class FormWindow : public QObject {
   private:
     void makeInner(QMdiArea& area, Frame frame);
     void makeDialog(QWidget& parent);
+    void makeFloating();
+    /// The new shell in the old one's place.
+    void changeShell(const std::function<void()>& make);
+    void hearFocus();
+    /// A window that nobody has placed opens where the panel and the other windows are not.
+    void findPlace();
     void putGeometry();
     void fitContent();
     /// What the content needs, as far as the main window has room.
@@ -58,6 +69,7 @@ class FormWindow : public QObject {
     QPointer<QWidget> inner;
     QPointer<QScrollArea> scroller;
     QMdiArea& mdi;
+    Frame ownFrame;
     std::vector<Subscription> subscriptions;
     /// The program moves the window; what the toolkit tells of it is not the user's doing.
     bool following = false;

@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QStyleFactory>
 #include <QStyleOption>
+#include <QWidget>
 
 namespace zor {
 
@@ -46,6 +47,11 @@ void drawTitleBar(const QStyle& style, const QStyleOptionTitleBar& bar, QPainter
     QRect close = style.subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarCloseButton, widget);
     QRect text = bar.rect.adjusted(titleInset, 0, -titleInset, 0);
     text.setRight(close.isValid() ? close.left() - titleInset : text.right());
+    if (const auto* sign = widget == nullptr ? nullptr
+                                             : widget->findChild<QWidget*>(QStringLiteral("FloatSign"),
+                                                                           Qt::FindDirectChildrenOnly)) {
+        text.setRight(sign->x() - titleInset);
+    }
     QFont font = painter.font();
     font.setBold(true);
     painter.setFont(font);
