@@ -2,12 +2,14 @@
 #include "desktop/desktop_window.h"
 
 #include "desktop/adapters/qt_text.h"
+#include "desktop/start_page.h"
 #include "desktop/views/registry.h"
 #include "desktop/views/views.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
-#include "shell/main_window.h"
 #include "desktop/widgets/spoken.h"
+#include "shell/main_window.h"
+#include "shell/window_memory.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -25,6 +27,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 namespace zor {
@@ -34,9 +37,20 @@ namespace {
 /// A window at an edge takes room from the panels; below this there is none to spare, in pixels.
 constexpr QSize dockingRoom(1600, 900);
 
+int pixels(Twips length) {
+    return static_cast<int>(std::lround(length / twipsPerPixel));
+}
+
+Twips twips(int length) {
+    return static_cast<Twips>(length) * twipsPerPixel;
+}
+
+/// Of an ordinary window manager, until the real frame is known.
+constexpr QMargins likelyFrame(4, 36, 4, 4);
+
 } // namespace
 
-DesktopWindow::DesktopWindow(MainWindow& mainForm)
+DesktopWindow::DesktopWindow(MainWindow& mainForm, Screens screens)
     : main(mainForm)
     , mdi(new QMdiArea)
     , screenRooms(std::move(screens)) {
@@ -46,6 +60,7 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm)
     mdi->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdi->viewport()->installEventFilter(this);
+    start = new StartPage(main, *mdi->viewport());
     connect(mdi, &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* window) {
         // None is told while a dialog or another program has the screen's focus; that changes nothing here.
         Form* form = window == nullptr ? nullptr : main.desk().find(fromQt(window->objectName()));
@@ -64,17 +79,24 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm)
     setAcceptDrops(true);
     colourArea();
     new QShortcut(QKeySequence(Qt::Key_F6), this, [this] { changePane(); });
+    // A floating window is a window of its own, where the key counts too.
+    new QShortcut(
+        QKeySequence(Qt::SHIFT | Qt::Key_F6), this, [this] { changeFloating(); }, Qt::ApplicationShortcut);
 
     Desk& desk = main.desk();
     subscriptions.push_back(desk.opened.subscribe([this](Form& form) { open(form); }));
     subscriptions.push_back(desk.removed.subscribe([this](Form& form) { remove(form); }));
     subscriptions.push_back(main.changed.subscribe([this] { follow(); }));
-    subscriptions.push_back(main.closed.subscribe([] { QCoreApplication::exit(); }));
+    subscriptions.push_back(main.closed.subscribe([this] {
+        keepPlace();
+        QCoreApplication::exit();
+    }));
     follow();
 }
 
 DesktopWindow::~DesktopWindow() {
     subscriptions.clear();
+    openings.clear();
     dockable.clear();
     docks.clear();
     windows.clear();
@@ -108,6 +130,8 @@ void DesktopWindow::open(Form& form) {
                 this, [this] { placeDocks(); }, Qt::QueuedConnection);
         }));
     }
+    openings[&form] = form.changed.subscribe([this] { showStartPageSoon(); });
+    showStartPageSoon();
 }
 
 void DesktopWindow::makeWindow(Form& form) {
@@ -165,7 +189,23 @@ void DesktopWindow::giveFrontBack() {
 void DesktopWindow::remove(Form& form) {
     dockable.erase(&form);
     docks.erase(&form);
+    openings.erase(&form);
     windows.erase(&form);
+    showStartPageSoon();
+}
+
+void DesktopWindow::showStartPageSoon() {
+    if (start == nullptr || std::exchange(startPageIsDue, true)) {
+        return;
+    }
+    QTimer::singleShot(0, this, [this] {
+        startPageIsDue = false;
+        bool empty = std::none_of(windows.begin(), windows.end(), [](const auto& entry) {
+            return entry.first->isOpen() && qobject_cast<QMdiSubWindow*>(&entry.second->shell()) != nullptr;
+        });
+        start->setVisible(empty);
+        colourArea();
+    });
 }
 
 void DesktopWindow::follow() {
@@ -173,15 +213,78 @@ void DesktopWindow::follow() {
         return;
     }
     setWindowTitle(toQt(main.title()));
-    auto pixels = [](Twips length) { return static_cast<int>(std::lround(length / twipsPerPixel)); };
-    resize(pixels(main.extent().width), pixels(main.extent().height));
-    if (main.isPlaced()) {
-        move(pixels(main.place().left), pixels(main.place().top));
+    if (isHidden() && main.isOpen()) {
+        openGeometry();
+    } else {
+        putGeometry();
     }
     if (isHidden() == main.isOpen()) {
         setVisible(main.isOpen());
     }
     following = false;
+    tellGeometry();
+}
+
+void DesktopWindow::openGeometry() {
+    std::vector<QRect> screens = screenRooms();
+    QSize size(pixels(main.extent().width), pixels(main.extent().height));
+    auto memory = screens.empty() ? std::optional<WindowMemory>() : readWindowMemory(main.bench().platform);
+    if (memory) {
+        setGeometry(
+            withinScreens({memory->left, memory->top, memory->width, memory->height}, screens, likelyFrame));
+        if (memory->maximized) {
+            setWindowState(windowState() | Qt::WindowMaximized);
+        }
+    } else {
+        // Where it goes the first time is the window manager's business.
+        QPoint corner = screens.empty() ? QPoint() : screens.front().topLeft();
+        resize(withinScreens({corner, size}, screens, likelyFrame).size());
+    }
+    knownPlace = main.place();
+    knownExtent = main.extent();
+}
+
+void DesktopWindow::putGeometry() {
+    if (main.extent() != knownExtent) {
+        knownExtent = main.extent();
+        resize(pixels(knownExtent.width), pixels(knownExtent.height));
+    }
+    if (main.isPlaced() && main.place() != knownPlace) {
+        knownPlace = main.place();
+        move(pixels(knownPlace.left), pixels(knownPlace.top));
+    }
+}
+
+void DesktopWindow::settle() {
+    constexpr Qt::WindowStates byOthers = Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized;
+    if (std::exchange(settled, true) || (windowState() & byOthers) != 0) {
+        return;
+    }
+    QRect inside = geometry();
+    QRect outside = frameGeometry();
+    QMargins frame(inside.left() - outside.left(), inside.top() - outside.top(),
+                   outside.right() - inside.right(), outside.bottom() - inside.bottom());
+    QRect fitting = withinScreens(inside, screenRooms(), frame);
+    if (fitting.size() != inside.size()) {
+        setGeometry(fitting);
+    }
+}
+
+void DesktopWindow::keepPlace() {
+    if (screenRooms().empty()) {
+        return;
+    }
+    bool normal = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized)) == 0;
+    QRect place = normal ? geometry() : normalGeometry();
+    try {
+        writeWindowMemory(main.bench().platform, {.left = place.x(),
+                                                  .top = place.y(),
+                                                  .width = place.width(),
+                                                  .height = place.height(),
+                                                  .maximized = isMaximized()});
+    } catch (const ToolError&) {
+        // The next start opens as the first one does; nothing else is lost.
+    }
 }
 
 void DesktopWindow::tellGeometry() {
@@ -190,9 +293,10 @@ void DesktopWindow::tellGeometry() {
     }
     // What the form makes of it is known here already.
     following = true;
-    main.userMove({static_cast<Twips>(y()) * twipsPerPixel, static_cast<Twips>(x()) * twipsPerPixel});
-    main.userResize(
-        {static_cast<Twips>(height()) * twipsPerPixel, static_cast<Twips>(width()) * twipsPerPixel});
+    main.userMove({twips(y()), twips(x())});
+    main.userResize({twips(height()), twips(width())});
+    knownPlace = main.place();
+    knownExtent = main.extent();
     following = false;
 }
 
@@ -218,6 +322,10 @@ void DesktopWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && mdi != nullptr) {
         colourArea();
     }
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !settled) {
+        // Behind the window manager's own word on the frame.
+        QTimer::singleShot(0, this, [this] { settle(); });
+    }
 }
 
 /// A file of a chip, dragged here from the desktop.
@@ -239,9 +347,14 @@ void DesktopWindow::dropEvent(QDropEvent* event) {
     });
 }
 
-/// The room behind the inner windows lies a shade deeper than they do.
+/// The room behind the inner windows lies a shade deeper than they do; the start page stands on the window's
+/// own.
 void DesktopWindow::colourArea() {
     QColor window = palette().color(QPalette::Window);
+    if (start != nullptr && start->isVisibleTo(this)) {
+        mdi->setBackground(window);
+        return;
+    }
     mdi->setBackground(schemeOf(palette()) == Scheme::Dark ? window.darker(130) : window.darker(108));
 }
 
@@ -265,8 +378,19 @@ void DesktopWindow::changePane() {
     }
 }
 
+void DesktopWindow::changeFloating() {
+    Form* front = main.desk().front();
+    FormWindow* window = front == nullptr ? nullptr : windowOf(*front);
+    if (window != nullptr) {
+        window->setFloating(!window->isFloating());
+    }
+}
+
 bool DesktopWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == mdi->viewport()) {
+        if (event->type() == QEvent::Resize) {
+            start->fit();
+        }
         if (event->type() == QEvent::MouseButtonPress) {
             main.userClick();
         } else if (event->type() == QEvent::MouseButtonDblClick && main.acceptsUser() && main.onDoubleClick) {

@@ -3,12 +3,16 @@
 
 #include "desktop/dock_window.h"
 #include "desktop/form_window.h"
+#include "desktop/screen_room.h"
 #include "elements/desk.h"
 
 #include <QMainWindow>
+#include <QRect>
 
+#include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 class QMdiArea;
 class QMdiSubWindow;
@@ -16,13 +20,18 @@ class QMdiSubWindow;
 namespace zor {
 
 class MainWindow;
+class StartPage;
 
 /// The main window on the screen: menus, three bars, the room that the inner windows stand in, and one quiet
 /// line at the foot. It makes a window for every form that opens on the desk. Owned by main; the main form
 /// must outlive it.
 class DesktopWindow : public QMainWindow {
   public:
-    explicit DesktopWindow(MainWindow& mainForm);
+    /// What the screens have room for; without any the window is as large as its form says, and neither
+    /// looks up nor keeps where it was.
+    using Screens = std::function<std::vector<QRect>()>;
+
+    explicit DesktopWindow(MainWindow& mainForm, Screens screens = availableScreens);
     ~DesktopWindow() override;
 
     /// The inner window or dialog of an open form, or nullptr.
@@ -30,6 +39,8 @@ class DesktopWindow : public QMainWindow {
     /// Where it stands at an edge of the main window; nullptr if it does not.
     [[nodiscard]] DockWindow* dockOf(const Form& form) const;
     [[nodiscard]] QMdiArea& area() const { return *mdi; }
+    /// Shown while no window stands in the area.
+    [[nodiscard]] StartPage& startPage() const { return *start; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -53,19 +64,39 @@ class DesktopWindow : public QMainWindow {
     [[nodiscard]] std::optional<Qt::DockWidgetArea> dockArea(const Form& form) const;
     void remove(Form& form);
     void follow();
+    /// At the opening: where and as large as it was, as far as a screen has room.
+    void openGeometry();
+    /// What the program has changed; what the window manager made of the window stays.
+    void putGeometry();
+    /// Once the frame is known: the whole window is on a screen.
+    void settle();
     void tellGeometry();
+    void keepPlace();
     void colourArea();
     /// Takes the keyboard from the inner windows to the bars, and back to where it was.
     void changePane();
+    /// Takes the window in front out of the main one, or brings it back.
+    void changeFloating();
 
     MainWindow& main;
+    /// Behind what is going on: windows come and go in the midst of it.
+    void showStartPageSoon();
+
     QMdiArea* mdi;
+    StartPage* start = nullptr;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows;
     std::map<const Form*, std::unique_ptr<DockWindow>> docks;
     /// Those that may stand at an edge.
     std::map<Form*, Subscription> dockable;
+    std::map<const Form*, Subscription> openings;
     std::vector<Subscription> subscriptions;
+    Screens screenRooms;
+    /// What the form and the window agree on.
+    Place knownPlace;
+    Extent knownExtent;
     bool following = false;
+    bool settled = false;
+    bool startPageIsDue = false;
 };
 
 } // namespace zor

@@ -10,6 +10,7 @@
 #include "desktop/desktop_window.h"
 #include "desktop/first_paint.h"
 #include "desktop/program_folders.h"
+#include "desktop/start_page.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/instrument_style.h"
 #include "panels/common/chip_panel.h"
@@ -134,6 +135,21 @@ Switches readSwitches(const QCoreApplication& application) {
     return switches;
 }
 
+/// The simulated board bears the chip whose panel opens, as an engineer would mount it.
+zor::Subscription mountOnOpening(zor::Desk& desk, zor::DemoBoard& board) {
+    return desk.opened.subscribe([&board](zor::Form& form) {
+        if (const auto* panel = dynamic_cast<zor::ChipPanel*>(&form)) {
+            // "KT1100 transmitter control panel"
+            board.mount(zor::toQt(panel->traits().title).section(QLatin1Char(' '), 0, 0).toLower());
+        } else if (form.name() == "eeprom") {
+            board.mountEeprom();
+        } else if (form.name() == "SPI") {
+            board.mountRegisters(QDir(QCoreApplication::applicationDirPath())
+                                     .filePath(QStringLiteral("../Registers/registers.txt")));
+        }
+    });
+}
+
 void nameProgram() {
     QCoreApplication::setApplicationName(QStringLiteral("zor"));
     QCoreApplication::setApplicationVersion(zor::toQt(zor::productVersion()));
@@ -232,20 +248,25 @@ int main(int argc, char** argv) {
     Desk desk(loop);
     Subscription mounting;
     if (switches.demo) {
-        mounting = desk.opened.subscribe([&board](Form& form) {
-            if (const auto* panel = dynamic_cast<ChipPanel*>(&form)) {
-                // "KT1100 transmitter control panel"
-                board.mount(toQt(panel->traits().title).section(QLatin1Char(' '), 0, 0).toLower());
-            } else if (form.name() == "eeprom") {
-                board.mountEeprom();
-            } else if (form.name() == "SPI") {
-                board.mountRegisters(QDir(QCoreApplication::applicationDirPath())
-                                         .filePath(QStringLiteral("../Registers/registers.txt")));
-            }
-        });
+        mounting = mountOnOpening(desk, board);
     }
     MainWindow main(platform, desk);
-    DesktopWindow desktopWindow(main);
+    // Pictures and measurements are of the window as it is meant, whatever screen there is.
+    bool asMeant = !switches.pictures.isEmpty() || switches.exitWhenShown;
+    DesktopWindow desktopWindow(main, asMeant ? [] { return std::vector<QRect>(); }
+                                              : DesktopWindow::Screens(availableScreens));
+    if (!switches.demo) {
+        desktopWindow.startPage().offerDemo([&] {
+            QString terminal = board.start();
+            if (terminal.isEmpty()) {
+                main.bench().notice("The simulated board cannot be started.");
+                return;
+            }
+            devices.addDevice(fromQt(terminal), "LoadBoard");
+            mounting = mountOnOpening(desk, board);
+            main.linkBar.Connect.click();
+        });
+    }
     DemoTour tour(main, desktopWindow, QDir(switches.pictures),
                   schemeOf(application.palette()) == Scheme::Dark ? QStringLiteral("dark-")
                                                                   : QStringLiteral("light-"));

@@ -84,7 +84,9 @@ struct ProgramOn {
                       folder.path().toStdString()};
     Desk desk{loop};
     MainWindow main{platform, desk};
-    DesktopWindow window{main};
+    /// What the screens have room for.
+    std::vector<QRect> screens{{0, 0, 1920, 1080}};
+    DesktopWindow window{main, [this] { return screens; }};
 
     /// Starts, takes the splash away and sees the search to its end.
     void start() {

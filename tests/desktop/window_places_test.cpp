@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "views_of_test.h"
 
+#include "desktop/screen_room.h"
+
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QToolBar>
 
 #include <utility>
 
@@ -122,6 +125,136 @@ TEST(DesktopWindow, AWorkspaceOfALargerScreenLeavesItsWindowsWithinReach) {
         EXPECT_EQ(window.size(), QSize(700, 600));
     }
     EXPECT_LE(restored("0\r\n0\r\n90000\r\n105000\r\n").first.width(), 1280);
+}
+
+TEST(DesktopWindow, FitsItsScreenWithItsFrame) {
+    Program program;
+    program.screens = {{0, 0, 1280, 770}};
+    program.start();
+    EXPECT_LE(program.window.width(), 1280);
+    EXPECT_LE(program.window.height(), 770 - 30);
+    EXPECT_GT(program.window.height(), 700);
+    EXPECT_EQ(program.main.extent().height, static_cast<Twips>(program.window.height() * 15));
+}
+
+TEST(DesktopWindow, IsPulledIntoTheScreenThatShowsMostOfIt) {
+    std::vector<QRect> screens{{0, 0, 1280, 800}, {1280, 0, 1920, 1080}};
+    QMargins frame(2, 30, 2, 2);
+    struct Row {
+        QRect wanted;
+        QRect put;
+    };
+    for (const Row& row :
+         {Row{{100, 100, 800, 600}, {100, 100, 800, 600}}, Row{{0, 0, 1280, 800}, {2, 30, 1276, 768}},
+          Row{{1400, 200, 1900, 1000}, {1298, 78, 1900, 1000}},
+          Row{{1'000'000, 1'000'000, 700, 600}, {578, 198, 700, 600}},
+          Row{{-1'000'000, -5, 1'000'000, 1'000'000}, {2, 30, 1276, 768}}}) {
+        EXPECT_EQ(withinScreens(row.wanted, screens, frame), row.put);
+    }
+    EXPECT_EQ(withinScreens({5, 5, 9000, 9000}, {}, frame), QRect(5, 5, 9000, 9000));
+}
+
+TEST(DesktopWindow, FollowsTheWindowManagerAndNeverFightsIt) {
+    Program program;
+    program.start();
+    program.window.resize(900, 650);
+    QCoreApplication::processEvents();
+    program.window.showMaximized();
+    // What is told in the middle, a new title say, puts nothing back.
+    program.main.setTitle("Another title");
+    QCoreApplication::processEvents();
+    program.main.setTitle("A third title");
+    QSize maximised = program.window.size();
+    EXPECT_TRUE(program.window.isMaximized());
+    EXPECT_NE(maximised, QSize(900, 650));
+    EXPECT_EQ(program.main.extent(), (Extent{static_cast<Twips>(maximised.height() * 15),
+                                             static_cast<Twips>(maximised.width() * 15)}));
+    program.window.showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(program.window.size(), QSize(900, 650));
+    EXPECT_EQ(program.main.extent(), (Extent{9750, 13500}));
+}
+
+TEST(DesktopWindow, AMoveThatIsToldBeforeTheNewSizeKeepsTheNewSize) {
+    Program program;
+    program.start();
+    program.window.resize(900, 650);
+    QCoreApplication::processEvents();
+    // Between the two the program changes something of its own.
+    Subscription between =
+        program.main.changed.subscribe([&] { program.main.linkBar.CommStatus.setText("reading..."); });
+    program.window.setGeometry(10, 20, 1000, 700);
+    program.main.setTitle("Another title");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(program.window.geometry(), QRect(10, 20, 1000, 700));
+}
+
+TEST(DesktopWindow, OpensWhereAndAsLargeAsItWas) {
+    std::string memory;
+    {
+        Program program;
+        program.start();
+        program.window.setGeometry(150, 120, 940, 660);
+        QCoreApplication::processEvents();
+        program.window.close();
+        QFile file(program.folder.filePath("ZOR-window.ini"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        memory = file.readAll().toStdString();
+    }
+    EXPECT_EQ(memory, "\"# ZOR window file version 1\"\r\n150\r\n120\r\n940\r\n660\r\n#FALSE#\r\n");
+    auto opened = [](const std::string& bytes) {
+        Program program;
+        QFile file(program.folder.filePath("ZOR-window.ini"));
+        file.open(QIODevice::WriteOnly);
+        file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        file.close();
+        program.start();
+        return std::pair(program.window.normalGeometry(), program.window.isMaximized());
+    };
+    EXPECT_EQ(opened(memory), std::pair(QRect(150, 120, 940, 660), false));
+    EXPECT_TRUE(opened("\"# ZOR window file version 1\"\r\n150\r\n120\r\n940\r\n660\r\n#TRUE#\r\n").second);
+    // Hostile or broken: on the screen in any case.
+    for (const char* bytes :
+         {"\"# ZOR window file version "
+          "1\"\r\n143000000\r\n-2147483648\r\n16777215\r\n2147483647\r\n#FALSE#\r\n",
+          "\"# ZOR window file version 1\"\r\n0\r\n0\r\n-5\r\n0\r\n#FALSE#\r\n", "", "\"# ZOR w"}) {
+        QRect window = opened(bytes).first;
+        EXPECT_TRUE(QRect(0, 0, 1920, 1080).contains(window)) << bytes;
+        EXPECT_GE(window.width(), 640) << bytes;
+    }
+}
+
+TEST(DesktopWindow, AHostileWorkspaceIsPulledIntoView) {
+    for (const char* values : {"2145000000\r\n2145000000\r\n2147483647\r\n2147483647\r\n",
+                               "-2145000000\r\n-2145000000\r\n251658225\r\n251658225\r\n",
+                               "0\r\n2145000000\r\n-15\r\n-2147483648\r\n"}) {
+        QRect window = restored(values).first;
+        EXPECT_TRUE(QRect(0, 0, 1280, 800).contains(window)) << values << window.width();
+        EXPECT_GT(window.width(), 100) << values;
+        EXPECT_GT(window.height(), 50) << values;
+    }
+}
+
+TEST(DesktopWindow, ANarrowWindowStandsItsBarsInRows) {
+    Program program;
+    program.start();
+    program.main.linkBar.Toolbar3.setVisible(true);
+    auto bar = [&](const char* name) { return program.window.findChild<QToolBar*>(name); };
+    program.window.resize(1280, 800);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar("Toolbar1")->y(), bar("Toolbar3")->y());
+    program.window.resize(800, 600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(program.window.width(), 800);
+    EXPECT_GT(bar("Toolbar3")->y(), bar("Toolbar1")->y());
+    for (const char* name : {"TX", "EE", "Connect", "Disconnect", "LoadboardList", "CB_Mode"}) {
+        auto* widget = program.window.findChild<QWidget*>(name);
+        EXPECT_TRUE(widget->isVisible()) << name;
+        EXPECT_LE(widget->mapTo(&program.window, QPoint(widget->width(), 0)).x(), 800) << name;
+    }
+    program.window.resize(1280, 800);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(bar("Toolbar1")->y(), bar("Toolbar3")->y());
 }
 
 } // namespace zor

@@ -5,9 +5,13 @@
 #include "desktop/widgets/spoken.h"
 #include "shell/main_window.h"
 
+#include <QEvent>
 #include <QMainWindow>
 #include <QPainter>
 #include <QToolBar>
+
+#include <utility>
+#include <vector>
 
 namespace zor {
 
@@ -23,10 +27,6 @@ class LineDot : public QWidget, public Spoken {
             tellSpokenValue(*this);
         });
         setFixedSize(26, 14);
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
         setAccessibleName(QStringLiteral("Line in use"));
     }
 
@@ -36,6 +36,10 @@ class LineDot : public QWidget, public Spoken {
     }
     [[nodiscard]] bool spokenOn() const override {
         return status.text() == "Comm. OK" || status.text() == "reading...";
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
         bool lit = spokenOn();
         const RoleColours& colours = roles(palette());
         QPainter painter(this);
@@ -50,8 +54,55 @@ class LineDot : public QWidget, public Spoken {
     Subscription subscription;
 };
 
+/// A window too narrow for its bars side by side stands them in rows, so that nothing of them is folded away.
+class BarRows : public QObject {
+  public:
+    BarRows(QMainWindow& mainWindow, std::vector<QToolBar*> allBars)
+        : QObject(&mainWindow)
+        , window(mainWindow)
+        , bars(std::move(allBars)) {
+        window.installEventFilter(this);
+        for (QToolBar* bar : bars) {
+            bar->installEventFilter(this);
+        }
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        bool ofWindow = watched == &window && event->type() == QEvent::Resize;
+        bool ofBar = watched != &window &&
+                     (event->type() == QEvent::LayoutRequest || event->type() == QEvent::ShowToParent ||
+                      event->type() == QEvent::HideToParent);
+        if ((ofWindow || ofBar) && !std::exchange(arranging, true)) {
+            arrange();
+            arranging = false;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void arrange() {
+        int used = 0;
+        for (QToolBar* bar : bars) {
+            if (bar->isHidden()) {
+                continue;
+            }
+            int needed = bar->sizeHint().width();
+            bool breaks = used > 0 && used + needed > window.width();
+            if (breaks != window.toolBarBreak(bar)) {
+                breaks ? window.insertToolBarBreak(bar) : window.removeToolBarBreak(bar);
+            }
+            used = breaks ? needed : used + needed;
+        }
+    }
+
+    QMainWindow& window;
+    std::vector<QToolBar*> bars;
+    bool arranging = false;
+};
+
 /// One bar: widgets that are hidden and greyed with the bar's element.
-void addBar(QMainWindow& window, Bar& element, const QString& title, const std::vector<QWidget*>& widgets) {
+QToolBar* addBar(QMainWindow& window, Bar& element, const QString& title,
+                 const std::vector<QWidget*>& widgets) {
     auto* bar = new QToolBar(title);
     bar->setMovable(false);
     // The toolkit's own menu would hide a bar without its element knowing.
@@ -67,6 +118,7 @@ void addBar(QMainWindow& window, Bar& element, const QString& title, const std::
     }
     window.addToolBar(bar);
     new Binding(element, *bar);
+    return bar;
 }
 
 QWidget* statusField(TextField& element, int columns) {
@@ -79,14 +131,17 @@ QWidget* statusField(TextField& element, int columns) {
 
 void addMainBars(QMainWindow& window, MainWindow& main) {
     LinkBar& link = main.linkBar;
-    addBar(window, main.Toolbar1, "Chips",
-           {barButton(main.TX), barButton(main.RX), barButton(main.TRX), barButton(main.EE)});
-    addBar(window, link.Toolbar2, "Board",
-           {barButton(link.Connect), barButton(link.Disconnect), new LineDot(link.CommStatus),
-            statusField(link.CommStatus, 13), label(link.Text2), statusField(link.LoadBoard, 18),
-            list(link.LoadboardList, 22, WheelUse::NeverChooses)});
-    addBar(window, link.Toolbar3, "Data",
-           {label(link.Text1), list(link.CB_Mode, 20, WheelUse::NeverChooses)});
+    QToolBar* chips =
+        addBar(window, main.Toolbar1, "Chips",
+               {barButton(main.TX), barButton(main.RX), barButton(main.TRX), barButton(main.EE)});
+    QToolBar* board =
+        addBar(window, link.Toolbar2, "Board",
+               {barButton(link.Connect), barButton(link.Disconnect), new LineDot(link.CommStatus),
+                statusField(link.CommStatus, 13), label(link.Text2), statusField(link.LoadBoard, 18),
+                list(link.LoadboardList, 22, WheelUse::NeverChooses)});
+    QToolBar* data = addBar(window, link.Toolbar3, "Data",
+                            {label(link.Text1), list(link.CB_Mode, 20, WheelUse::NeverChooses)});
+    new BarRows(window, {chips, board, data});
 }
 
 } // namespace zor

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/start_page.h"
+
+#include "desktop/adapters/qt_text.h"
+#include "desktop/views/compose.h"
+#include "desktop/views/pictures.h"
+#include "desktop/widgets/colours.h"
+#include "shell/main_window.h"
+#include "shell/start_advice.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionFocusRect>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace zor {
+
+namespace {
+
+constexpr int pageWidth = 920;
+
+/// A chip: the whole row is the target, and lights up under the pointer.
+class ChipRow : public QPushButton {
+  public:
+    ChipRow(const QString& chip, const QString& remarkText)
+        : name(chip)
+        , remark(remarkText) {
+        setText(chip);
+        setAccessibleName(chip + QLatin1Char(' ') + remarkText);
+        setFlat(true);
+        setAutoDefault(false);
+        setCursor(Qt::PointingHandCursor);
+        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        return {inset * 2 + nameWidth() + fontMetrics().horizontalAdvance(remark),
+                fontMetrics().height() + 14};
+    }
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        const RoleColours& colours = roles(palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        bool picked = isEnabled() && (underMouse() || hasFocus());
+        if (picked) {
+            painter.setPen(QPen(hasFocus() ? colours.accent : colours.edge, 1));
+            painter.setBrush(colours.pickedRow);
+            painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+        }
+        QFont bold = font();
+        bold.setBold(true);
+        painter.setFont(bold);
+        // Links are the accent, in the dark a lighter one.
+        painter.setPen(isEnabled() ? colours.logBlue
+                                   : palette().color(QPalette::Disabled, QPalette::ButtonText));
+        painter.drawText(rect().adjusted(inset, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, name);
+        painter.setFont(font());
+        painter.setPen(picked || isEnabled() ? colours.softText
+                                             : palette().color(QPalette::Disabled, QPalette::ButtonText));
+        painter.drawText(rect().adjusted(inset + nameWidth(), 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                         remark);
+    }
+
+  private:
+    static constexpr int inset = 10;
+    [[nodiscard]] int nameWidth() const { return fontMetrics().averageCharWidth() * 14; }
+
+    QString name;
+    QString remark;
+};
+
+QLabel* text(const QString& words, bool soft) {
+    auto* label = static_cast<QLabel*>(soft ? remark(words) : caption(words));
+    label->setWordWrap(soft);
+    return label;
+}
+
+void makeStrong(QPushButton& button) {
+    QFont font = button.font();
+    font.setBold(true);
+    button.setFont(font);
+    const RoleColours& colours = roles(button.palette());
+    QPalette palette = button.palette();
+    for (auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Button, colours.accent);
+        palette.setColor(group, QPalette::ButtonText, colours.accentText);
+    }
+    button.setPalette(palette);
+}
+
+} // namespace
+
+StartPage::StartPage(MainWindow& mainForm, QWidget& area)
+    : QWidget(&area)
+    , main(mainForm) {
+    setObjectName(QStringLiteral("StartPage"));
+    setAccessibleName(QStringLiteral("Start page"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2 * spaceBetween);
+    layout->addWidget(header());
+    layout->addWidget(boardGroup());
+    layout->addWidget(chipGroups());
+    layout->addWidget(demoGroup());
+    layout->addStretch(1);
+    for (Element* element :
+         std::initializer_list<Element*>{&main.linkBar.CommStatus, &main.linkBar.LoadBoard,
+                                         &main.linkBar.LoadboardList, &main.linkBar.Connect}) {
+        subscriptions.push_back(element->changed.subscribe([this] { follow(); }));
+    }
+    follow();
+}
+
+QWidget* StartPage::header() {
+    auto* words = new QWidget;
+    auto* column = new QVBoxLayout(words);
+    column->setContentsMargins(0, 0, 0, 0);
+    QLabel* title = text(toQt(main.plainCaption().empty() ? main.title() : main.plainCaption()), false);
+    QFont font = title->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.5);
+    title->setFont(font);
+    column->addWidget(title);
+    column->addWidget(text(QStringLiteral("Sub-gigahertz transmitters, receivers and transceivers"), true));
+    return words;
+}
+
+QWidget* StartPage::boardGroup() {
+    auto* box = new QGroupBox(QStringLiteral("Board"));
+    auto* row = new QHBoxLayout(box);
+    auto* words = new QVBoxLayout;
+    headline = text({}, false);
+    QFont bold = headline->font();
+    bold.setBold(true);
+    headline->setFont(bold);
+    hint = text({}, true);
+    words->addWidget(headline);
+    words->addWidget(hint);
+    connectButton = new QPushButton(QStringLiteral("&Connect"));
+    connectButton->setAutoDefault(false);
+    makeStrong(*connectButton);
+    QSizePolicy keeps = connectButton->sizePolicy();
+    keeps.setRetainSizeWhenHidden(true);
+    connectButton->setSizePolicy(keeps);
+    connect(connectButton, &QPushButton::clicked, this, [this] { main.linkBar.Connect.click(); });
+    row->addLayout(words, 1);
+    row->addWidget(connectButton);
+    return box;
+}
+
+QWidget* StartPage::chipGroups() {
+    std::vector<QWidget*> groups;
+    for (ChipClass chipClass : {ChipClass::Transmitter, ChipClass::Receiver, ChipClass::Transceiver}) {
+        auto* box = new QGroupBox(QString::fromLatin1(titleOf(chipClass)));
+        auto* column = new QVBoxLayout(box);
+        column->setSpacing(2);
+        for (const PanelChoice* chip : chipsOf(chipClass)) {
+            auto* row = new ChipRow(QString::fromLatin1(chip->caption),
+                                    chip->variant == Variant::Bijaku ? QStringLiteral("315 MHz, low power")
+                                                                     : QString());
+            MenuEntry& entry = main.menu.*chip->view;
+            connect(row, &QPushButton::clicked, this, [&entry] { entry.click(); });
+            auto show = [row, &entry] { row->setEnabled(entry.active()); };
+            for (const Element* source = &entry; source != nullptr; source = source->container()) {
+                subscriptions.push_back(const_cast<Element*>(source)->changed.subscribe(show));
+            }
+            show();
+            column->addWidget(row);
+        }
+        column->addStretch(1);
+        groups.push_back(box);
+    }
+    return across(groups);
+}
+
+QWidget* StartPage::demoGroup() {
+    auto* box = new QGroupBox(QStringLiteral("Without hardware"));
+    auto* row = new QHBoxLayout(box);
+    auto* words = new QVBoxLayout;
+    words->addWidget(
+        text(QStringLiteral("Try everything on a simulated board with all chips behind it."), false));
+    words->addWidget(text(QStringLiteral("Nothing is sent to a device."), true));
+    auto* start = new QPushButton(QStringLiteral("Start the &demo"));
+    start->setAutoDefault(false);
+    connect(start, &QPushButton::clicked, this, [this] {
+        if (auto action = std::exchange(startDemo, nullptr)) {
+            demo->hide();
+            action();
+        }
+    });
+    row->addLayout(words, 1);
+    row->addWidget(start);
+    demo = box;
+    demo->hide();
+    return box;
+}
+
+void StartPage::offerDemo(std::function<void()> start) {
+    startDemo = std::move(start);
+    demo->setVisible(static_cast<bool>(startDemo));
+}
+
+void StartPage::follow() {
+    StartAdvice advice = startAdvice(main);
+    headline->setText(toQt(advice.headline));
+    hint->setText(toQt(advice.hint));
+    connectButton->setVisible(advice.offersConnect && main.linkBar.Connect.active());
+}
+
+void StartPage::fit() {
+    const QWidget& area = *parentWidget();
+    constexpr int margin = 24;
+    int width = std::min(pageWidth, area.width() - 2 * margin);
+    width = std::max(width, minimumSizeHint().width());
+    int height =
+        std::max(minimumSizeHint().height(), std::min(sizeHint().height(), area.height() - 2 * margin));
+    setGeometry(std::max(0, (area.width() - width) / 2),
+                std::max(0, std::min(margin * 2, (area.height() - height) / 2)), width, height);
+}
+
+} // namespace zor

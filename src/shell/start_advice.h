@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "shell/panel_table.h"
+
+#include <string>
+#include <vector>
+
+namespace zor {
+
+class MainWindow;
+
+/// What the start page says of the board: how things stand, and the next thing to do.
+struct StartAdvice {
+    std::string headline;
+    std::string hint;
+    /// A board answers.
+    bool connected = false;
+    /// The next thing to do is to connect.
+    bool offersConnect = false;
+    friend bool operator==(const StartAdvice&, const StartAdvice&) = default;
+};
+
+[[nodiscard]] StartAdvice startAdvice(MainWindow& main);
+
+/// The chips of a class, in the order of its bar button's list.
+[[nodiscard]] std::vector<const PanelChoice*> chipsOf(ChipClass chipClass);
+/// "Transmitters"
+[[nodiscard]] const char* titleOf(ChipClass chipClass);
+
+} // namespace zor
