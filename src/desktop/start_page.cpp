@@ -164,9 +164,7 @@ QWidget* StartPage::chipGroups() {
         auto* column = new QVBoxLayout(box);
         column->setSpacing(2);
         for (const PanelChoice* chip : chipsOf(chipClass)) {
-            auto* row = new ChipRow(QString::fromLatin1(chip->caption),
-                                    chip->variant == Variant::Bijaku ? QStringLiteral("315 MHz, low power")
-                                                                     : QString());
+            auto* row = new ChipRow(QString::fromLatin1(chip->caption), toQt(bandsOf(*chip)));
             MenuEntry& entry = main.menu.*chip->view;
             connect(row, &QPushButton::clicked, this, [&entry] { entry.click(); });
             auto show = [row, &entry] { row->setEnabled(entry.active()); };

@@ -1,11 +1,47 @@
 // SPDX-License-Identifier: MIT
 #include "shell/start_advice.h"
 
+#include "panels/receivers/amber_v1.h"
+#include "panels/receivers/beryl_v3.h"
+#include "panels/receivers/coral.h"
+#include "panels/receivers/frm_topaz.h"
+#include "panels/transmitters/jade_v1.h"
+#include "panels/transmitters/kt1102.h"
+#include "panels/transmitters/opal_v2.h"
 #include "shell/main_window.h"
 
 #include <string_view>
 
 namespace zor {
+
+namespace {
+
+const PanelTraits* traitsOf(std::string_view panel) {
+    for (const PanelTraits* traits :
+         {&OpalV2::chipTraits(), &JadeV1::chipTraits(), &KT1102::chipTraits(), &AmberV1::chipTraits(),
+          &Coral::chipTraits(), &BerylV3::chipTraits(), &FRM_Topaz::chipTraits()}) {
+        if (traits->formName == panel) {
+            return traits;
+        }
+    }
+    return nullptr;
+}
+
+const char* megahertz(Band band) {
+    switch (band) {
+    case Band::Band315:
+        return "315";
+    case Band::Band433:
+        return "433";
+    case Band::Band868:
+        return "868";
+    case Band::Band915:
+        return "915";
+    }
+    return "";
+}
+
+} // namespace
 
 StartAdvice startAdvice(MainWindow& main) {
     const LinkBar& bar = main.linkBar;
@@ -45,6 +81,22 @@ std::vector<const PanelChoice*> chipsOf(ChipClass chipClass) {
         }
     }
     return chips;
+}
+
+std::string bandsOf(const PanelChoice& chip) {
+    const PanelTraits* traits = traitsOf(chip.panel);
+    if (traits == nullptr) {
+        return {};
+    }
+    if (chip.variant == Variant::Bijaku) {
+        // The low-power variant has its panel's first band alone.
+        return std::string(megahertz(traits->offeredBands.front())) + " MHz, low power";
+    }
+    std::string bands;
+    for (Band band : traits->offeredBands) {
+        bands += (bands.empty() ? "" : ", ") + std::string(megahertz(band));
+    }
+    return bands + " MHz";
 }
 
 const char* titleOf(ChipClass chipClass) {

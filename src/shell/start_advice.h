@@ -25,6 +25,8 @@ struct StartAdvice {
 
 /// The chips of a class, in the order of its bar button's list.
 [[nodiscard]] std::vector<const PanelChoice*> chipsOf(ChipClass chipClass);
+/// Its bands: "315, 433, 868, 915 MHz"
+[[nodiscard]] std::string bandsOf(const PanelChoice& chip);
 /// "Transmitters"
 [[nodiscard]] const char* titleOf(ChipClass chipClass);
 

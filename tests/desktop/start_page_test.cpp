@@ -10,6 +10,9 @@
 #include <QMdiArea>
 #include <QPushButton>
 
+#include <map>
+#include <string>
+
 namespace zor {
 
 namespace {
@@ -57,6 +60,22 @@ TEST(StartPage, OffersEveryChipAndOpensItsPanel) {
         EXPECT_TRUE(panel->isOpen());
         EXPECT_TRUE(panel->title().starts_with(std::string(choice.caption) + " ")) << panel->title();
     }
+}
+
+TEST(StartPage, TellsTheBandsOfTheChipsTables) {
+    std::map<std::string, std::string> bands;
+    for (const PanelChoice& choice : panelChoices()) {
+        bands[choice.caption] = bandsOf(choice);
+    }
+    EXPECT_EQ(bands, (std::map<std::string, std::string>{{"KT1100", "315, 433, 868, 915 MHz"},
+                                                         {"KT1100B", "315 MHz, low power"},
+                                                         {"KT1101", "433, 868, 915 MHz"},
+                                                         {"KT1102", "433, 868, 915 MHz"},
+                                                         {"KT2100", "315, 433, 868, 915 MHz"},
+                                                         {"KT2102", "315, 433, 868, 915 MHz"},
+                                                         {"KT3100", "315, 433, 868, 915 MHz"},
+                                                         {"KT3100B", "315 MHz, low power"},
+                                                         {"KT3101", "315, 433, 868, 915 MHz"}}));
 }
 
 TEST(StartPage, SaysHowTheBoardStandsAndWhatToDoNext) {

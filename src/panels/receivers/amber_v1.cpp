@@ -41,6 +41,10 @@ struct AmberV1::RevisionRow {
     std::vector<CodeList::Entry> filters;
 };
 
+const PanelTraits& AmberV1::chipTraits() {
+    return amberTraits;
+}
+
 AmberV1::AmberV1(Bench& ownBench)
     : ReceiverPanel(ownBench, amberTraits, amberReceiving)
     , Frame1(*this, "Frame1", "Select revision:")

@@ -22,6 +22,10 @@ const ReceivingTraits berylReceiving = transceiverTraits();
 
 } // namespace
 
+const PanelTraits& BerylV3::chipTraits() {
+    return berylTraits;
+}
+
 BerylV3::BerylV3(Bench& ownBench)
     : TransceiverPanel(ownBench, berylTraits, berylReceiving) {
     setWords({&Ctrlw, &Freqw, &PowerW, &Recw, &TXCtrlw, &Wkupw, &Dutyw, &LBDw, &AFCw, &Dataratew, &Datafiltw,

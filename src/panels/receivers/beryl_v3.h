@@ -9,6 +9,8 @@ namespace zor {
 class BerylV3 : public TransceiverPanel {
   public:
     explicit BerylV3(Bench& ownBench);
+    /// What the chip is, whether or not its panel exists.
+    [[nodiscard]] static const PanelTraits& chipTraits();
 
     void SetFrameMode() override;
 

@@ -57,6 +57,10 @@ constexpr std::uint32_t synchronBase = 0xC100;
 
 } // namespace
 
+const PanelTraits& Coral::chipTraits() {
+    return coralTraits;
+}
+
 Coral::Coral(Bench& ownBench)
     : ReceiverPanel(ownBench, coralTraits, coralReceiving)
     , SynchronPattern(static_cast<Form&>(*this), synchronBase)

@@ -14,6 +14,8 @@ class Coral : public ReceiverPanel, public SynchronPattern {
 
   public:
     explicit Coral(Bench& ownBench);
+    /// What the chip is, whether or not its panel exists.
+    [[nodiscard]] static const PanelTraits& chipTraits();
 
     TextField WKUPD;
     ControlWord EWkupw;

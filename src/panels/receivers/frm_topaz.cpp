@@ -31,6 +31,10 @@ constexpr std::uint32_t synchronBase = 0xCE00;
 
 } // namespace
 
+const PanelTraits& FRM_Topaz::chipTraits() {
+    return topazTraits;
+}
+
 FRM_Topaz::FRM_Topaz(Bench& ownBench)
     : TransceiverPanel(ownBench, topazTraits, topazReceiving)
     , SynchronPattern(static_cast<Form&>(*this), synchronBase)

@@ -10,6 +10,8 @@ namespace zor {
 class FRM_Topaz : public TransceiverPanel, public SynchronPattern {
   public:
     explicit FRM_Topaz(Bench& ownBench);
+    /// What the chip is, whether or not its panel exists.
+    [[nodiscard]] static const PanelTraits& chipTraits();
 
     CodeList CB_RFT;
     CodeList CB_PLLBW;

@@ -43,6 +43,10 @@ constexpr std::array<LoopSetting, 4> loopSettings = {{
 
 } // namespace
 
+const PanelTraits& JadeV1::chipTraits() {
+    return jadeTraits;
+}
+
 JadeV1::JadeV1(Bench& ownBench)
     : AutoPowerTransmitter(ownBench, jadeTraits)
     , DATARATEDIV(*this, "DATARATEDIV")

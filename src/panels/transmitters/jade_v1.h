@@ -9,6 +9,8 @@ namespace zor {
 class JadeV1 : public AutoPowerTransmitter {
   public:
     explicit JadeV1(Bench& ownBench);
+    /// What the chip is, whether or not its panel exists.
+    [[nodiscard]] static const PanelTraits& chipTraits();
 
     TextField DATARATEDIV;
     /// In kbit/s.

@@ -51,6 +51,10 @@ constexpr IntegerRange dividerRange = {0, 127};
 
 } // namespace
 
+const PanelTraits& KT1102::chipTraits() {
+    return onyxTraits;
+}
+
 KT1102::KT1102(Bench& ownBench)
     : TransmitterPanel(ownBench, onyxTraits, ticks, deviationStep)
     , UD_LBD(*this, "UD_LBD")

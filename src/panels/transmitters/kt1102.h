@@ -11,6 +11,8 @@ namespace zor {
 class KT1102 : public TransmitterPanel {
   public:
     explicit KT1102(Bench& ownBench);
+    /// What the chip is, whether or not its panel exists.
+    [[nodiscard]] static const PanelTraits& chipTraits();
 
     UpDown UD_LBD;
     TickBox CB_ebs;

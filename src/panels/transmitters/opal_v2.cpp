@@ -30,6 +30,10 @@ const PanelTraits opalTraits = transmitterTraits({
 
 } // namespace
 
+const PanelTraits& OpalV2::chipTraits() {
+    return opalTraits;
+}
+
 OpalV2::OpalV2(Bench& ownBench)
     : AutoPowerTransmitter(ownBench, opalTraits)
     , Frame1(*this, "Frame1", "Select revision:")

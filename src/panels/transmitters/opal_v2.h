@@ -9,6 +9,8 @@ namespace zor {
 class OpalV2 : public AutoPowerTransmitter {
   public:
     explicit OpalV2(Bench& ownBench);
+    /// What the chip is, whether or not its panel exists.
+    [[nodiscard]] static const PanelTraits& chipTraits();
 
     /// "Select revision:", around the list Revision.
     Frame Frame1;
