@@ -11,6 +11,7 @@
 #include "desktop/first_paint.h"
 #include "desktop/program_folders.h"
 #include "desktop/start_page.h"
+#include "desktop/views/pictures.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/instrument_style.h"
 #include "panels/common/chip_panel.h"
@@ -181,6 +182,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     Switches switches = readSwitches(application);
     QApplication::setStyle(new InstrumentStyle);
+    QApplication::setWindowIcon(productIcon());
     if (switches.scheme) {
         QApplication::setPalette(schemePalette(*switches.scheme));
     }

@@ -84,19 +84,6 @@ QLabel* text(const QString& words, bool soft) {
     return label;
 }
 
-void makeStrong(QPushButton& button) {
-    QFont font = button.font();
-    font.setBold(true);
-    button.setFont(font);
-    const RoleColours& colours = roles(button.palette());
-    QPalette palette = button.palette();
-    for (auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::Button, colours.accent);
-        palette.setColor(group, QPalette::ButtonText, colours.accentText);
-    }
-    button.setPalette(palette);
-}
-
 } // namespace
 
 StartPage::StartPage(MainWindow& mainForm, QWidget& area)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/window_memory.h"
 
+#include "host/files.h"
 #include "shell/settings.h"
 #include "support/error.h"
 #include "support/record_file.h"

@@ -5,11 +5,13 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QScrollArea>
+#include <QSpacerItem>
 
 #include <algorithm>
 
@@ -50,6 +52,20 @@ void makeScroll(QMessageBox& window) {
     room->setMinimumSize(label->sizeHint().width() + 2 * metrics.height(), metrics.lineSpacing() * mostLines);
 }
 
+/// A short text must not leave the title cut: the frame's own font and buttons take room beside it.
+void makeRoomForTitle(QMessageBox& window) {
+    auto* table = qobject_cast<QGridLayout*>(window.layout());
+    if (table == nullptr) {
+        return;
+    }
+    QFont bold = window.font();
+    bold.setBold(true);
+    constexpr int frameButtons = 140;
+    int width = QFontMetrics(bold).horizontalAdvance(window.windowTitle()) + frameButtons;
+    table->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Minimum), table->rowCount(),
+                   0, 1, table->columnCount());
+}
+
 } // namespace
 
 Answer QtDialogs::show(const Box& box) {
@@ -62,6 +78,7 @@ Answer QtDialogs::show(const Box& box) {
     if (std::ranges::count(box.text, '\n') > mostLines) {
         makeScroll(window);
     }
+    makeRoomForTitle(window);
     if (box.buttons == BoxButtons::YesNo) {
         window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         window.setDefaultButton(QMessageBox::No);

@@ -40,9 +40,10 @@ QWidget* aboutView(Form& form) {
     auto* description = label(a.lblDescription);
     static_cast<QLabel*>(description)->setWordWrap(true);
     return window({
-        across({column({signPicture(a.picIcon, 48)}),
+        across({column({iconPicture(a.picIcon, 64)}),
                 column({label(a.lblTitle, Tone::Title), label(a.lblVersion, Tone::Soft), description})},
                1),
+        remark("Free software under the MIT licence; its file LICENSE tells the whole of it."),
         stretch(),
         line(stretch(), button(a.cmdSysInfo), button(a.cmdOK)),
     });

@@ -68,10 +68,8 @@ QWidget* lamps(const ChipPanel& panel) {
 QWidget* statusGroup(ChipPanel& panel, std::vector<Cell> answers) {
     answers.insert(answers.begin(), Cell(lamps(panel)));
     answers.push_back(stretch());
-    answers.emplace_back(swatch(panel.OnColor));
-    answers.emplace_back(caption("set"));
-    answers.emplace_back(swatch(panel.OffColor));
-    answers.emplace_back(caption("clear"));
+    answers.emplace_back(lampSample(panel.OnColor, true, "set"));
+    answers.emplace_back(lampSample(panel.OffColor, false, "clear"));
     QWidget* box = group("Status", {Line(std::move(answers))});
     new FoldWatcher(panel, *box);
     return box;

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <numbers>
 #include <string_view>
+#include <utility>
 
 namespace zor {
 
@@ -63,6 +64,44 @@ class SignView : public QWidget {
         painter.setRenderHint(QPainter::Antialiasing);
         drawSign(painter, QRectF(rect()).adjusted(2, 2, -2, -2), roles(palette()).softText,
                  roles(palette()).accent);
+    }
+};
+
+/// A tile with one bit of the sign: a slow wave, then a fast one. All eight would be a blur in 16 pixels.
+QPixmap iconTile(int side) {
+    QPixmap tile(side, side);
+    tile.fill(Qt::transparent);
+    QPainter painter(&tile);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(side / 64.0, side / 64.0);
+    const RoleColours& colours = roles(Scheme::Light);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours.accent);
+    painter.drawRoundedRect(QRectF(1, 1, 62, 62), 12, 12);
+    QPainterPath wave(QPointF(8, 38));
+    double handle = 19;
+    for (auto [left, width] :
+         {std::pair(8.0, 12.0), {20.0, 12.0}, {32.0, 6.0}, {38.0, 6.0}, {44.0, 6.0}, {50.0, 6.0}}) {
+        double reach = width * 4 / (3 * std::numbers::pi);
+        wave.cubicTo(left + reach, 38 - handle, left + width - reach, 38 - handle, left + width, 38);
+        handle = -handle;
+    }
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colours.accentText, 4, Qt::SolidLine, Qt::RoundCap));
+    painter.drawPath(wave);
+    painter.setPen(QPen(colours.lit, 4, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawPolyline(QPolygonF({{8, 17}, {32, 17}, {32, 11}, {56, 11}}));
+    return tile;
+}
+
+class IconView : public QWidget {
+  public:
+    explicit IconView(int side) { setFixedSize(side, side); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        productIcon().paint(&painter, rect());
     }
 };
 
@@ -165,6 +204,20 @@ class DataFilterView : public QWidget {
 };
 
 } // namespace
+
+QIcon productIcon() {
+    QIcon icon;
+    for (int side : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addPixmap(iconTile(side));
+    }
+    return icon;
+}
+
+QWidget* iconPicture(Element& element, int height) {
+    auto* view = new IconView(height);
+    new Binding(element, *view);
+    return view;
+}
 
 QWidget* signPicture(Element& element, int height) {
     auto* picture = new SignView(height);

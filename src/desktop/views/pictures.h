@@ -3,6 +3,8 @@
 // any size.
 #pragma once
 
+#include <QIcon>
+
 class QWidget;
 
 namespace zor {
@@ -12,6 +14,10 @@ class Button;
 
 /// A carrier that is keyed by data: the product's sign.
 [[nodiscard]] QWidget* signPicture(Element& element, int height);
+/// The same on a ground of its own, for windows and task bars.
+[[nodiscard]] QIcon productIcon();
+/// The icon as a picture.
+[[nodiscard]] QWidget* iconPicture(Element& element, int height);
 /// The greeting: name, sign and what the program is for. A click acts.
 [[nodiscard]] QWidget* splashPicture(Button& element);
 /// Block diagram of the receivers' data filter.

@@ -30,6 +30,7 @@
 #include <vector>
 
 class QMenuBar;
+class QPushButton;
 
 namespace zor {
 
@@ -76,6 +77,8 @@ enum class WheelUse { ChoosesWithFocus, NeverChooses };
 [[nodiscard]] QWidget* smallButton(Button& element);
 /// The one strong button of a window.
 [[nodiscard]] QWidget* strongButton(Button& element);
+/// The same for one that is no element.
+void makeStrong(QPushButton& push);
 /// A button that shows a sign of its own instead of the caption, which an element may not have.
 [[nodiscard]] QWidget* button(Button& element, const QString& face);
 
@@ -84,6 +87,8 @@ enum class Tone { Normal, Soft, Reminder, Error, Title };
 [[nodiscard]] QWidget* label(Button& element, Tone tone = Tone::Normal);
 [[nodiscard]] QWidget* lamp(Lamp& element);
 [[nodiscard]] QWidget* swatch(Swatch& element);
+/// What a lit or a dark lamp looks like, and what it means; the swatch is the state's colour.
+[[nodiscard]] QWidget* lampSample(Swatch& element, bool lit, const QString& meaning);
 [[nodiscard]] QWidget* progress(Progress& element);
 
 /// A memory's cells, painted; arrow keys and clicks pick one, and a pointer at rest is told what it holds.

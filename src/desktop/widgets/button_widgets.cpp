@@ -2,6 +2,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/instrument_style.h"
 
 #include <QAction>
 #include <QApplication>
@@ -215,17 +216,23 @@ QWidget* button(Button& element, const QString& face) {
 
 QWidget* strongButton(Button& element) {
     QWidget* push = button(element);
-    QFont font = push->font();
+    makeStrong(*static_cast<QPushButton*>(push));
+    return push;
+}
+
+void makeStrong(QPushButton& push) {
+    // The style draws it flat: a gradient would take the contrast from its text.
+    push.setProperty(strongProperty, true);
+    QFont font = push.font();
     font.setBold(true);
-    push->setFont(font);
-    QPalette palette = push->palette();
+    push.setFont(font);
+    QPalette palette = push.palette();
     const RoleColours& colours = roles(palette);
     for (auto group : {QPalette::Active, QPalette::Inactive}) {
         palette.setColor(group, QPalette::Button, colours.accent);
         palette.setColor(group, QPalette::ButtonText, colours.accentText);
     }
-    push->setPalette(palette);
-    return push;
+    push.setPalette(palette);
 }
 
 QWidget* label(Button& element, Tone tone) {

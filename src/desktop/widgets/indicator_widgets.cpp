@@ -18,7 +18,6 @@ class LampView : public QWidget, public Spoken {
   public:
     QString caption;
     bool lit = false;
-    std::optional<QColor> fill;
 
     [[nodiscard]] QSize sizeHint() const override {
         int text = caption.isEmpty() ? 0 : gap + fontMetrics().horizontalAdvance(caption);
@@ -39,7 +38,7 @@ class LampView : public QWidget, public Spoken {
         painter.setRenderHint(QPainter::Antialiasing);
         double top = (height() - circle()) / 2.0;
         painter.setPen(QPen(lit ? colours.litEdge : colours.darkEdge, 1.4));
-        painter.setBrush(lit ? QBrush(fill.value_or(colours.lit)) : QBrush(Qt::NoBrush));
+        painter.setBrush(lit ? QBrush(colours.lit) : QBrush(Qt::NoBrush));
         painter.drawEllipse(QRectF(1, top + 1, circle() - 2, circle() - 2));
         painter.setPen(lit ? palette().color(QPalette::Active, QPalette::WindowText) : colours.softText);
         painter.drawText(rect().adjusted(circle() + gap, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, caption);
@@ -56,7 +55,7 @@ class LampView : public QWidget, public Spoken {
 QWidget* lamp(Lamp& element) {
     auto* view = new LampView;
     auto* binding = new Binding(element, *view);
-    // The lamp's background is the light itself, not the ground it stands on.
+    // Lamps have one shape and one colour, whatever colour the product keeps for a state.
     binding->setBackgroundShown(false);
     view->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     binding->onDraw([binding, view] {
@@ -68,10 +67,20 @@ QWidget* lamp(Lamp& element) {
         if (std::exchange(view->lit, held.lit()) != view->lit) {
             tellSpokenValue(*view);
         }
-        view->fill = held.background() ? std::optional(toQt(*held.background())) : std::nullopt;
         view->updateGeometry();
         view->update();
     });
+    return view;
+}
+
+QWidget* lampSample(Swatch& element, bool lit, const QString& meaning) {
+    auto* view = new LampView;
+    view->caption = meaning;
+    view->lit = lit;
+    auto* binding = new Binding(element, *view);
+    binding->setBackgroundShown(false);
+    view->setAccessibleName(meaning);
+    view->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);
     return view;
 }
 

@@ -116,6 +116,19 @@ void drawField(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+/// Flat, in the accent itself; pressed a shade deeper, with an outline for the focus.
+void drawStrongButton(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    bool down = (option.state & (QStyle::State_Sunken | QStyle::State_On)) != 0;
+    bool focused = (option.state & QStyle::State_HasFocus) != 0;
+    QColor ground = option.palette.color(QPalette::Button);
+    painter.setPen(focused ? QPen(option.palette.color(QPalette::ButtonText), 1) : QPen(ground, 1));
+    painter.setBrush(down ? ground.darker(120) : ground);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+    painter.restore();
+}
+
 /// The outline of lists, pages and areas of text.
 void drawEdge(const QStyleOption& option, QPainter& painter) {
     painter.save();
@@ -201,6 +214,14 @@ void InstrumentStyle::drawPrimitive(PrimitiveElement element, const QStyleOption
     case PE_Frame:
         drawEdge(*option, *painter);
         return;
+    case PE_PanelButtonCommand:
+        // Disabled it is as quiet as any other.
+        if (widget != nullptr && widget->property(strongProperty).toBool() &&
+            (option->state & State_Enabled) != 0) {
+            drawStrongButton(*option, *painter);
+            return;
+        }
+        break;
     case PE_PanelLineEdit:
         if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
             frame != nullptr && frame->lineWidth > 0) {

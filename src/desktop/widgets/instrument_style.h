@@ -5,6 +5,9 @@
 
 namespace zor {
 
+/// A button with this property is the strong one of its window.
+inline constexpr const char* strongProperty = "strong";
+
 /// The toolkit's Fusion style with what it lacks for a bench: flat bars and title bars, and ticks, radio
 /// circles and fields whose outlines can be seen in the dark too.
 class InstrumentStyle : public QProxyStyle {

@@ -22,8 +22,6 @@ const std::map<std::string, const char*, std::less<>>& names() {
         {"main.LoadboardList", "Boards found"},
         {"main.CB_Mode", "Data selector"},
         {"TabStrip1", "Pages"},
-        {"OnColor", "Colour of a set bit"},
-        {"OffColor", "Colour of a clear bit"},
         {"STATEFILT", "DQD parameter"},
         {"ITLEVEL", "FIFO IT level"},
         {"KT1102.SL_WakeUpM", "M"},
@@ -77,6 +75,9 @@ const std::map<std::string, const char*, std::less<>>& names() {
         {"SPI.LightGray", "Colour at rest"},
         {"Terminal.Text1", "Terminal"},
         {"eeprom.WorkSheet", "EEPROM image in hexadecimal digits"},
+        {"frm_Guide.Contents", "Contents"},
+        {"frm_Guide.Search", "Search in the guide"},
+        {"frm_Guide.Page", "Guide"},
         {"frm_VireoMacSniffer.Incoming", "Received packets"},
         {"frm_WireLog.Log", "Exchanges"},
     };
