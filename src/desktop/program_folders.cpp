@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/program_folders.h"
 
-#include <unistd.h>
+#include "host/files.h"
 
 namespace zor {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-bool writable(const fs::path& folder) {
-    return ::access(folder.c_str(), W_OK) == 0;
-}
 
 /// Examples are the user's to change, so they are laid once; a folder that was emptied on purpose stays
 /// empty.
@@ -50,7 +46,7 @@ ProgramFolders ProgramFolders::find(const fs::path& executable, const fs::path& 
     fs::path installed = (executable / ZOR_DATA_FROM_PROGRAM).lexically_normal();
     bool isInstalled = fs::is_directory(installed, ignored);
     // Whether it was installed is not told by the rights alone: the administrator may write everywhere.
-    if (!isInstalled && writable(executable)) {
+    if (!isInstalled && mayWrite(executable)) {
         return {.program = executable, .companions = executable / ".."};
     }
     ProgramFolders folders{.program = users / "Settings",
