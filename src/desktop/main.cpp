@@ -137,16 +137,16 @@ Switches readSwitches(const QCoreApplication& application) {
 }
 
 /// The simulated board bears the chip whose panel opens, as an engineer would mount it.
-zor::Subscription mountOnOpening(zor::Desk& desk, zor::DemoBoard& board) {
-    return desk.opened.subscribe([&board](zor::Form& form) {
+zor::Subscription mountOnOpening(zor::Desk& desk, zor::DemoBoard& board,
+                                 const std::filesystem::path& registers) {
+    return desk.opened.subscribe([&board, registers](zor::Form& form) {
         if (const auto* panel = dynamic_cast<zor::ChipPanel*>(&form)) {
             // "KT1100 transmitter control panel"
             board.mount(zor::toQt(panel->traits().title).section(QLatin1Char(' '), 0, 0).toLower());
         } else if (form.name() == "eeprom") {
             board.mountEeprom();
         } else if (form.name() == "SPI") {
-            board.mountRegisters(QDir(QCoreApplication::applicationDirPath())
-                                     .filePath(QStringLiteral("../Registers/registers.txt")));
+            board.mountRegisters(zor::toQt(registers.string()));
         }
     });
 }
@@ -240,17 +240,15 @@ int main(int argc, char** argv) {
         .registerStores = registerStores,
         .programFolder = folders.program,
         .userFolder = fromQt(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)),
-        .startDatabase = fromQt(
-            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../Registers/ZOR.db"))),
-        .documentFolder = fromQt(QDir::cleanPath(
-            QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../Documentation")))),
+        .startDatabase = folders.companions / "Registers" / "ZOR.db",
+        .documentFolder = folders.companions / "Documentation",
         .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',
     };
-    platform.startDatabase = folders.companions / "Registers" / "ZOR.db";
+    const std::filesystem::path registers = folders.companions / "Registers" / "registers.txt";
     Desk desk(loop);
     Subscription mounting;
     if (switches.demo) {
-        mounting = mountOnOpening(desk, board);
+        mounting = mountOnOpening(desk, board, registers);
     }
     MainWindow main(platform, desk);
     // Pictures and measurements are of the window as it is meant, whatever screen there is.
@@ -265,7 +263,7 @@ int main(int argc, char** argv) {
                 return;
             }
             devices.addDevice(fromQt(terminal), "LoadBoard");
-            mounting = mountOnOpening(desk, board);
+            mounting = mountOnOpening(desk, board, registers);
             main.linkBar.Connect.click();
         });
     }

@@ -165,7 +165,7 @@ void TableFiles::Export_Click() {
                                                                     .filter = tables,
                                                                     .defaultExtension = "csv"});
         if (choice.extensionDiffers) {
-            throw ToolError(wrongExtension, "Incorrect extension");
+            throw ToolError(unsupported, "Incorrect extension");
         }
         if (choice.name == tablePattern) {
             return;

@@ -61,11 +61,11 @@ QWidget* eventPage(EventTab& tab) {
 QWidget* image(TextField& element) {
     QWidget* field = textField(element, 30);
     auto* text = qobject_cast<QLineEdit*>(field);
-    Binding::of(text)->keep(element.changed.subscribe([text] {
+    Binding::of(text)->follow(element.changed, [text] {
         if (!text->hasFocus()) {
             text->home(false);
         }
-    }));
+    });
     return field;
 }
 
@@ -78,7 +78,7 @@ QWidget* lockedWord(TextField& element) {
         shown->setPalette(colours);
     };
     Binding::of(shown)->setBackgroundShown(false);
-    Binding::of(shown)->keep(element.changed.subscribe(showGround));
+    Binding::of(shown)->follow(element.changed, showGround);
     showGround();
     return shown;
 }

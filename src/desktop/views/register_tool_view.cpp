@@ -49,10 +49,10 @@ QWidget* twoLines(TextField& element) {
     constexpr int frame = 12;
     area->setFixedHeight(QFontMetrics(area->font()).lineSpacing() * 2 + frame);
     // From its beginning: it is not typed in.
-    Binding::of(area)->keep(element.changed.subscribe([area] {
+    Binding::of(area)->follow(element.changed, [area] {
         const QSignalBlocker quiet(area);
         area->moveCursor(QTextCursor::Start);
-    }));
+    });
     return area;
 }
 

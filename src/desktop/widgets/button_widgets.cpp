@@ -285,10 +285,10 @@ QWidget* barButton(BarButton& element) {
         QObject::connect(keys, &QShortcut::activated, binding,
                          [binding] { binding->gesture([&] { binding->element()->click(); }); });
     }
-    binding->keep(element.choiceNeeded.subscribe([tool] {
+    binding->follow(element.choiceNeeded, [tool] {
         // Behind the action that asked for it: a menu that is open holds its action up.
         QTimer::singleShot(0, tool, [tool] { tool->showMenu(); });
-    }));
+    });
     binding->onDraw([binding, tool] {
         const auto& held = *elementOf<BarButton>(*binding);
         tool->setText(toQt(held.caption()));

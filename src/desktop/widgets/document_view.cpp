@@ -102,8 +102,9 @@ QWidget* documentView(Document& element, int columns, int lines) {
                                                                     Document::Direction direction) {
         return browser && browser->seek(toQt(text), direction);
     };
-    binding->keep(element.headingAsked.subscribe(
-        [binding, browser] { browser->showHeading(toQt(elementOf<Document>(*binding)->heading())); }));
+    binding->follow(element.headingAsked, [binding, browser] {
+        browser->showHeading(toQt(elementOf<Document>(*binding)->heading()));
+    });
     auto shown = std::make_shared<std::string>();
     binding->onDraw([binding, browser, shown] {
         const auto& held = *elementOf<Document>(*binding);

@@ -47,7 +47,7 @@ class MonitorView : public QPlainTextEdit {
         binding->followFocus();
         appended = element.appended.subscribe([this](std::string_view text) { take(text); });
         if (KeptText* kept = keptText()) {
-            binding->keep(kept->remarked.subscribe([this] { takeRemark(); }));
+            binding->follow(kept->remarked, [this] { takeRemark(); });
         }
         binding->onDraw([this] { showAnew(); });
     }

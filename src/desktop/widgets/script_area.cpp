@@ -33,7 +33,7 @@ QWidget* scriptArea(TextField& element, int columns, int lines, Element& told,
     QWidget* widget = textArea(element, columns, lines);
     auto* area = static_cast<QPlainTextEdit*>(widget);
     area->setLineWrapMode(QPlainTextEdit::NoWrap);
-    Binding::of(area)->keep(told.changed.subscribe([area, runningLine] { markLine(*area, runningLine()); }));
+    Binding::of(area)->follow(told.changed, [area, runningLine] { markLine(*area, runningLine()); });
     return area;
 }
 

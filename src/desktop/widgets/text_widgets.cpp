@@ -282,7 +282,7 @@ QWidget* field(TextField& element, int columns) {
     Binding& binding = bindLine(*line, element);
     new CommaKey(*line);
     auto showPlaceholder = [line, &element] { line->setPlaceholderText(toQt(element.placeholder())); };
-    binding.keep(element.changed.subscribe(showPlaceholder));
+    binding.follow(element.changed, showPlaceholder);
     showPlaceholder();
     return line;
 }
