@@ -2,10 +2,12 @@
 // The one file that knows the library for Jet databases.
 #include "store/jet_file.h"
 
+#include "host/apart.h"
 #include "host/files.h"
 #include "platform/register_store.h"
 #include "store/schema.h"
 #include "store/translator.h"
+#include "support/csv.h"
 #include "support/numbers.h"
 
 #include <mdbtools.h>
@@ -18,6 +20,11 @@
 namespace zor::store {
 
 namespace {
+
+constexpr const char* chipTable = "Chip";
+constexpr const char* registerTable = "Register";
+constexpr const char* errorLine = "Error";
+constexpr const char* damaged = "The database is damaged";
 
 struct CloseDatabase {
     void operator()(MdbHandle* handle) const { mdb_close(handle); }
@@ -120,6 +127,58 @@ ListedRegister registerOf(const JetRow& row) {
     return entry;
 }
 
+/// What a process of its own has found: a line a row with the table's name in front, or why there is none.
+std::string rowsOf(std::string& bytes) {
+    try {
+        std::unique_ptr<MdbHandle, CloseDatabase> database(
+            mdb_open_buffer(bytes.data(), bytes.size(), MDB_NOFLAGS));
+        if (!database) {
+            fail("The file is no Jet database");
+        }
+        std::string rows;
+        for (const char* name : {chipTable, registerTable}) {
+            const Table& schema = *table(name);
+            JetRow row;
+            for (JetTable source(*database, schema); source.next(row);) {
+                std::vector<std::string> fields{name};
+                for (const Column& column : schema.columns) {
+                    fields.push_back(row[std::string(column.name)]);
+                }
+                rows += csvLine(fields);
+            }
+        }
+        return rows;
+    } catch (const std::exception& error) {
+        return csvLine({errorLine, error.what()});
+    }
+}
+
+JetRow rowAt(const Table& schema, const std::vector<std::string>& fields) {
+    if (fields.size() != schema.columns.size() + 1) {
+        fail(damaged);
+    }
+    JetRow row;
+    for (std::size_t at = 0; at < schema.columns.size(); ++at) {
+        row[std::string(schema.columns[at].name)] = fields[at + 1];
+    }
+    return row;
+}
+
+RegisterList listOf(const std::string& rows) {
+    RegisterList list;
+    for (const CsvRow& line : readCsv(rows)) {
+        const std::string& kind = line.fields.front();
+        if (kind == chipTable) {
+            list.chips.push_back(chipOf(rowAt(*table(chipTable), line.fields)));
+        } else if (kind == registerTable) {
+            list.registers.push_back(registerOf(rowAt(*table(registerTable), line.fields)));
+        } else {
+            fail(line.fields.back());
+        }
+    }
+    return list;
+}
+
 } // namespace
 
 bool jetIsBuilt() {
@@ -127,26 +186,23 @@ bool jetIsBuilt() {
 }
 
 RegisterList readJetFile(const std::filesystem::path& file) {
+    constexpr std::chrono::seconds patience(10);
     std::string bytes;
     try {
         bytes = readFile(file);
     } catch (const ToolError& error) {
         throw StoreError(error.number(), error.what());
     }
-    std::unique_ptr<MdbHandle, CloseDatabase> database(
-        mdb_open_buffer(bytes.data(), bytes.size(), MDB_NOFLAGS));
-    if (!database) {
-        fail("The file is no Jet database");
+    // The library trusts its files more than they deserve: a damaged one may bring it down.
+    std::optional<std::string> rows = runApart([&bytes] { return rowsOf(bytes); }, patience);
+    if (!rows) {
+        fail(damaged);
     }
-    RegisterList list;
-    JetRow row;
-    for (JetTable chips(*database, *table("Chip")); chips.next(row);) {
-        list.chips.push_back(chipOf(row));
+    try {
+        return listOf(*rows);
+    } catch (const CsvError&) {
+        fail(damaged);
     }
-    for (JetTable registers(*database, *table("Register")); registers.next(row);) {
-        list.registers.push_back(registerOf(row));
-    }
-    return list;
 }
 
 } // namespace zor::store

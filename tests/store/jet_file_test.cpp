@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include <unistd.h>
 
 namespace zor::testing {
@@ -153,6 +155,23 @@ TEST_F(JetFile, SurvivesAFileThatIsCutShort) {
     for (std::size_t length = 0; length < whole.size(); length += 1021) {
         // Its tables may be found or not; it ends either way.
         EXPECT_FALSE(failureOf(folder.file(whole.substr(0, length))).empty());
+    }
+}
+
+TEST_F(JetFile, SurvivesDamagedPages) {
+    const std::string whole = sample();
+    std::mt19937 random(7);
+    for (int round = 0; round < 150; ++round) {
+        std::string damaged = whole;
+        for (int byte = 0; byte < 6; ++byte) {
+            // Bytes that mean something are damaged rather than the room between them.
+            std::size_t at = random() % damaged.size();
+            while (damaged[at] == '\0' && random() % 8 != 0) {
+                at = random() % damaged.size();
+            }
+            damaged[at] = static_cast<char>(random());
+        }
+        EXPECT_FALSE(failureOf(folder.file(damaged)).empty());
     }
 }
 
