@@ -85,7 +85,7 @@ class PacketStream {
             out(transmission);
         };
         bench.loop.startTimer(10ms, EventLoop::Repeat::Every, [this, &board] {
-            lastLine = bench.ports.sent.empty() ? lastLine : bench.ports.sent.back().text;
+            noteLastLine();
             if (lastLine == Window::fill) {
                 std::array<char, 16> payload{};
                 std::snprintf(payload.data(), payload.size(), "PKT %06llu",
@@ -97,8 +97,12 @@ class PacketStream {
 
     void runMinute() {
         bench.run(60s);
+        noteLastLine();
         bench.takeSent();
+        ++minutes;
     }
+    /// Packets came all the time, several a second.
+    [[nodiscard]] bool wentOn() const { return reports > minutes * 300; }
     [[nodiscard]] bool lostNone() {
         // What was reported last may still be on the line.
         bench.ports.seat(1).board().setMute(true);
@@ -108,9 +112,12 @@ class PacketStream {
     }
 
   private:
+    void noteLastLine() { lastLine = bench.ports.sent.empty() ? lastLine : bench.ports.sent.back().text; }
+
     testing::VirtualBench bench;
     std::string lastLine = Window::fill;
     std::uint64_t reports = 0;
+    std::uint64_t minutes = 0;
 };
 
 template <class Window>
@@ -136,6 +143,9 @@ void LastMinutesOfPackets(benchmark::State& state) {
     state.counters["grown_MiB"] = grown;
     if (grown > memoryLimit) {
         state.SkipWithError("the memory grows with the packets");
+    }
+    if (!stream.wentOn()) {
+        state.SkipWithError("the packets ceased");
     }
     if (!stream.lostNone()) {
         state.SkipWithError("a packet that was reported is missing");
