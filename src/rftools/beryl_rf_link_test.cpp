@@ -85,7 +85,7 @@ Frm_BerylRfLinkTest::Frm_BerylRfLinkTest(Bench& ownBench)
     , Timer_ReadTimeout(ownBench.platform.loop, [this] { Timer_ReadTimeout_Timer(); })
     , rearm(ownBench.platform.loop, [this] { Rearm_Timer(); }) {
     // As large as both pages need: it stands in sight as a whole where it is placed for that.
-    setExtent({9900, 18750});
+    setExtent({9900, 18900});
     Timer_CntMode.setInterval(repetitionTick);
     Timer_Blink.setInterval(blink);
     Timer_ReadTimeout.setInterval(pollInterval);
