@@ -30,7 +30,11 @@ void RecentFiles::put(const std::string& path) {
 void RecentFiles::use(const std::string& path) {
     std::error_code unknown;
     std::filesystem::path whole = std::filesystem::absolute(path, unknown).lexically_normal();
-    put(unknown ? path : whole.string());
+    std::string name = unknown ? path : whole.string();
+    if (!paths.empty() && paths.front() == name) {
+        return;
+    }
+    put(name);
     changed.emit();
 }
 

@@ -43,7 +43,7 @@ constexpr std::array sections = {
     SectionRow{"frm_PowerSupply", tools},
     SectionRow{"frm_VireoMacSniffer", tools},
     SectionRow{"frm_TxSearch", tools},
-    SectionRow{"frm_WireLog", tools},
+    SectionRow{"frm_WireLog", "What went over the wire"},
     SectionRow{"FirmLoad", "New firmware for a board"},
     SectionRow{"eeprom", "The EEPROM of a demonstration board"},
     SectionRow{"ECET", alone},

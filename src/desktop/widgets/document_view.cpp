@@ -19,12 +19,16 @@ namespace {
 /// Rendered Markdown. Pictures are no wider than the text; links are told, not followed.
 class DocumentBrowser : public QTextBrowser {
   public:
-    DocumentBrowser() { setOpenLinks(false); }
+    DocumentBrowser() {
+        setOpenLinks(false);
+        // A bar that came and went with the text would change the width in the midst of the rendering.
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    }
 
     void show(const QString& markdown, const QString& pictureFolder) {
         folder = pictureFolder;
         text = markdown;
-        document()->setMarkdown(text, QTextDocument::MarkdownDialectGitHub);
+        render();
         verticalScrollBar()->setValue(0);
     }
 
@@ -72,10 +76,10 @@ class DocumentBrowser : public QTextBrowser {
 
     void resizeEvent(QResizeEvent* event) override {
         QTextBrowser::resizeEvent(event);
-        if (event->oldSize().width() != event->size().width() && !text.isEmpty()) {
+        if (event->oldSize().width() != event->size().width() && !text.isEmpty() && !rendering) {
             // The pictures take the new width; the place in the text stays.
             int place = cursorForPosition(QPoint(2, 2)).position();
-            document()->setMarkdown(text, QTextDocument::MarkdownDialectGitHub);
+            render();
             QTextCursor cursor(document());
             cursor.setPosition(std::min(place, document()->characterCount() - 1));
             double top = document()->documentLayout()->blockBoundingRect(cursor.block()).top();
@@ -84,8 +88,15 @@ class DocumentBrowser : public QTextBrowser {
     }
 
   private:
+    void render() {
+        rendering = true;
+        document()->setMarkdown(text, QTextDocument::MarkdownDialectGitHub);
+        rendering = false;
+    }
+
     QString folder;
     QString text;
+    bool rendering = false;
 };
 
 } // namespace
