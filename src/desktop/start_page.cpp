@@ -43,7 +43,10 @@ class ChipRow : public QPushButton {
         return {inset * 2 + nameWidth() + fontMetrics().horizontalAdvance(remark),
                 fontMetrics().height() + 14};
     }
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    [[nodiscard]] QSize minimumSizeHint() const override {
+        // In a narrow window the remark is shortened; the name never is.
+        return {2 * inset + nameWidth(), sizeHint().height()};
+    }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -66,8 +69,9 @@ class ChipRow : public QPushButton {
         painter.setFont(font());
         painter.setPen(picked || isEnabled() ? colours.softText
                                              : palette().color(QPalette::Disabled, QPalette::ButtonText));
-        painter.drawText(rect().adjusted(inset + nameWidth(), 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                         remark);
+        QRect room = rect().adjusted(inset + nameWidth(), 0, -inset, 0);
+        painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
+                         fontMetrics().elidedText(remark, Qt::ElideRight, room.width()));
     }
 
   private:

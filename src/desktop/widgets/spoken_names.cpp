@@ -45,6 +45,7 @@ const std::map<std::string, const char*, std::less<>>& names() {
         {"ECET.TB_Pattern", "Pattern"},
         {"ECET.TB_Payload", "Payload"},
         {"Frm_BerylRfLinkTest.TB_MonitoredData", "Monitor"},
+        {"Frm_BerylRfLinkTest.Packets", "Received packets"},
         {"Frm_BerylRfLinkTest.TB_Payload", "Payload"},
         {"Frm_BerylRfLinkTest.TB_RepetitionTime", "Repetition time"},
         {"Frm_BerylRfLinkTest.TB_SynchPatt", "Synchron pattern"},
