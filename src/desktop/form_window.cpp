@@ -281,10 +281,7 @@ void FormWindow::fitContent() {
         return;
     }
     QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
-    QSize size = wanted.expandedTo(neededSize());
-    if (form->hasUsersExtent()) {
-        size = withinMainWindow(wanted);
-    }
+    QSize size = withinMainWindow(form->hasUsersExtent() ? wanted : wanted.expandedTo(neededSize()));
     if (size != wanted) {
         form->setExtent({twips(size.height()), twips(size.width())});
     }
@@ -319,8 +316,10 @@ void FormWindow::bringWithinReach() {
     QSize room = mdi.viewport()->size().expandedTo({320, 240});
     QPoint place(std::clamp(outer->x(), std::min(0, grip - outer->width()), room.width() - grip),
                  std::clamp(outer->y(), 0, room.height() - grip));
-    if (place != outer->pos()) {
-        // Out of reach there, so all of it comes into view.
+    bool asItLikes = form->sizing() == Form::Sizing::OfWindow && !form->hasUsersExtent();
+    bool inSight = QRect(QPoint(), room).contains(outer->geometry());
+    if (place != outer->pos() || (asItLikes && !inSight)) {
+        // Out of reach there, or grown past the edge with the font: all of it comes into view.
         outer->move(std::clamp(place.x(), 0, std::max(0, room.width() - outer->width())),
                     std::clamp(place.y(), 0, std::max(0, room.height() - outer->height())));
     }

@@ -106,16 +106,12 @@ TEST(Guide, EachOfItsSectionsStandsInTheGuideThatComesWithTheProgram) {
 TEST(DataSheets, AreOpenedFromTheDocumentationFolder) {
     VirtualBench bench;
     bench.start();
-    std::filesystem::path documents = bench.folder.path() / ".." / "Documentation";
-    bool made = std::filesystem::create_directories(documents);
+    std::filesystem::path documents = bench.platform.programFolder / ".." / "Documentation";
+    std::filesystem::create_directories(documents);
     std::string sheet = (documents.lexically_normal() / "KT1100 rev 2.PDF").string();
     writeFileWhole(sheet, "%PDF");
     bench.main().menu.mnuHelp1100DS.click();
     EXPECT_THAT(bench.surroundings.opened, ElementsAre(sheet));
-    std::filesystem::remove(sheet);
-    if (made) {
-        std::filesystem::remove(documents);
-    }
 }
 
 TEST(Files, GivenAtTheStartAreOpenedOnceThePanelsCanBeUsed) {
