@@ -148,7 +148,7 @@ class RandomEngineer {
         }
         Element* busy = form->find(oneOf(busyElements));
         Element& element =
-            busy != nullptr && upTo(1) == 0 ? *busy : *form->elements()[random() % form->elements().size()];
+            busy != nullptr && upTo(3) != 0 ? *busy : *form->elements()[random() % form->elements().size()];
         if (upTo(1) == 0) {
             bench.dialogs.files.emplace_back(path(oneOf(files)));
         }

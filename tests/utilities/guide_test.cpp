@@ -27,7 +27,7 @@ struct GuideBench : VirtualBench {
         platform.documentFolder = folder.path();
         writeFileWhole(folder.path() / "user-guide.md", text);
         writeFileWhole(folder.path() / "files.md", "# Files\n\n## The end\n");
-        start();
+        startAndSearch();
     }
     Guide& guide() { return dynamic_cast<Guide&>(*desk.find("frm_Guide")); }
 };
@@ -47,8 +47,9 @@ TEST(Guide, OpensAtItsBeginningAndAtTheWindowInFront) {
     EXPECT_EQ(bench.guide().Page.heading(), "");
     EXPECT_THAT(bench.guide().Contents.entries(), Contains("The tools"));
     bench.guide().userClose();
-    bench.main().menu.mnutoolsTerminal.click();
-    bench.main().menu.mnuHelpWindow.click();
+    EXPECT_TRUE(bench.main().menu.mnutoolsTerminal.click());
+    EXPECT_EQ(bench.desk.front()->name(), "Terminal");
+    EXPECT_TRUE(bench.main().menu.mnuHelpWindow.click());
     EXPECT_EQ(bench.guide().Page.heading(), "The tools");
     EXPECT_EQ(bench.guide().Contents.text(), "The tools");
     EXPECT_TRUE(bench.guide().inFront());
