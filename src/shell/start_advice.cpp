@@ -60,7 +60,7 @@ StartAdvice startAdvice(MainWindow& main) {
         return {.headline = "More than one board was found.",
                 .hint = "Choose one from the list behind \"Connected Board:\"."};
     case LinkState::Connected:
-        return {.headline = bar.LoadBoard.text() + " on " + bar.LoadboardList.text() + ".",
+        return {.headline = bar.LoadboardList.text() + " is connected.",
                 .hint = "Choose the chip on it.",
                 .connected = true};
     case LinkState::DataMode:

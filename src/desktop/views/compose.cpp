@@ -257,7 +257,10 @@ QWidget* wordsGroup(const QString& title, const std::vector<std::pair<QString, Q
     auto* table = new QGridLayout(box);
     table->setContentsMargins(spaceInside, spaceInside, spaceInside, spaceInside);
     table->setHorizontalSpacing(2 * spaceBetween);
-    table->setVerticalSpacing(spaceBetween);
+    // The column is the tallest part of its window; many words stand closer, so that it fits a screen of 800
+    // lines.
+    constexpr std::size_t manyWords = 10;
+    table->setVerticalSpacing(words.size() > manyWords ? spaceBetween / 3 : spaceBetween);
     int row = 0;
     for (const auto& [name, widget] : words) {
         Cell cell = labelled(name, widget);
