@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
 
 #include <utility>
@@ -50,16 +51,25 @@ QString DemoBoard::start(const QStringList& arguments) {
     }
     startArguments = arguments;
     started = true;
-    return QString::fromLocal8Bit(line.trimmed());
+    terminal = QString::fromLocal8Bit(line.trimmed());
+    return terminal;
+}
+
+bool DemoBoard::died() const {
+    // The terminal goes first; the process may still be at its end.
+    return started && (process.state() == QProcess::NotRunning || !QFile::exists(terminal));
 }
 
 QString DemoBoard::startAgain() {
+    if (!process.waitForFinished(endLimit)) {
+        stop();
+    }
     hadEeprom = false;
-    QString terminal = start(startArguments);
-    if (!terminal.isEmpty() && !carried.isEmpty()) {
+    QString fresh = start(startArguments);
+    if (!fresh.isEmpty() && !carried.isEmpty()) {
         tell(carried);
     }
-    return terminal;
+    return fresh;
 }
 
 void DemoBoard::tell(const QString& statement) {

@@ -24,7 +24,7 @@ class DemoBoard {
     [[nodiscard]] QString start(const QStringList& arguments = {QStringLiteral("--kind"),
                                                                 QStringLiteral("lb2")});
     /// It ended without being told to.
-    [[nodiscard]] bool died() const { return started && process.state() == QProcess::NotRunning; }
+    [[nodiscard]] bool died() const;
     /// Starts it anew as it was started first, with the chip that it carried last.
     /// @return the terminal's path; empty if it cannot be started
     [[nodiscard]] QString startAgain();
@@ -44,6 +44,8 @@ class DemoBoard {
     QProcess process;
     QStringList startArguments;
     QString carried;
+    /// Its pseudo-terminal.
+    QString terminal;
     bool started = false;
     bool hadEeprom = false;
 };

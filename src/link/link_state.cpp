@@ -26,7 +26,7 @@ const BarRow& rowOf(LinkState state) {
         /* None      */ {true,  false, false, {S::None, S::Searching}},
         /* Searching */ {false, false, false, {S::Choosing, S::None}},
         /* Choosing  */ {false, true,  false, {S::Connected, S::None}},
-        /* Connected */ {false, true,  true,  {S::DataMode, S::Lost, S::None}},
+        /* Connected */ {false, true,  true,  {S::DataMode, S::Lost, S::Connected, S::None}},
         /* DataMode  */ {false, false, true,  {S::Connected, S::None}},
         /* Lost      */ {true,  false, false, {S::Searching, S::Connected}},
     }};
