@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "elements/plot.h"
 
+#include "support/csv.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -70,21 +72,6 @@ std::string number(double value) {
     std::array<char, 40> text{};
     auto end = std::to_chars(text.data(), text.data() + text.size(), value);
     return {text.data(), end.ptr};
-}
-
-/// A CSV field; one with a comma, a quotation mark or a line end in it is quoted.
-std::string quoted(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) {
-        return text;
-    }
-    std::string field = "\"";
-    for (char c : text) {
-        field += c;
-        if (c == '"') {
-            field += c;
-        }
-    }
-    return field + '"';
 }
 
 } // namespace
@@ -171,7 +158,7 @@ double Plot::share(double value, PlotRange range, Scale scale) {
 }
 
 std::string Plot::csv() const {
-    std::string text = quoted(own.x.text()) + "," + quoted(own.y.text()) + "\r\n";
+    std::string text = csvLine({own.x.text(), own.y.text()});
     for (const PlotPoint& point : held) {
         text += number(point.x) + "," + (point.y ? number(*point.y) : std::string()) + "\r\n";
     }

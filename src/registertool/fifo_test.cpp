@@ -125,23 +125,31 @@ void FifoTest::showProgress(std::size_t done, int size) {
     tool.whole.ProgressBar1.putValue(roundToInt(static_cast<double>(done) * wholeProgress / size));
 }
 
-void FifoTest::deselect(LongAction& busy) {
+std::optional<bool> FifoTest::begin(int size, LongAction& busy) {
+    tool.report.begin();
+    if (size < 1) {
+        return std::nullopt;
+    }
+    tool.whole.ProgressBar1.putValue(0);
+    const bool bySelectLine = tool.fifo.FifoSelectLine;
+    if (bySelectLine && !busy.send(selectFifo)) {
+        return std::nullopt;
+    }
+    return bySelectLine;
+}
+
+void FifoTest::end(bool bySelectLine, LongAction& busy) {
     // A run that was stopped or whose window was closed leaves no FIFO selected either.
-    if (!busy.send(releaseFifo) && tool.bench.connect->isOpen()) {
+    if (bySelectLine && !busy.send(releaseFifo) && tool.bench.connect->isOpen()) {
         (void)tool.send(releaseFifo);
     }
 }
 
 void FifoTest::WriteTXff_Click() {
     LongAction busy(tool);
-    tool.report.begin();
     const int size = tool.fifo.TxSize;
-    if (size < 1) {
-        return;
-    }
-    tool.whole.ProgressBar1.putValue(0);
-    const bool bySelectLine = tool.fifo.FifoSelectLine;
-    if (bySelectLine && !busy.send(selectFifo)) {
+    std::optional<bool> bySelectLine = begin(size, busy);
+    if (!bySelectLine) {
         return;
     }
     std::size_t row = 0;
@@ -151,9 +159,7 @@ void FifoTest::WriteTXff_Click() {
     if (row == static_cast<std::size_t>(size)) {
         tool.report.end("transmit FIFO written");
     }
-    if (bySelectLine) {
-        deselect(busy);
-    }
+    end(*bySelectLine, busy);
 }
 
 bool FifoTest::writeRow(std::size_t row, LongAction& busy) {
@@ -168,14 +174,9 @@ bool FifoTest::writeRow(std::size_t row, LongAction& busy) {
 
 void FifoTest::ReadRXff_Click() {
     LongAction busy(tool);
-    tool.report.begin();
     const int size = tool.fifo.RxSize;
-    if (size < 1) {
-        return;
-    }
-    tool.whole.ProgressBar1.putValue(0);
-    const bool bySelectLine = tool.fifo.FifoSelectLine;
-    if (bySelectLine && !busy.send(selectFifo)) {
+    std::optional<bool> bySelectLine = begin(size, busy);
+    if (!bySelectLine) {
         return;
     }
     int packetErrors = 0;
@@ -196,9 +197,7 @@ void FifoTest::ReadRXff_Click() {
                                                  : std::to_string(packetErrors) +
                                                        (packetErrors == 1 ? " bit differs" : " bits differ"));
     }
-    if (bySelectLine) {
-        deselect(busy);
-    }
+    end(*bySelectLine, busy);
 }
 
 std::optional<int> FifoTest::readRow(std::size_t row, LongAction& busy) {

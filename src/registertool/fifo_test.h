@@ -51,8 +51,11 @@ class FifoTest {
     /// One read more with so many differing bits. A division by zero is told and ends the count.
     void countRead(int packetErrors);
     void showProgress(std::size_t done, int size);
-    /// Releases the FIFO select line.
-    void deselect(LongAction& busy);
+    /// What both FIFO actions begin with, the select line included.
+    /// @return whether the FIFO is reached by that line, fixed for the run; nothing if the run ends here
+    std::optional<bool> begin(int size, LongAction& busy);
+    /// Releases the FIFO select line where it was driven.
+    void end(bool bySelectLine, LongAction& busy);
 
     SPI& tool;
 };

@@ -32,11 +32,7 @@ TEST(DesktopWindow, TheKeyboardGoesToTheBarsAndBack) {
 
 TEST(DesktopWindow, TheKeyboardGoesFromWindowToWindowAndClosesOne) {
     Program program;
-    program.start();
-    program.main.menu.mnutoolsTerminal.click();
-    program.main.bench().tools.open(Tool::frm_PowerSupply);
-    program.window.activateWindow();
-    QCoreApplication::processEvents();
+    startWithTwoTools(program);
     QMdiArea& area = program.window.area();
     ASSERT_NE(area.activeSubWindow(), nullptr);
     QString first = area.activeSubWindow()->windowTitle();

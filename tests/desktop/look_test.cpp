@@ -63,10 +63,7 @@ TEST(Look, TheTextOnAStrongButtonCanBeReadInBothPalettes) {
 
 TEST(Look, LampsHaveOneColourWhateverTheElementKeeps) {
     Program program;
-    program.start();
-    std::unique_ptr<Form> none;
-    openForm(program, "OpalV2", none);
-    Form& panel = *program.desk.find("OpalV2");
+    ChipPanel& panel = startWithPanel(program, "OpalV2");
     QWidget& content = program.window.windowOf(panel)->content();
     auto* lamp = content.findChild<QWidget*>("status(1)");
     auto lightOf = [](QWidget& widget) {

@@ -12,15 +12,12 @@ TEST(DesktopWindow, MarksAndReasonsThatComeAndGoMoveNothing) {
     for (const PanelRow& row : panelRows()) {
         SCOPED_TRACE(row.name);
         Program program;
-        program.start();
-        std::unique_ptr<Form> none;
-        openForm(program, row.name, none);
-        Form* form = program.desk.find(row.name);
-        FormWindow& window = *program.window.windowOf(*form);
+        ChipPanel& panel = startWithPanel(program, row.name);
+        FormWindow& window = *program.window.windowOf(panel);
         QCoreApplication::processEvents();
         QSize size = window.shell().size();
         for (const char* label : {"LabelUpdate", "LabelCalibration", "Label38", "Label39"}) {
-            Element& element = *form->find(label);
+            Element& element = *panel.find(label);
             bool before = element.visible();
             for (bool shown : {!before, before}) {
                 element.setVisible(shown);
@@ -35,12 +32,9 @@ TEST(DesktopWindow, EveryWordStandsBesideItsWholeCaption) {
     for (const PanelRow& row : panelRows()) {
         SCOPED_TRACE(row.name);
         Program program;
-        program.start();
-        std::unique_ptr<Form> none;
-        openForm(program, row.name, none);
-        auto* panel = dynamic_cast<ChipPanel*>(program.desk.find(row.name));
-        QStringList shown = labelTexts(program.window.windowOf(*panel)->content());
-        for (const ControlWord* word : panel->words()) {
+        ChipPanel& panel = startWithPanel(program, row.name);
+        QStringList shown = labelTexts(program.window.windowOf(panel)->content());
+        for (const ControlWord* word : panel.words()) {
             EXPECT_TRUE(word->caption().ends_with(":")) << word->caption();
             EXPECT_TRUE(shown.contains(QString::fromStdString(word->caption()))) << word->caption();
         }
@@ -49,23 +43,18 @@ TEST(DesktopWindow, EveryWordStandsBesideItsWholeCaption) {
 
 TEST(DesktopWindow, TheUpperBitsOfTheFifoLevelSayWhatTheyAre) {
     Program program;
-    program.start();
-    std::unique_ptr<Form> none;
-    openForm(program, "Coral", none);
-    QStringList shown = labelTexts(program.window.windowOf(*program.desk.find("Coral"))->content());
+    ChipPanel& panel = startWithPanel(program, "Coral");
+    QStringList shown = labelTexts(program.window.windowOf(panel)->content());
     EXPECT_TRUE(shown.contains("Bit[1-0] are the upper bits of the FIFO IT level"));
 }
 
 TEST(DesktopWindow, AListsTextOfAnyLengthMovesNothing) {
     Program program;
-    program.start();
-    std::unique_ptr<Form> none;
-    openForm(program, "OpalV2", none);
-    Form* form = program.desk.find("OpalV2");
-    FormWindow& window = *program.window.windowOf(*form);
+    ChipPanel& panel = startWithPanel(program, "OpalV2");
+    FormWindow& window = *program.window.windowOf(panel);
     QCoreApplication::processEvents();
     QSize size = window.shell().size();
-    static_cast<ListBox*>(form->find("Modulation"))->putText(std::string(10'000, 'x'));
+    static_cast<ListBox*>(panel.find("Modulation"))->putText(std::string(10'000, 'x'));
     window.content().layout()->invalidate();
     QCoreApplication::processEvents();
     EXPECT_EQ(window.shell().size(), size);

@@ -134,10 +134,7 @@ TEST(Spoken, TheMainWindowNamesEveryControl) {
 
 TEST(Spoken, ALampSaysWhetherItIsLit) {
     Program program;
-    program.start();
-    std::unique_ptr<Form> none;
-    openForm(program, "OpalV2", none);
-    auto& panel = dynamic_cast<ChipPanel&>(*program.desk.find("OpalV2"));
+    ChipPanel& panel = startWithPanel(program, "OpalV2");
     QAccessibleInterface& lamp = spoken(program, "OpalV2", "status(1)");
     EXPECT_EQ(lamp.role(), QAccessible::Indicator);
     EXPECT_EQ(lamp.text(QAccessible::Name).toStdString(), panel.status(1).caption());
@@ -155,10 +152,7 @@ TEST(Spoken, EveryWordSpeaksItsMeaning) {
     for (const PanelRow& row : panelRows()) {
         SCOPED_TRACE(row.name);
         Program program;
-        program.start();
-        std::unique_ptr<Form> none;
-        openForm(program, row.name, none);
-        auto& panel = dynamic_cast<ChipPanel&>(*program.desk.find(row.name));
+        ChipPanel& panel = startWithPanel(program, row.name);
         for (const ControlWord* word : panel.words()) {
             QAccessibleInterface& node = spoken(program, row.name, name(*word));
             EXPECT_EQ(node.text(QAccessible::Name).toStdString(), word->caption());
@@ -175,10 +169,7 @@ TEST(Spoken, EveryWordSpeaksItsMeaning) {
 
 TEST(Spoken, ADisabledSettingSaysWhy) {
     Program program;
-    program.start();
-    std::unique_ptr<Form> none;
-    openForm(program, "OpalV2", none);
-    Form& panel = *program.desk.find("OpalV2");
+    ChipPanel& panel = startWithPanel(program, "OpalV2");
     QAccessibleInterface& field = spoken(program, "OpalV2", "WKUPM");
     auto& tick = *panel.find("pm1");
     tick.tick(false);
@@ -192,11 +183,9 @@ TEST(Spoken, ADisabledSettingSaysWhy) {
 
 TEST(Spoken, NoticesAreAnnouncedOnce) {
     Program program;
-    program.start();
-    std::unique_ptr<Form> none;
-    openForm(program, "OpalV2", none);
+    ChipPanel& panel = startWithPanel(program, "OpalV2");
     Listening listening;
-    auto& line = dynamic_cast<TextField&>(*program.desk.find("OpalV2")->find("Statusline"));
+    auto& line = dynamic_cast<TextField&>(*panel.find("Statusline"));
     line.setText("Minimum supply voltage is 2.0 V!");
     line.setText("Minimum supply voltage is 2.0 V!");
     line.setText(" ");

@@ -137,6 +137,21 @@ void openForm(Program& program, const std::string& formName, std::unique_ptr<For
     }
 }
 
+ChipPanel& startWithPanel(Program& program, const std::string& panelName) {
+    program.start();
+    std::unique_ptr<Form> ofTheProgram;
+    openForm(program, panelName, ofTheProgram);
+    return dynamic_cast<ChipPanel&>(*program.desk.find(panelName));
+}
+
+void startWithTwoTools(Program& program) {
+    program.start();
+    program.main.menu.mnutoolsTerminal.click();
+    program.main.bench().tools.open(Tool::frm_PowerSupply);
+    program.window.activateWindow();
+    QCoreApplication::processEvents();
+}
+
 std::vector<std::string> everyForm() {
     std::vector<std::string> names;
     for (const auto& [formName, view] : allViews()) {

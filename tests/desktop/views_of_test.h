@@ -2,6 +2,7 @@
 // What tests of views look for in a window, and how they open one.
 #pragma once
 
+#include "panels/common/chip_panel.h"
 #include "program.h"
 
 #include <QString>
@@ -28,6 +29,10 @@ namespace zor {
 /// How each window of the registry comes onto the desk in a test.
 /// @param own  holds a form that the test itself must keep
 void openForm(Program& program, const std::string& formName, std::unique_ptr<Form>& own);
+/// Starts the program and opens a chip's panel in it.
+ChipPanel& startWithPanel(Program& program, const std::string& panelName);
+/// Starts the program and opens the terminal and, in front of it, the supply tool.
+void startWithTwoTools(Program& program);
 /// Every window of the registry.
 [[nodiscard]] std::vector<std::string> everyForm();
 /// Windows go once nothing of theirs is being handled; a test has no loop around it that would see to that.

@@ -41,11 +41,7 @@ TEST(DesktopWindow, MovingAndSizingAnInnerWindowIsToldInTwips) {
 
 TEST(DesktopWindow, AWindowAskedForAgainComesToTheFront) {
     Program program;
-    program.start();
-    program.main.menu.mnutoolsTerminal.click();
-    program.main.bench().tools.open(Tool::frm_PowerSupply);
-    program.window.activateWindow();
-    QCoreApplication::processEvents();
+    startWithTwoTools(program);
     auto front = [&program] { return program.window.area().activeSubWindow()->windowTitle(); };
     ASSERT_EQ(front(), "Power Supply Settings");
     program.main.menu.mnutoolsTerminal.click();

@@ -100,11 +100,6 @@ std::string failureOf(const fs::path& file) {
 
 class JetFile : public ::testing::Test {
   protected:
-    void SetUp() override {
-        if (!store::jetIsBuilt()) {
-            GTEST_SKIP() << "built without mdbtools' library";
-        }
-    }
     TemporaryFolder folder;
 };
 
