@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zor {
 
@@ -46,22 +47,29 @@ class RecordSource {
     /// Both are so in an empty result.
     [[nodiscard]] virtual bool beforeFirst() const = 0;
     [[nodiscard]] virtual bool pastLast() const = 0;
+    /// The number of a column of the table, from 0. Throws StoreError for a column that it does not have.
+    [[nodiscard]] virtual std::size_t columnNumber(std::string_view column) const = 0;
     /// Goes to the first row, from the first one on, that fits a criterion: one column, "=" and a value,
     /// which is compared as text, quoted or not, upper and lower case alike. Past the last row if none does.
     virtual void find(std::string_view criterion) = 0;
 
     // Of the row at the place, which must be one.
+    /// By the column's number in the table.
+    [[nodiscard]] virtual const StoredValue& value(std::size_t column) const = 0;
     /// Throws StoreError for a column that the table does not have.
-    [[nodiscard]] virtual StoredValue value(std::string_view column) const = 0;
-    /// By the column's number in the table, from 0.
-    [[nodiscard]] virtual StoredValue value(std::size_t column) const = 0;
+    [[nodiscard]] const StoredValue& value(std::string_view column) const {
+        return value(columnNumber(column));
+    }
     /// The row's own number in its table: two sources over one table call a row by the same.
     [[nodiscard]] virtual std::int64_t key() const = 0;
 
     /// Begins a row behind the last one; it comes to be when it is saved.
     virtual void addRow() = 0;
     /// Sets a column of the row at the place; it is stored when the row is saved.
-    virtual void setValue(std::string_view column, StoredValue value) = 0;
+    virtual void setValue(std::size_t column, StoredValue value) = 0;
+    void setValue(std::string_view column, StoredValue value) {
+        setValue(columnNumber(column), std::move(value));
+    }
     virtual void save() = 0;
 };
 
@@ -76,8 +84,14 @@ class RegisterStore {
 
     /// Runs a text that gives no rows. Throws StoreError.
     virtual void run(std::string_view sql) = 0;
+    /// When a source reads the values of its rows: with the query, or all of them when one is asked for.
+    /// Which rows there are, and their keys, is always the query's.
+    enum class Values { AtOnce, WhenAsked };
     /// A source of its own over this query; the store must outlive it. Throws StoreError.
-    [[nodiscard]] virtual std::unique_ptr<RecordSource> select(std::string_view sql) = 0;
+    [[nodiscard]] virtual std::unique_ptr<RecordSource> select(std::string_view sql, Values values) = 0;
+    [[nodiscard]] std::unique_ptr<RecordSource> select(std::string_view sql) {
+        return select(sql, Values::AtOnce);
+    }
 
     /// Puts chips with their registers into the master tables, in place of chips of the same names, all or
     /// nothing. A replaced chip keeps its number and place. Throws StoreError.

@@ -56,28 +56,29 @@ Differences::Differences(SPI& ownTool)
     showsOthers = tool.table.showsOthers.subscribe([this] { showFile(); });
 }
 
-std::optional<std::string> Differences::valueOf(const Setting& setting, Against against) const {
+const std::string* Differences::valueOf(const Setting& setting, Against against) const {
     switch (against) {
     case Against::Default:
-        return setting.DefaultValue.empty() ? std::nullopt : std::optional(setting.DefaultValue);
+        return setting.DefaultValue.empty() ? nullptr : &setting.DefaultValue;
     case Against::LastRead:
-        return setting.readValue;
+        return setting.readValue ? &*setting.readValue : nullptr;
     case Against::File:
         if (fileValues) {
             if (auto value = fileValues->find(upperCase(setting.Address)); value != fileValues->end()) {
-                return value->second;
+                return &value->second;
             }
         }
-        return std::nullopt;
+        return nullptr;
     case Against::Nothing:
         break;
     }
-    return std::nullopt;
+    return nullptr;
 }
 
 bool Differences::differs(const Setting& setting, Against against) const {
-    std::optional<std::string> value = valueOf(setting, against);
-    return value && HexToBinary(*value) != HexToBinary(setting.HexValue);
+    const std::string* value = valueOf(setting, against);
+    return value != nullptr && *value != setting.HexValue &&
+           HexToBinary(*value) != HexToBinary(setting.HexValue);
 }
 
 bool Differences::wants(const Setting& setting) const {
@@ -181,7 +182,8 @@ std::string Differences::table() const {
     for (std::size_t row : tool.table.inSight()) {
         const Setting& setting = tool.table.rows()[row];
         auto valueAgainst = [&](Against against) {
-            return valueOf(setting, against).value_or(std::string());
+            const std::string* value = valueOf(setting, against);
+            return value == nullptr ? std::string() : *value;
         };
         text += csvLine({setting.Address, setting.Name, setting.HexValue, setting.DefaultValue,
                          valueAgainst(Against::LastRead), valueAgainst(Against::File), setting.Description});

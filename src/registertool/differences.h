@@ -39,7 +39,8 @@ class Differences {
     enum class Against { Nothing, Default, LastRead, File };
 
     [[nodiscard]] bool differs(const Setting& setting, Against against) const;
-    [[nodiscard]] std::optional<std::string> valueOf(const Setting& setting, Against against) const;
+    /// nullptr where there is nothing to compare with.
+    [[nodiscard]] const std::string* valueOf(const Setting& setting, Against against) const;
     [[nodiscard]] std::size_t countOf(Against against) const;
     [[nodiscard]] Against chosen() const;
     void Show_Click();

@@ -12,6 +12,8 @@ namespace zor {
 namespace {
 
 constexpr std::size_t hexColumn = 2;
+/// Marks, address, value twice, name, eight bits, description, three flags, default.
+constexpr std::size_t columnCount = 18;
 
 std::string truthText(bool value) {
     return value ? "True" : "False";
@@ -39,7 +41,13 @@ std::vector<GridColumn> settingColumns() {
 }
 
 GridRow settingCells(const Setting& setting) {
-    GridRow cells = {{""}, {setting.Address}, {setting.HexValue}, {setting.BinaryValue}, {setting.Name}};
+    GridRow cells;
+    cells.reserve(columnCount);
+    cells.emplace_back();
+    for (const std::string* text :
+         {&setting.Address, &setting.HexValue, &setting.BinaryValue, &setting.Name}) {
+        cells.emplace_back(*text);
+    }
     std::string digits = HexToBinary(setting.HexValue);
     for (std::size_t number = setting.bit.size(); number-- > 0;) {
         bool one = digits[setting.bit.size() - 1 - number] == '1';

@@ -15,16 +15,14 @@ constexpr std::size_t byteDigits = 2;
 constexpr std::size_t highBytePlace = 3;
 constexpr std::size_t lowBytePlace = 5;
 
-std::string nibble(std::string_view hex, std::size_t position) {
+// clang-format off
+constexpr std::string_view nibbles[] = {"0000", "0001", "0010", "0011", "0100", "0101", "0110", "0111",
+                                        "1000", "1001", "1010", "1011", "1100", "1101", "1110", "1111"};
+// clang-format on
+
+std::string_view nibble(std::string_view hex, std::size_t position) {
     auto value = position < hex.size() ? readHex(hex.substr(position, 1)) : std::nullopt;
-    if (!value) {
-        return "....";
-    }
-    std::string digits;
-    for (unsigned mask = 8; mask != 0; mask >>= 1) {
-        digits += (*value & mask) != 0 ? '1' : '0';
-    }
-    return digits;
+    return value ? nibbles[*value] : "....";
 }
 
 std::string bytePart(std::string_view last15, std::size_t place) {
@@ -34,11 +32,11 @@ std::string bytePart(std::string_view last15, std::size_t place) {
 } // namespace
 
 std::string HexToBinary(std::string_view hex) {
-    return nibble(hex, 0) + nibble(hex, 1);
+    return std::string(nibble(hex, 0)).append(nibble(hex, 1));
 }
 
 std::string binaryValue(std::string_view hex) {
-    return nibble(hex, 0) + " " + nibble(hex, 1);
+    return std::string(nibble(hex, 0)).append(" ").append(nibble(hex, 1));
 }
 
 std::string twoDigits(std::string_view text) {

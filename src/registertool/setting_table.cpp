@@ -4,8 +4,8 @@
 #include "registertool/register_lines.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
-#include <unordered_map>
 
 namespace zor {
 
@@ -26,39 +26,66 @@ bool sameAddress(std::string_view a, std::string_view b) {
     return std::ranges::equal(a, b, {}, upper, upper);
 }
 
-std::string textOf(const RecordSource& source, std::string_view column) {
-    return source.value(column).value_or(std::string());
-}
-
-bool truthOf(const RecordSource& source, std::string_view column) {
-    return source.value(column) == "True";
-}
-
-Setting settingOf(const RecordSource& source) {
-    Setting setting;
-    setting.key = source.key();
-    setting.Name = textOf(source, "Name");
-    setting.Address = textOf(source, "Address");
-    setting.Description = textOf(source, "Description");
-    setting.TestReg = truthOf(source, "TestReg");
-    setting.RFReg = truthOf(source, "RFReg");
-    setting.DigitalReg = truthOf(source, "DigitalReg");
-    setting.MiscReg = truthOf(source, "MiscReg");
-    setting.R = truthOf(source, "R");
-    setting.W = truthOf(source, "W");
-    for (std::size_t number = 0; number < setting.bit.size(); ++number) {
-        setting.bit[number] = textOf(source, "bit" + std::to_string(number));
+/// A register as its row of the table has it; the columns' numbers are looked up once for all rows.
+class SettingReader {
+  public:
+    explicit SettingReader(const RecordSource& ownSource)
+        : source(ownSource) {
+        for (std::size_t number = 0; number < bit.size(); ++number) {
+            bit[number] = source.columnNumber("bit" + std::to_string(number));
+        }
     }
-    setting.DefaultValue = textOf(source, "DefaultValue");
-    setting.HexValue = textOf(source, "HexValue");
-    setting.BinaryValue = textOf(source, "BinaryValue");
-    return setting;
-}
+
+    /// Of the row at the source's place.
+    [[nodiscard]] Setting take() const {
+        Setting setting;
+        setting.key = source.key();
+        setting.Name = textOf(Name);
+        setting.Address = textOf(Address);
+        setting.Description = textOf(Description);
+        setting.TestReg = truthOf(TestReg);
+        setting.RFReg = truthOf(RFReg);
+        setting.DigitalReg = truthOf(DigitalReg);
+        setting.MiscReg = truthOf(MiscReg);
+        setting.R = truthOf(R);
+        setting.W = truthOf(W);
+        for (std::size_t number = 0; number < bit.size(); ++number) {
+            setting.bit[number] = textOf(bit[number]);
+        }
+        setting.DefaultValue = textOf(DefaultValue);
+        setting.HexValue = textOf(HexValue);
+        setting.BinaryValue = textOf(BinaryValue);
+        return setting;
+    }
+
+  private:
+    [[nodiscard]] std::string textOf(std::size_t column) const {
+        const StoredValue& value = source.value(column);
+        return value ? *value : std::string();
+    }
+    [[nodiscard]] bool truthOf(std::size_t column) const { return source.value(column) == "True"; }
+
+    const RecordSource& source;
+    std::size_t Name = source.columnNumber("Name");
+    std::size_t Address = source.columnNumber("Address");
+    std::size_t Description = source.columnNumber("Description");
+    std::size_t TestReg = source.columnNumber("TestReg");
+    std::size_t RFReg = source.columnNumber("RFReg");
+    std::size_t DigitalReg = source.columnNumber("DigitalReg");
+    std::size_t MiscReg = source.columnNumber("MiscReg");
+    std::size_t R = source.columnNumber("R");
+    std::size_t W = source.columnNumber("W");
+    std::array<std::size_t, 8> bit{};
+    std::size_t DefaultValue = source.columnNumber("DefaultValue");
+    std::size_t HexValue = source.columnNumber("HexValue");
+    std::size_t BinaryValue = source.columnNumber("BinaryValue");
+};
 
 } // namespace
 
 void SettingTable::attach(RegisterStore& store) {
-    Settings = store.select(firstShown);
+    database = &store;
+    Settings = store.select(firstShown, RegisterStore::Values::WhenAsked);
     whole = store.select(wholeTable);
     reread();
 }
@@ -66,6 +93,8 @@ void SettingTable::attach(RegisterStore& store) {
 void SettingTable::detach() {
     Settings.reset();
     whole.reset();
+    database = nullptr;
+    unstored.clear();
     settings.clear();
     shownRows.clear();
     rowsInSight.clear();
@@ -74,29 +103,46 @@ void SettingTable::detach() {
 }
 
 void SettingTable::reread() {
+    unstored.clear();
     whole->reread();
     Settings->reread();
-    settings.clear();
-    settings.reserve(whole->count());
-    for (whole->moveFirst(); !whole->pastLast(); whole->moveNext()) {
-        settings.push_back(settingOf(*whole));
-    }
-    ++generationNumber;
+    takeRows();
     takeShown();
 }
 
+void SettingTable::takeRows() {
+    settings.clear();
+    settings.reserve(whole->count());
+    SettingReader reader(*whole);
+    for (whole->moveFirst(); !whole->pastLast(); whole->moveNext()) {
+        settings.push_back(reader.take());
+    }
+    ++generationNumber;
+}
+
 void SettingTable::fill(RecordSource& registers) {
+    struct Taken {
+        std::size_t from;
+        std::size_t to;
+    };
+    std::vector<Taken> taken;
+    for (std::string_view column : takenColumns) {
+        taken.push_back({registers.columnNumber(column), whole->columnNumber(column)});
+    }
+    std::size_t defaultValue = registers.columnNumber("DefaultValue");
+    std::size_t hexColumn = whole->columnNumber("HexValue");
+    std::size_t binaryColumn = whole->columnNumber("BinaryValue");
     for (registers.moveFirst(); !registers.pastLast(); registers.moveNext()) {
         whole->addRow();
-        for (std::string_view column : takenColumns) {
-            whole->setValue(column, registers.value(column));
+        for (Taken column : taken) {
+            whole->setValue(column.to, registers.value(column.from));
         }
-        StoredValue value = registers.value("DefaultValue");
-        whole->setValue("HexValue", value);
-        whole->setValue("BinaryValue", binaryValue(value.value_or(std::string())));
+        const StoredValue& value = registers.value(defaultValue);
+        whole->setValue(hexColumn, value);
+        whole->setValue(binaryColumn, binaryValue(value.value_or(std::string())));
         whole->save();
     }
-    reread();
+    takeRows();
 }
 
 std::optional<std::size_t> SettingTable::find(std::string_view address) {
@@ -124,14 +170,8 @@ void SettingTable::storeValue(std::size_t row, const std::string& hexValue) {
     if (!attached()) {
         return;
     }
-    std::string binary = binaryValue(hexValue);
-    whole->moveTo(row);
-    whole->setValue("HexValue", hexValue);
-    whole->setValue("BinaryValue", binary);
-    whole->save();
-    settings[row].HexValue = hexValue;
-    settings[row].BinaryValue = std::move(binary);
-    stored.emit(row);
+    store(row, hexValue);
+    take(row, hexValue);
 }
 
 void SettingTable::storeRead(std::size_t row, const std::string& hexValue) {
@@ -139,6 +179,40 @@ void SettingTable::storeRead(std::size_t row, const std::string& hexValue) {
         settings[row].readValue = hexValue;
     }
     storeValue(row, hexValue);
+}
+
+void SettingTable::takeRead(std::size_t row, const std::string& hexValue) {
+    if (!attached()) {
+        return;
+    }
+    settings[row].readValue = hexValue;
+    take(row, hexValue);
+    unstored.push_back(row);
+}
+
+void SettingTable::storeTaken() {
+    if (unstored.empty()) {
+        return;
+    }
+    StoreTransaction transaction(*database);
+    for (std::size_t row : unstored) {
+        store(row, settings[row].HexValue);
+    }
+    transaction.commit();
+    unstored.clear();
+}
+
+void SettingTable::store(std::size_t row, const std::string& hexValue) {
+    whole->moveTo(row);
+    whole->setValue("HexValue", hexValue);
+    whole->setValue("BinaryValue", binaryValue(hexValue));
+    whole->save();
+}
+
+void SettingTable::take(std::size_t row, const std::string& hexValue) {
+    settings[row].HexValue = hexValue;
+    settings[row].BinaryValue = binaryValue(hexValue);
+    stored.emit(row);
 }
 
 const Setting* SettingTable::at(std::string_view address) const {
@@ -193,15 +267,13 @@ void SettingTable::rereadShown() {
 }
 
 void SettingTable::takeShown() {
-    std::unordered_map<std::int64_t, std::size_t> byKey;
-    for (std::size_t row = 0; row < settings.size(); ++row) {
-        byKey.emplace(settings[row].key, row);
-    }
     shownRows.clear();
+    shownRows.reserve(Settings->count());
     for (Settings->moveFirst(); !Settings->pastLast(); Settings->moveNext()) {
-        // A row that another program put there meanwhile is not ours.
-        if (auto row = byKey.find(Settings->key()); row != byKey.end()) {
-            shownRows.push_back(row->second);
+        // The rows are in the order of their keys. One that another program put there meanwhile is not ours.
+        auto row = std::ranges::lower_bound(settings, Settings->key(), {}, &Setting::key);
+        if (row != settings.end() && row->key == Settings->key()) {
+            shownRows.push_back(static_cast<std::size_t>(row - settings.begin()));
         }
     }
     takeWanted();

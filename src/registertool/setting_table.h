@@ -39,7 +39,8 @@ struct Setting {
 inline constexpr std::string_view allSettings = "Select * from Setting where StatusReg = False";
 
 /// The worktable of registers: all of its rows in stored order, and those of them that a query shows. Every
-/// value that is stored goes to the database at once.
+/// value that is stored goes to the database at once, but for those that a walk over the whole chip reads:
+/// they go there together.
 ///
 /// Searches move nothing of what is shown; by an address they go through the whole table.
 class SettingTable {
@@ -52,7 +53,8 @@ class SettingTable {
 
     /// Reads everything anew after the table was emptied. Throws StoreError.
     void reread();
-    /// Adds the registers of a source, each with its default value. Throws StoreError.
+    /// Adds the registers of a source, each with its default value; none of them is shown before the next
+    /// `show`. Throws StoreError.
     void fill(RecordSource& registers);
 
     [[nodiscard]] const std::vector<Setting>& rows() const { return settings; }
@@ -64,6 +66,10 @@ class SettingTable {
     void storeValue(std::size_t row, const std::string& hexValue);
     /// The same with a value that was read from the chip.
     void storeRead(std::size_t row, const std::string& hexValue);
+    /// A value that was read from the chip, kept for `storeTaken`: the table shows it, the database waits.
+    void takeRead(std::size_t row, const std::string& hexValue);
+    /// Stores what `takeRead` took, in one transaction. Throws StoreError; what was taken waits on then.
+    void storeTaken();
     /// The first register of that address; nullptr if there is none. Asks the rows, not the store.
     [[nodiscard]] const Setting* at(std::string_view address) const;
 
@@ -93,9 +99,17 @@ class SettingTable {
     Signal<> showsOthers;
 
   private:
+    /// Of every row in the database, into `settings`.
+    void takeRows();
+    void store(std::size_t row, const std::string& hexValue);
+    /// Takes a value into the row and tells of it.
+    void take(std::size_t row, const std::string& hexValue);
     void takeShown();
     void takeWanted();
 
+    RegisterStore* database = nullptr;
+    /// Rows whose values the database has yet to get.
+    std::vector<std::size_t> unstored;
     std::unique_ptr<RecordSource> whole;
     /// The record source that the product calls Settings.
     std::unique_ptr<RecordSource> Settings;

@@ -64,6 +64,7 @@ void TextFiles::saveRegisters(const std::string& query) {
         if (!name) {
             return;
         }
+        tool.table.storeTaken();
         std::string text = firstLine() + tool.Notes.text() + textLineEnd;
         std::unique_ptr<RecordSource> rows = tool.store ? tool.store->select(query) : nullptr;
         for (; rows && !rows->pastLast(); rows->moveNext()) {

@@ -57,6 +57,7 @@ void WholeTable::RefreshTable_Click() {
     // What is shown may change while a send waits; the walk keeps to its rows.
     std::vector<std::size_t> rows = tool.table.shown();
     std::size_t done = 0;
+    std::size_t read = 0;
     for (; done < rows.size() && busy.goesOn(); ++done) {
         const Setting& setting = tool.table.rows()[rows[done]];
         tool.report.at("reading " + setting.Name + ",", done + 1, rows.size());
@@ -64,10 +65,11 @@ void WholeTable::RefreshTable_Click() {
             if (!busy.send(tableReadLine(setting.Address))) {
                 break;
             }
-            tool.table.storeRead(rows[done], answeredByte(tool.bench.link.Last15));
+            takeRead(rows[done], read++ == 0);
         }
         showProgress(done + 1, rows.size());
     }
+    tool.table.storeTaken();
     busy.end();
     if (busy.sameTable()) {
         if (done == rows.size()) {
@@ -78,6 +80,16 @@ void WholeTable::RefreshTable_Click() {
     }
 }
 
+void WholeTable::takeRead(std::size_t row, bool isFirst) {
+    std::string value = answeredByte(tool.bench.link.Last15);
+    if (isFirst) {
+        // A store that fails ends the walk here, not behind its last register.
+        tool.table.storeRead(row, value);
+    } else {
+        tool.table.takeRead(row, value);
+    }
+}
+
 void WholeTable::UpdateChip_Click() {
     LongAction busy(tool);
     ProgressBar1.putValue(0);
@@ -85,6 +97,7 @@ void WholeTable::UpdateChip_Click() {
     std::string kept = tool.editor.pickedAddress();
     std::vector<Write> writes;
     if (tool.store) {
+        tool.table.storeTaken();
         auto rows = tool.store->select(allSettings);
         for (; !rows->pastLast(); rows->moveNext()) {
             std::string address = rows->value("Address").value_or(std::string());

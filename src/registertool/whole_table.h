@@ -34,6 +34,8 @@ class WholeTable {
     /// @param word  what was done to the registers: "read"
     void tellOutcome(std::size_t count, const std::string& word);
     void showProgress(std::size_t done, std::size_t total);
+    /// Takes the answer for a row of the walk.
+    void takeRead(std::size_t row, bool isFirst);
 
     SPI& tool;
 };

@@ -18,35 +18,36 @@ void bindValues(SQLite::Statement& statement, const Translation& translation);
 /// The rows of one query, held in memory; what is saved goes to the table by the row's key.
 class SqliteRecords : public RecordSource {
   public:
-    SqliteRecords(SQLite::Database& ownDatabase, std::function<void(std::string_view)> listener)
+    using RecordSource::setValue;
+    using RecordSource::value;
+
+    SqliteRecords(SQLite::Database& ownDatabase, RegisterStore::Values readsValues,
+                  std::function<void(std::string_view)> listener)
         : database(ownDatabase)
+        , reads(readsValues)
         , hear(std::move(listener)) {}
 
     void setQuery(std::string_view sql) override;
     void reread() override;
 
-    [[nodiscard]] std::size_t count() const override { return rows.size(); }
+    [[nodiscard]] std::size_t count() const override { return keys.size(); }
     void moveFirst() override { place = 0; }
     void moveNext() override;
     [[nodiscard]] std::size_t position() const override { return place; }
-    void moveTo(std::size_t position) override { place = std::min(position, rows.size()); }
-    [[nodiscard]] bool beforeFirst() const override { return rows.empty(); }
-    [[nodiscard]] bool pastLast() const override { return place >= rows.size(); }
+    void moveTo(std::size_t position) override { place = std::min(position, keys.size()); }
+    [[nodiscard]] bool beforeFirst() const override { return keys.empty(); }
+    [[nodiscard]] bool pastLast() const override { return place >= keys.size(); }
+    [[nodiscard]] std::size_t columnNumber(std::string_view column) const override;
     void find(std::string_view criterion) override;
 
-    [[nodiscard]] StoredValue value(std::string_view column) const override;
-    [[nodiscard]] StoredValue value(std::size_t column) const override;
-    [[nodiscard]] std::int64_t key() const override { return rows.at(place).key; }
+    [[nodiscard]] const StoredValue& value(std::size_t column) const override;
+    [[nodiscard]] std::int64_t key() const override { return keys.at(place); }
 
     void addRow() override;
-    void setValue(std::string_view column, StoredValue value) override;
+    void setValue(std::size_t column, StoredValue value) override;
     void save() override;
 
   private:
-    struct Row {
-        std::int64_t key = 0;
-        std::vector<StoredValue> values;
-    };
     struct Change {
         std::size_t column;
         StoredValue value;
@@ -62,17 +63,27 @@ class SqliteRecords : public RecordSource {
         ColumnKind kind = ColumnKind::Text;
     };
 
-    [[nodiscard]] std::size_t columnNumber(std::string_view column) const;
+    void read(const Translation& translation);
+    void readKeys(const Translation& translation);
     void readRows(const Translation& translation);
+    /// Reads the values of the rows that there are, if that was left until they are asked for.
+    void demandValues() const;
+    [[nodiscard]] std::size_t placeOf(std::size_t row, std::size_t column) const {
+        return row * heads.size() + column;
+    }
     SQLite::Statement& savingStatement(bool adds, const std::vector<Change>& made);
     void bindChange(SQLite::Statement& statement, int at, const Change& change) const;
 
     SQLite::Database& database;
+    RegisterStore::Values reads;
     std::function<void(std::string_view)> hear;
     std::string query;
     const Table* table = nullptr;
     std::vector<Head> heads;
-    std::vector<Row> rows;
+    std::vector<std::int64_t> keys;
+    /// Row by row, as many as there are heads; nothing yet while they wait to be asked for.
+    mutable std::vector<StoredValue> values;
+    mutable bool valuesWait = false;
     std::size_t place = 0;
     bool adding = false;
     std::vector<Change> changes;

@@ -31,6 +31,8 @@ constexpr std::pair<std::string_view, std::int64_t> truths[] = {
 };
 // clang-format on
 constexpr std::string_view storedOrder = "rowid";
+constexpr std::string_view allColumns = "SELECT rowid, *";
+constexpr std::string_view keyColumn = "SELECT rowid";
 
 bool blank(char c) {
     return c == ' ';
@@ -184,6 +186,10 @@ void translateCondition(Reader& reader, Translation& translation) {
 }
 
 } // namespace
+
+std::string keysOnly(const Translation& selection) {
+    return std::string(keyColumn) + selection.sql.substr(allColumns.size());
+}
 
 Translation translate(std::string_view text) {
     Reader reader(text);

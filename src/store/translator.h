@@ -20,6 +20,9 @@ struct Translation {
     bool selects = false;
 };
 
+/// The same rows in the same order, by their keys alone.
+[[nodiscard]] std::string keysOnly(const Translation& selection);
+
 /// Translates the texts that the product sends to its store:
 ///
 ///     delete * from TABLE
