@@ -28,7 +28,7 @@ namespace {
 const std::set<std::string> notVisited{"mnuFileExit",      "mnuSaveWorkspace", "mnuViewToolbar",
                                        "mnuHelpBrowseDoc", "mnuHelpBrowseEx",  "mnuHelpSWguide",
                                        "mnuHelp1100DS",    "mnuHelp2100DS",    "mnutoolsTerminal",
-                                       "mnutoolsEEPROM",   "mnutoolsWireLog"};
+                                       "mnutoolsEEPROM",   "mnutoolsWireLog",  "mnutoolsSniffer"};
 
 } // namespace
 

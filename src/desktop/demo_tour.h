@@ -43,6 +43,7 @@ class DemoTour {
     void visitLinks();
     void visitReceiver();
     void visitTransceiver();
+    void visitSniffer();
     void visitTestModes();
     Form* openTool(Tool tool);
     /// Ten packets of the far end come to a window that its button has armed; the seventh fades away.

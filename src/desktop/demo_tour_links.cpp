@@ -32,7 +32,18 @@ void DemoTour::visitLinks() {
     }
     visitReceiver();
     visitTransceiver();
+    visitSniffer();
     visitTestModes();
+}
+
+/// What a board with the packet monitor firmware could print.
+void DemoTour::visitSniffer() {
+    if (Form* sniffer = openTool(Tool::frm_VireoMacSniffer)) {
+        tellBoard(QStringLiteral("emit \\r\\n0C 01 02 48 45 4C 4C 4F 20 31 A7 D0\\r\\n"));
+        tellBoard(QStringLiteral("emit 0C 01 02 48 45 4C 4C 4F 20 32 A7 D1\\r\\n"));
+        settle(300ms);
+        visitForm(*sniffer);
+    }
 }
 
 void DemoTour::visitReceiver() {

@@ -26,7 +26,7 @@ class Document : public Element {
     bool chooseText(std::string_view link) override;
 
     enum class Direction { Forward, Backward };
-    /// Seeks a text from where the last one was found, round the end. @return false if it is nowhere
+    /// Seeks a text from where the last one was found to that end. @return false if it is not there
     bool seek(const std::string& text, Direction direction);
 
     std::function<void(const std::string& link)> onLink;

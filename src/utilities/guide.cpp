@@ -3,10 +3,12 @@
 
 #include "host/files.h"
 #include "support/error.h"
+#include "support/markdown.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
+#include <filesystem>
+#include <iterator>
 #include <utility>
 
 namespace zor {
@@ -17,93 +19,66 @@ constexpr const char* guideFile = "user-guide.md";
 /// In bytes; no document of ours is near so long.
 constexpr std::uintmax_t longestDocument = 4U << 20;
 
-struct SectionRow {
+struct PageRow {
     std::string_view form;
-    const char* heading;
+    const char* page;
 };
 
-constexpr const char* panels = "What the parts of a panel are";
-constexpr const char* tools = "The tools";
-constexpr const char* carrier = "A carrier from one board to another";
-constexpr const char* receivers = "Packets at a receiver";
-constexpr const char* testModes = "Factory test modes";
-constexpr const char* registers = "Registers of any chip";
-constexpr const char* alone = "A transmitter that works alone";
+constexpr const char* panel = "guide/panel.md";
+constexpr const char* carrier = "guide/carrier.md";
+constexpr const char* receivers = "guide/receiver-link.md";
+constexpr const char* testModes = "guide/test-modes.md";
+constexpr const char* registers = "guide/register-tool.md";
+constexpr const char* alone = "guide/content-editor.md";
 
-constexpr std::array sections = {
-    SectionRow{"OpalV2", panels},
-    SectionRow{"JadeV1", panels},
-    SectionRow{"KT1102", panels},
-    SectionRow{"AmberV1", panels},
-    SectionRow{"Coral", panels},
-    SectionRow{"BerylV3", panels},
-    SectionRow{"FRM_Topaz", panels},
-    SectionRow{"Help_R1", panels},
-    SectionRow{"Terminal", tools},
-    SectionRow{"frm_PowerSupply", tools},
-    SectionRow{"frm_VireoMacSniffer", tools},
-    SectionRow{"frm_TxSearch", tools},
-    SectionRow{"frm_WireLog", "What went over the wire"},
-    SectionRow{"FirmLoad", "New firmware for a board"},
-    SectionRow{"eeprom", "The EEPROM of a demonstration board"},
-    SectionRow{"ECET", alone},
-    SectionRow{"Frm_CmdSequence", alone},
-    SectionRow{"frm_Link", carrier},
-    SectionRow{"frm_Link_RX", carrier},
-    SectionRow{"AmberV1rflink", receivers},
-    SectionRow{"AmberV1rflink_LB2", receivers},
-    SectionRow{"Frm_BerylRfLinkTest", "Packets between transceivers"},
-    SectionRow{"OpalV2test", testModes},
-    SectionRow{"Frm_AmberTestFunctions", testModes},
-    SectionRow{"Frm_BerylTestFunctions", testModes},
-    SectionRow{"Frm_GenHeader", "From the bench into firmware"},
-    SectionRow{"SPI", registers},
-    SectionRow{"SPIsub2", registers},
+constexpr std::array pageRows = {
+    PageRow{"OpalV2", panel},
+    PageRow{"JadeV1", panel},
+    PageRow{"KT1102", panel},
+    PageRow{"AmberV1", panel},
+    PageRow{"Coral", panel},
+    PageRow{"BerylV3", panel},
+    PageRow{"FRM_Topaz", panel},
+    PageRow{"Help_R1", panel},
+    PageRow{"Terminal", "guide/terminal.md"},
+    PageRow{"frm_PowerSupply", "guide/power-supply.md"},
+    PageRow{"frm_VireoMacSniffer", "guide/packet-sniffer.md"},
+    PageRow{"frm_TxSearch", "guide/transmitter-search.md"},
+    PageRow{"frm_WireLog", "guide/wire-log.md"},
+    PageRow{"FirmLoad", "guide/firmware-loader.md"},
+    PageRow{"eeprom", "guide/eeprom-programmer.md"},
+    PageRow{"ECET", alone},
+    PageRow{"Frm_CmdSequence", alone},
+    PageRow{"frm_Link", carrier},
+    PageRow{"frm_Link_RX", carrier},
+    PageRow{"AmberV1rflink", receivers},
+    PageRow{"AmberV1rflink_LB2", receivers},
+    PageRow{"Frm_BerylRfLinkTest", "guide/transceiver-link.md"},
+    PageRow{"OpalV2test", testModes},
+    PageRow{"Frm_AmberTestFunctions", testModes},
+    PageRow{"Frm_BerylTestFunctions", testModes},
+    PageRow{"Frm_GenHeader", "guide/header-generator.md"},
+    PageRow{"SPI", registers},
+    PageRow{"SPIsub2", registers},
 };
 
-/// A document of ours: a plain name, so that no link leads out of the folder.
-bool isDocumentName(const std::string& file) {
-    return file.ends_with(".md") && file.find('/') == std::string::npos;
+/// A document of ours: no link leads out of the folder.
+bool isDocument(const std::string& file) {
+    return file.ends_with(".md") && !file.starts_with("..") && !file.starts_with('/');
+}
+
+/// Where a link leads that stands in a document; both are paths from the folder of documents.
+std::string linkedFrom(const std::string& document, const std::string& link) {
+    return (std::filesystem::path(document).parent_path() / link).lexically_normal().generic_string();
 }
 
 } // namespace
 
-std::string guideSection(std::string_view formName) {
-    const auto* row = std::find_if(sections.begin(), sections.end(), [formName](const SectionRow& candidate) {
+std::string guidePage(std::string_view formName) {
+    const auto* row = std::find_if(pageRows.begin(), pageRows.end(), [formName](const PageRow& candidate) {
         return candidate.form == formName;
     });
-    return row == sections.end() ? std::string() : row->heading;
-}
-
-std::vector<std::string> headingsOf(std::string_view markdown, int level) {
-    std::vector<std::string> headings;
-    std::string mark(static_cast<std::size_t>(level), '#');
-    mark += ' ';
-    bool fenced = false;
-    while (!markdown.empty()) {
-        std::string_view line = markdown.substr(0, markdown.find('\n'));
-        markdown.remove_prefix(std::min(line.size() + 1, markdown.size()));
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        fenced = fenced != line.starts_with("```");
-        if (!fenced && line.starts_with(mark)) {
-            headings.emplace_back(line.substr(mark.size()));
-        }
-    }
-    return headings;
-}
-
-std::string anchorOf(std::string_view heading) {
-    std::string anchor;
-    for (unsigned char c : heading) {
-        if (std::isalnum(c) != 0 || c == '-' || c == '_' || c >= 0x80) {
-            anchor += static_cast<char>(std::tolower(c));
-        } else if (c == ' ') {
-            anchor += '-';
-        }
-    }
-    return anchor;
+    return row == pageRows.end() ? std::string() : row->page;
 }
 
 Guide::Guide(Bench& ownBench)
@@ -117,7 +92,7 @@ Guide::Guide(Bench& ownBench)
     , Page(*this, "Page")
     , bench(ownBench) {
     setExtent({9600, 12000});
-    Contents.setTip("The sections of the document");
+    Contents.setTip("The guide's pages and their sections");
     Back.setTip("Where the last link was followed");
     Search.setTip("Text to look for; Enter finds the next place");
     FindPrevious.setTip("The place before");
@@ -131,7 +106,35 @@ Guide::Guide(Bench& ownBench)
     FindPrevious.onClick = [this] { find(Document::Direction::Backward); };
     Page.onLink = [this](const std::string& link) { follow(link); };
     Back.setEnabled(false);
-    open(guideFile);
+    readPages();
+    go({guideFile, {}});
+}
+
+/// The index and what it links to, in its order. A page that is missing is told where its link is followed.
+void Guide::readPages() {
+    std::vector<std::string> files{guideFile};
+    std::vector<std::string> entries;
+    for (std::size_t next = 0; next < files.size(); ++next) {
+        std::string text;
+        try {
+            text = readFile(bench.platform.documentFolder / files[next], longestDocument);
+        } catch (const ToolError&) {
+            continue;
+        }
+        if (next == 0) {
+            std::vector<std::string> linked = linkedDocuments(text);
+            std::copy_if(linked.begin(), linked.end(), std::back_inserter(files), isDocument);
+        }
+        pages.push_back({files[next], readableText(text)});
+        std::vector<std::string> titles = headingsOf(text, 1);
+        outline.push_back({files[next], {}});
+        entries.push_back(titles.empty() ? files[next] : titles.front());
+        for (std::string& section : headingsOf(text, 2)) {
+            outline.push_back({files[next], section});
+            entries.push_back("    " + std::move(section));
+        }
+    }
+    Contents.setEntries(std::move(entries));
 }
 
 bool Guide::open(const std::string& file) {
@@ -142,9 +145,7 @@ bool Guide::open(const std::string& file) {
         bench.notice("The document " + file + " is not in " + bench.platform.documentFolder.string() + ".");
         return false;
     }
-    Contents.setEntries(headingsOf(text, 2));
-    Contents.putPosition(-1);
-    Page.setSource(std::move(text), bench.platform.documentFolder);
+    Page.setSource(std::move(text), (bench.platform.documentFolder / file).parent_path());
     Found.setCaption({});
     shown = {file, {}};
     return true;
@@ -154,28 +155,29 @@ void Guide::go(const Spot& spot) {
     if (spot.file != shown.file && !open(spot.file)) {
         return;
     }
-    shown.heading = spot.heading;
-    Contents.putPosition(Contents.find(spot.heading));
+    shown = spot;
+    auto entry = std::find(outline.begin(), outline.end(), spot);
+    Contents.putPosition(entry == outline.end() ? -1 : static_cast<int>(entry - outline.begin()));
     Page.showHeading(spot.heading);
 }
 
 void Guide::showWindow(std::string_view formName) {
-    go({guideFile, guideSection(formName)});
+    std::string page = guidePage(formName);
+    go({page.empty() ? guideFile : page, {}});
 }
 
 void Guide::Contents_Click() {
-    shown.heading = Contents.text();
-    Page.showHeading(shown.heading);
+    if (Contents.position() >= 0) {
+        go(outline.at(static_cast<std::size_t>(Contents.position())));
+    }
 }
 
 void Guide::follow(const std::string& link) {
     std::size_t mark = link.find('#');
-    std::string file = link.substr(0, mark);
+    std::string target = link.substr(0, mark);
     std::string anchor = mark == std::string::npos ? std::string() : link.substr(mark + 1);
-    if (file.empty()) {
-        file = shown.file;
-    }
-    if (!isDocumentName(file)) {
+    std::string file = target.empty() ? shown.file : linkedFrom(shown.file, target);
+    if (!isDocument(file)) {
         bench.notice("The guide does not open " + link + ".");
         return;
     }
@@ -183,8 +185,7 @@ void Guide::follow(const std::string& link) {
     if (file != shown.file && !open(file)) {
         return;
     }
-    before.push_back(std::move(from));
-    Back.setEnabled(true);
+    comeFrom(from);
     std::string heading;
     for (int level = 1; level <= 4 && !anchor.empty(); ++level) {
         for (const std::string& candidate : headingsOf(Page.source(), level)) {
@@ -194,6 +195,11 @@ void Guide::follow(const std::string& link) {
         }
     }
     go({file, heading});
+}
+
+void Guide::comeFrom(const Spot& spot) {
+    before.push_back(spot);
+    Back.setEnabled(true);
 }
 
 void Guide::goBack() {
@@ -211,8 +217,35 @@ void Guide::find(Document::Direction direction) {
         Found.setCaption({});
         return;
     }
-    bool found = Page.seek(Search.text(), direction);
-    Found.setCaption(found ? std::string() : "Not in this document.");
+    bool found = Page.seek(Search.text(), direction) || findElsewhere(direction);
+    Found.setCaption(found ? std::string() : "Nowhere in the guide.");
+}
+
+/// On the pages behind the shown one, or before it, round the end and back to the shown one's other end.
+bool Guide::findElsewhere(Document::Direction direction) {
+    const Spot from = shown;
+    const std::string sought = readableText(Search.text());
+    const std::size_t count = pages.size();
+    auto place = std::find_if(pages.begin(), pages.end(),
+                              [&from](const PageText& page) { return page.file == from.file; });
+    // A document that is no page counts as the first.
+    std::size_t at = place == pages.end() ? 0 : static_cast<std::size_t>(place - pages.begin());
+    bool forward = direction == Document::Direction::Forward;
+    for (std::size_t step = 1; step <= count; ++step) {
+        const PageText& page = pages[(at + (forward ? step : count - step)) % count];
+        if (page.readable.find(sought) == std::string::npos) {
+            continue;
+        }
+        go({page.file, {}});
+        if (Page.seek(Search.text(), direction)) {
+            if (page.file != from.file) {
+                comeFrom(from);
+            }
+            return true;
+        }
+    }
+    go(from);
+    return false;
 }
 
 } // namespace zor

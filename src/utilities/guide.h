@@ -15,13 +15,13 @@
 
 namespace zor {
 
-/// The user guide inside the program: its text with pictures and links, its sections to choose from, and a
-/// search. The other documents that it leads to are shown here too.
+/// The user guide inside the program: its pages with pictures and links, their sections to choose from, and
+/// a search through all of them. Its pages are the documents that its index links to.
 class Guide : public Form {
   public:
     explicit Guide(Bench& ownBench);
 
-    /// Opens the guide at what it says of a window; at its beginning for one that it has no section of.
+    /// Opens the guide at a window's page; at its index for one that it has no page of.
     void showWindow(std::string_view formName);
 
     ListBox Contents;
@@ -33,32 +33,38 @@ class Guide : public Form {
     Document Page;
 
   private:
-    /// A document and a heading in it.
+    /// A document, as a path from the folder of documents, and a heading in it.
     struct Spot {
         std::string file;
         std::string heading;
+        bool operator==(const Spot&) const = default;
     };
+    /// What the search looks through.
+    struct PageText {
+        std::string file;
+        std::string readable;
+    };
+    void readPages();
     /// @return false if the file cannot be read; what was shown stays
     bool open(const std::string& file);
     void go(const Spot& spot);
     void follow(const std::string& link);
     void goBack();
+    /// Where `Back` leads.
+    void comeFrom(const Spot& spot);
     void find(Document::Direction direction);
+    bool findElsewhere(Document::Direction direction);
     void Contents_Click();
 
     Bench& bench;
+    std::vector<PageText> pages;
+    /// What each entry of `Contents` stands for.
+    std::vector<Spot> outline;
     Spot shown;
     std::vector<Spot> before;
 };
 
-/// Where the guide tells of a window, by the form's name; empty for a window that it has no section of.
-[[nodiscard]] std::string guideSection(std::string_view formName);
-
-/// The headings of a Markdown text that begin with so many number signs, in their order. Fenced code has
-/// none.
-[[nodiscard]] std::vector<std::string> headingsOf(std::string_view markdown, int level);
-
-/// A heading as a link names it: lower case, letters, digits and marks that stay; blanks become hyphens.
-[[nodiscard]] std::string anchorOf(std::string_view heading);
+/// A window's page of the guide, by the form's name; empty for a window that it has none of.
+[[nodiscard]] std::string guidePage(std::string_view formName);
 
 } // namespace zor

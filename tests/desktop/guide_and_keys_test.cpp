@@ -38,13 +38,13 @@ struct GuideProgram : Program {
         for (int line = 0; line < 80; ++line) {
             text += "Some words to fill the page, paragraph " + std::to_string(line) + ".\n\n";
         }
-        text += "## The tools\n\nA needle stands here.\n\n## When something is wrong\n\nNothing.\n";
-        for (int line = 0; line < 80; ++line) {
-            text += "More words, paragraph " + std::to_string(line) + ".\n\n";
-        }
+        text += "## The pages\n\nA needle stands here, and [the terminal](guide/terminal.md).\n";
         std::filesystem::path documents = folder.path().toStdString();
         writeFileWhole(documents / "user-guide.md", text);
         writeFileWhole(documents / "files.md", "# Files\n\n## The forms\n");
+        std::filesystem::create_directory(documents / "guide");
+        writeFileWhole(documents / "guide" / "terminal.md",
+                       "# Terminal\n\nA thimble, not a haystack.\n\n![a picture](../p.png)\n");
         QPixmap picture(2000, 500);
         picture.fill(Qt::red);
         picture.save(folder.filePath("p.png"));
@@ -73,7 +73,9 @@ TEST(GuideWindow, OpensByItsKeyAtWhatItSaysOfTheWindowInFront) {
     QCoreApplication::processEvents();
     press(program.window, Qt::Key_F1);
     ASSERT_NE(program.desk.find("frm_Guide"), nullptr);
-    EXPECT_EQ(program.top(), "The tools");
+    EXPECT_EQ(program.top(), "Terminal");
+    QVariant picture = program.page().document()->resource(QTextDocument::ImageResource, QUrl("../p.png"));
+    EXPECT_GT(picture.value<QPixmap>().width(), 100);
 }
 
 TEST(GuideWindow, ShowsItsPicturesNoWiderThanItself) {
@@ -105,7 +107,18 @@ TEST(GuideWindow, FindsATextAndFollowsALink) {
     search->setFocus();
     search->selectAll();
     QTest::keyClicks(search, "nowhere\r");
-    EXPECT_EQ(guide->Found.caption(), "Not in this document.");
+    EXPECT_EQ(guide->Found.caption(), "Nowhere in the guide.");
+    EXPECT_EQ(program.page().textCursor().block().text(), "User guide");
+    search->setFocus();
+    search->selectAll();
+    QTest::keyClicks(search, "haystack\r");
+    EXPECT_EQ(program.page().textCursor().selectedText(), "haystack");
+    EXPECT_EQ(guide->Contents.text(), "Terminal");
+    // Backwards it is found from the end of the page round to it again.
+    QTest::mouseClick(content.findChild<QPushButton*>("FindPrevious"), Qt::LeftButton);
+    EXPECT_EQ(program.page().textCursor().selectedText(), "haystack");
+    guide->Back.click();
+    QCoreApplication::processEvents();
     Q_EMIT program.page().anchorClicked(QUrl("files.md"));
     QCoreApplication::processEvents();
     EXPECT_EQ(program.top(), "Files");

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Prints a Markdown document as PDF: the guide for those who read it outside of the program. The same text
-// and pictures give the same bytes.
+// Prints a Markdown document and those that it links to as one PDF: the guide for those who read it outside
+// of the program. The same texts and pictures give the same bytes.
+#include "support/markdown.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -10,19 +12,62 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QTextBlock>
+#include <QTextBlockFormat>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QUrl>
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
 
 namespace {
 
 /// What a picture may be wide and high on an A4 page, in points of the screen.
 constexpr qreal pictureWidth = 600;
 constexpr qreal pictureHeight = 420;
+
+/// A document's text; its pictures are named by their paths from the folder of the whole.
+QString textOf(const QDir& folder, const QString& name) {
+    QFile file(folder.filePath(name));
+    if (!file.open(QIODevice::ReadOnly)) {
+        std::fprintf(stderr, "guide-pdf: %s cannot be read\n", name.toLocal8Bit().constData());
+        return {};
+    }
+    QString text = QString::fromUtf8(file.readAll());
+    static const QRegularExpression picture(QStringLiteral(R"((!\[[^\]]*\]\()([^)]+)\))"));
+    QString under = QFileInfo(name).path();
+    qsizetype from = 0;
+    for (QRegularExpressionMatch match = picture.match(text); match.hasMatch();
+         match = picture.match(text, from)) {
+        QString path = QDir::cleanPath(under + QLatin1Char('/') + match.captured(2));
+        text.replace(match.capturedStart(2), match.capturedLength(2), path);
+        from = match.capturedStart(2) + path.size();
+    }
+    return text;
+}
+
+/// The document and behind it, in the order of their first mention, those that it links to.
+QString wholeText(const QFileInfo& source) {
+    QString text = textOf(source.dir(), source.fileName());
+    for (const std::string& linked : zor::linkedDocuments(text.toStdString())) {
+        text += QLatin1Char('\n') + textOf(source.dir(), QString::fromStdString(linked));
+    }
+    return text;
+}
+
+/// Each document begins on a page of its own.
+void breakPages(QTextDocument& document) {
+    for (QTextBlock block = document.begin().next(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 1) {
+            QTextBlockFormat format = block.blockFormat();
+            format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+            QTextCursor(block).setBlockFormat(format);
+        }
+    }
+}
 
 /// Large pictures shrink to the page and keep their grain.
 void fitPictures(QTextDocument& document, const QFileInfo& source) {
@@ -83,17 +128,18 @@ int main(int argc, char** argv) {
         std::fputs("usage: guide-pdf DOCUMENT.md OUTPUT.pdf\n", stderr);
         return 2;
     }
-    QFile source(QString::fromLocal8Bit(argv[1]));
-    if (!source.open(QIODevice::ReadOnly)) {
-        std::fprintf(stderr, "guide-pdf: %s cannot be read\n", argv[1]);
+    QFileInfo source(QString::fromLocal8Bit(argv[1]));
+    QString text = wholeText(source);
+    if (text.isEmpty()) {
         return 1;
     }
     QTextDocument document;
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPointSize(9);
     document.setDefaultFont(font);
-    document.setMarkdown(QString::fromUtf8(source.readAll()), QTextDocument::MarkdownDialectGitHub);
-    fitPictures(document, QFileInfo(source));
+    document.setMarkdown(text, QTextDocument::MarkdownDialectGitHub);
+    breakPages(document);
+    fitPictures(document, source);
 
     QString output = QString::fromLocal8Bit(argv[2]);
     {

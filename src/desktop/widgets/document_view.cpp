@@ -48,16 +48,14 @@ class DocumentBrowser : public QTextBrowser {
         }
     }
 
+    /// From the cursor to that end of the text; backwards from a fresh text's end.
     bool seek(const QString& sought, Document::Direction direction) {
         bool back = direction == Document::Direction::Backward;
-        QTextDocument::FindFlags flags = back ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-        if (find(sought, flags)) {
-            return true;
-        }
-        // Round the end.
         QTextCursor kept = textCursor();
-        moveCursor(back ? QTextCursor::End : QTextCursor::Start);
-        if (find(sought, flags)) {
+        if (back && kept.atStart() && !kept.hasSelection()) {
+            moveCursor(QTextCursor::End);
+        }
+        if (find(sought, back ? QTextDocument::FindBackward : QTextDocument::FindFlags())) {
             return true;
         }
         setTextCursor(kept);
