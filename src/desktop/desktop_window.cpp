@@ -393,9 +393,9 @@ bool DesktopWindow::eventFilter(QObject* watched, QEvent* event) {
         }
         if (event->type() == QEvent::MouseButtonPress) {
             main.userClick();
-        } else if (event->type() == QEvent::MouseButtonDblClick && main.acceptsUser() && main.onDoubleClick) {
+        } else if (event->type() == QEvent::MouseButtonDblClick) {
             // The first press was told when it came.
-            main.perform(main.onDoubleClick);
+            main.userSecondClick();
         }
     }
     return QMainWindow::eventFilter(watched, event);

@@ -14,6 +14,7 @@
 #include "desktop/views/pictures.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/instrument_style.h"
+#include "elements/watched_dialogs.h"
 #include "panels/common/chip_panel.h"
 #include "shell/about.h"
 #include "shell/main_window.h"
@@ -226,6 +227,7 @@ int main(int argc, char** argv) {
     QtSerialPorts ports(loop, devices);
     LinuxUsbDriver usb(devices);
     QtDialogs dialogs;
+    WatchedDialogs watchedDialogs(dialogs);
     QtSurroundings surroundings;
     store::SqliteRegisterStores registerStores;
     ProgramFolders folders =
@@ -235,7 +237,7 @@ int main(int argc, char** argv) {
         .loop = loop,
         .ports = ports,
         .usb = usb,
-        .dialogs = dialogs,
+        .dialogs = watchedDialogs,
         .surroundings = surroundings,
         .registerStores = registerStores,
         .programFolder = folders.program,

@@ -11,7 +11,7 @@ Button::Button(Form& owner, std::string name, std::string caption)
 }
 
 bool Button::click() {
-    return act([this] {
+    return act({GestureKind::Click}, [this] {
         if (onClick) {
             onClick();
         }
@@ -20,13 +20,17 @@ bool Button::click() {
 
 bool Button::doubleClick() {
     // One action around both: what the click gave up is still there for the rest of it.
-    return act([this] {
+    return act({GestureKind::DoubleClick}, [this] {
         click();
-        act([this] {
-            if (onDoubleClick) {
-                onDoubleClick();
-            }
-        });
+        secondClick();
+    });
+}
+
+bool Button::secondClick() {
+    return act({GestureKind::SecondClick}, [this] {
+        if (onDoubleClick) {
+            onDoubleClick();
+        }
     });
 }
 

@@ -13,6 +13,8 @@ class Button : public Element {
     bool click() override;
     /// A mouse sends its click first, and so does this.
     bool doubleClick() override;
+    /// The second half of a double click whose first click was told when it came.
+    bool secondClick();
 
     /// Whether a click moves the keyboard focus to it.
     bool takesFocusOnClick = true;

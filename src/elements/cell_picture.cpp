@@ -45,7 +45,7 @@ std::string CellPicture::text() const {
 }
 
 bool CellPicture::clickCell(std::size_t cell) {
-    return act([this, cell] {
+    return act({.kind = GestureKind::ClickCell, .first = static_cast<double>(cell)}, [this, cell] {
         if (onCell && cell < cells.size()) {
             onCell(cell);
         }

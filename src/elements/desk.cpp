@@ -2,6 +2,7 @@
 #include "elements/desk.h"
 
 #include "elements/form.h"
+#include "platform/event_loop.h"
 
 #include <algorithm>
 
@@ -51,6 +52,32 @@ void Desk::leaveFront(Form& form) {
     if (wasFront && front() != nullptr) {
         front()->activated.emit();
     }
+}
+
+void Desk::carryOut(Gesture gesture, const std::function<void()>& action) {
+    ownLoop.perform([&] {
+        gesture.depth = static_cast<int>(running.size());
+        // Whoever calls the door without the loop having run since does a part of the gesture around it.
+        gesture.byUser = running.empty() || ownLoop.waiting() > running.back();
+        struct Inside {
+            std::vector<int>& gestures;
+            Inside(std::vector<int>& all, int waits)
+                : gestures(all) {
+                gestures.push_back(waits);
+            }
+            Inside(const Inside&) = delete;
+            Inside& operator=(const Inside&) = delete;
+            ~Inside() { gestures.pop_back(); }
+        } inside(running, ownLoop.waiting());
+        gestureBegins.emit(gesture);
+        try {
+            action();
+        } catch (...) {
+            gestureEnded.emit(gesture);
+            throw;
+        }
+        gestureEnded.emit(gesture);
+    });
 }
 
 void Desk::add(Form& form) {

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/gesture.h"
 #include "elements/signal.h"
 
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -37,8 +39,19 @@ class Desk {
     /// A form is being destroyed; a view lets go of it.
     Signal<Form&> removed;
 
+    /// A user's gesture was accepted and is about to run; told inside its action.
+    Signal<const Gesture&> gestureBegins;
+    /// It has run, the waits of its action included, or an error or a drop ended it. Told inside its action,
+    /// so that the window and the element are there yet, closed or not.
+    Signal<const Gesture&> gestureEnded;
+    /// A gesture runs.
+    [[nodiscard]] bool inGesture() const { return !running.empty(); }
+
   private:
+    friend class Element;
     friend class Form;
+    /// Runs a gesture that the user's door has accepted.
+    void carryOut(Gesture gesture, const std::function<void()>& action);
     void add(Form& form);
     void remove(Form& form);
     void bringToFront(Form& form);
@@ -49,6 +62,8 @@ class Desk {
     std::vector<Form*> members;
     /// The open windows inside the main window, the front one last.
     std::vector<Form*> stacked;
+    /// How deep the loop waited as each gesture that runs began, the outermost first.
+    std::vector<int> running;
 };
 
 } // namespace zor

@@ -18,7 +18,7 @@ void Document::showHeading(std::string heading) {
 }
 
 bool Document::chooseText(std::string_view link) {
-    return act([this, chosen = std::string(link)] {
+    return act({GestureKind::ChooseKey, link}, [this, chosen = std::string(link)] {
         if (onLink) {
             onLink(chosen);
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "elements/element.h"
 
+#include "elements/desk.h"
 #include "elements/form.h"
 
 #include <utility>
@@ -81,11 +82,11 @@ bool Element::focused() const {
 }
 
 bool Element::takeFocus() {
-    return act([this] { owner.setFocus(this); });
+    return act({GestureKind::TakeFocus}, [this] { owner.setFocus(this); });
 }
 
 bool Element::leave() {
-    return act([this] {
+    return act({GestureKind::Leave}, [this] {
         if (focused()) {
             owner.setFocus(nullptr);
         } else if (onLeave) {
@@ -94,12 +95,18 @@ bool Element::leave() {
     });
 }
 
-bool Element::act(const std::function<void()>& action) {
+bool Element::act(const Gesture& gesture, const std::function<void()>& action) {
     if (!usable()) {
         return false;
     }
-    owner.perform(action);
+    carryOut(gesture, action);
     return true;
+}
+
+void Element::carryOut(Gesture gesture, const std::function<void()>& action) {
+    gesture.form = &owner;
+    gesture.element = this;
+    owner.desk().carryOut(gesture, action);
 }
 
 } // namespace zor

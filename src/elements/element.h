@@ -2,6 +2,7 @@
 #pragma once
 
 #include "elements/colour.h"
+#include "elements/gesture.h"
 #include "elements/signal.h"
 
 #include <cstddef>
@@ -91,8 +92,10 @@ class Element {
     Signal<> changed;
 
   protected:
-    /// Runs a gesture's action if a user could make the gesture now.
-    bool act(const std::function<void()>& action);
+    /// Runs a gesture's action, and tells the desk's watchers of it, if a user could make the gesture now.
+    bool act(const Gesture& gesture, const std::function<void()>& action);
+    /// The same without the question whether he could.
+    void carryOut(Gesture gesture, const std::function<void()>& action);
 
   private:
     Form& owner;

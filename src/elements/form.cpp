@@ -103,62 +103,55 @@ bool Form::inFront() const {
     return ownDesk.front() == this;
 }
 
-bool Form::userActivate() {
+bool Form::act(Gesture gesture, const std::function<void()>& action) {
     if (!acceptsUser()) {
         return false;
     }
-    perform([this] { ownDesk.bringToFront(*this); });
+    gesture.form = this;
+    ownDesk.carryOut(gesture, action);
     return true;
+}
+
+bool Form::userActivate() {
+    return act({GestureKind::Activate}, [this] { ownDesk.bringToFront(*this); });
 }
 
 bool Form::userClose() {
-    if (!acceptsUser()) {
-        return false;
-    }
-    perform([this] { closeButton(); });
-    return true;
+    return act({GestureKind::Close}, [this] { closeButton(); });
 }
 
 bool Form::userClick() {
-    if (!acceptsUser()) {
-        return false;
-    }
-    perform([this] {
+    return act({GestureKind::Click}, [this] {
         if (onClick) {
             onClick();
         }
     });
-    return true;
 }
 
 bool Form::userDoubleClick() {
-    if (!acceptsUser()) {
-        return false;
-    }
     // One action around both: what the click gave up is still there for the rest of it.
-    perform([this] {
+    return act({GestureKind::DoubleClick}, [this] {
         userClick();
-        if (acceptsUser() && onDoubleClick) {
-            perform(onDoubleClick);
+        userSecondClick();
+    });
+}
+
+bool Form::userSecondClick() {
+    return act({GestureKind::SecondClick}, [this] {
+        if (onDoubleClick) {
+            onDoubleClick();
         }
     });
-    return true;
 }
 
 bool Form::userMove(Place place) {
-    if (!acceptsUser()) {
-        return false;
-    }
-    setPlace(place);
-    return true;
+    return act({.kind = GestureKind::Move, .first = place.top, .second = place.left},
+               [this, place] { setPlace(place); });
 }
 
 bool Form::userResize(Extent extent) {
-    if (!acceptsUser()) {
-        return false;
-    }
-    restoreExtent(extent);
-    return true;
+    return act({.kind = GestureKind::Resize, .first = extent.height, .second = extent.width},
+               [this, extent] { restoreExtent(extent); });
 }
 
 Element* Form::find(std::string_view elementName) const {

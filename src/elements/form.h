@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/gesture.h"
 #include "elements/signal.h"
 
 #include <functional>
@@ -92,6 +93,8 @@ class Form {
     bool userClose();
     bool userClick();
     bool userDoubleClick();
+    /// The second half of a double click whose first click was told when it came.
+    bool userSecondClick();
     bool userMove(Place place);
     bool userResize(Extent extent);
 
@@ -133,6 +136,7 @@ class Form {
 
   private:
     friend class Element;
+    bool act(Gesture gesture, const std::function<void()>& action);
     void add(Element& element);
     void remove(const Element& element);
 

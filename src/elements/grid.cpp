@@ -114,7 +114,7 @@ bool Grid::pickRow(std::size_t position) {
     if (position >= rows.size()) {
         return false;
     }
-    return act([this, position] {
+    return act({.kind = GestureKind::PickRow, .first = static_cast<double>(position)}, [this, position] {
         putPicked(position);
         if (onPick) {
             onPick();
@@ -126,7 +126,8 @@ bool Grid::editCell(std::size_t row, std::size_t column, std::string_view text) 
     if (!editable(row, column)) {
         return false;
     }
-    return act([&] {
+    Gesture gesture{GestureKind::EditCell, text, static_cast<double>(row), static_cast<double>(column)};
+    return act(gesture, [&] {
         if (pickedRow != row) {
             pickRow(row);
         }

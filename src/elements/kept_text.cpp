@@ -100,7 +100,8 @@ bool KeptText::type(std::string_view text) {
 }
 
 bool KeptText::recall(int step) {
-    return onRecall && act([&] { onRecall(step); });
+    return onRecall &&
+           act({.kind = GestureKind::Recall, .first = static_cast<double>(step)}, [&] { onRecall(step); });
 }
 
 } // namespace zor

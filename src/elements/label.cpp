@@ -17,7 +17,7 @@ void Frame::setBordered(bool border) {
 }
 
 bool Frame::click() {
-    return act([this] {
+    return act({GestureKind::Click}, [this] {
         if (onClick) {
             onClick();
         }

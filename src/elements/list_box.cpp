@@ -93,7 +93,10 @@ bool ListBox::choosePosition(int entryPosition) {
     if (isLocked || entryPosition < 0 || static_cast<std::size_t>(entryPosition) >= items.size()) {
         return false;
     }
-    return act([this, entryPosition] { select(entryPosition); });
+    // The action may change the entries.
+    std::string entry = items[static_cast<std::size_t>(entryPosition)];
+    Gesture gesture{GestureKind::ChooseEntry, entry, static_cast<double>(entryPosition)};
+    return act(gesture, [this, entryPosition] { select(entryPosition); });
 }
 
 } // namespace zor

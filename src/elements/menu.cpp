@@ -22,7 +22,7 @@ void MenuEntry::setChecked(bool checked) {
 }
 
 bool MenuEntry::click() {
-    return act([this] {
+    return act({GestureKind::Click}, [this] {
         if (onClick) {
             onClick();
         }
@@ -47,7 +47,7 @@ void BarButton::setEntries(std::vector<DropDownEntry> entries) {
 }
 
 bool BarButton::click() {
-    return act([this] {
+    return act({GestureKind::Click}, [this] {
         if (onClick) {
             onClick();
         }
@@ -60,7 +60,7 @@ bool BarButton::chooseText(std::string_view key) {
     if (entry == dropDown.end() || !entry->enabled) {
         return false;
     }
-    return act([this, chosen = entry->key] {
+    return act({GestureKind::ChooseKey, key}, [this, chosen = entry->key] {
         if (onChoose) {
             onChoose(chosen);
         }

@@ -40,7 +40,7 @@ bool Monitor::press(char key) {
     if (isLocked) {
         return false;
     }
-    return act([&] {
+    return act({GestureKind::Press, std::string_view(&key, 1)}, [&] {
         if (key == '\b') {
             takeBackLast();
         } else if (key == '\r') {

@@ -38,7 +38,7 @@ void Option::unchoose() {
 }
 
 bool Option::click() {
-    return act([this] { choose(); });
+    return act({GestureKind::Click}, [this] { choose(); });
 }
 
 } // namespace zor

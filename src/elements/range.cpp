@@ -39,11 +39,12 @@ void Slider::setValue(int newValue) {
 }
 
 bool Slider::slide(int newValue) {
-    return act([this, newValue] { setValue(newValue); });
+    return act({.kind = GestureKind::Slide, .first = static_cast<double>(newValue)},
+               [this, newValue] { setValue(newValue); });
 }
 
 bool UpDown::stepUp() {
-    return act([this] {
+    return act({GestureKind::StepUp}, [this] {
         if (onUp) {
             onUp();
         }
@@ -51,7 +52,7 @@ bool UpDown::stepUp() {
 }
 
 bool UpDown::stepDown() {
-    return act([this] {
+    return act({GestureKind::StepDown}, [this] {
         if (onDown) {
             onDown();
         }

@@ -23,7 +23,8 @@ bool TabStrip::choosePosition(int page) {
     if (page < 1 || static_cast<std::size_t>(page) > pageTitles.size()) {
         return false;
     }
-    return act([this, page] { turn(page); });
+    return act({.kind = GestureKind::TurnPage, .first = static_cast<double>(page)},
+               [this, page] { turn(page); });
 }
 
 } // namespace zor

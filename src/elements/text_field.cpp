@@ -93,7 +93,7 @@ bool TextField::edit(std::string_view text) {
     if (!writable()) {
         return false;
     }
-    form().perform([&] {
+    carryOut({GestureKind::Edit, text}, [&] {
         if (greatestLength == 0U) {
             return;
         }
@@ -115,7 +115,7 @@ bool TextField::replace(std::string_view text, std::size_t caret) {
     if (!writable()) {
         return false;
     }
-    form().perform([&] {
+    carryOut({GestureKind::Replace, text, static_cast<double>(caret)}, [&] {
         std::string held(text);
         std::size_t surplus =
             greatestLength && text.size() > *greatestLength ? text.size() - *greatestLength : 0;
@@ -135,7 +135,7 @@ bool TextField::enter() {
     if (!writable()) {
         return false;
     }
-    return act([this] {
+    return act({GestureKind::Enter}, [this] {
         if (isMultiLine) {
             insertAtCaret("\r\n");
         } else {
@@ -160,7 +160,7 @@ bool TextField::press(char key) {
         return false;
     }
     bool refused = false;
-    form().perform([&] {
+    carryOut({GestureKind::Press, std::string_view(&key, 1)}, [&] {
         // The key that unlocks a field is not typed into it.
         bool locked = isReadOnly;
         if ((onKey && onKey(key)) || locked) {
@@ -178,7 +178,7 @@ bool TextField::press(char key) {
 }
 
 bool TextField::click() {
-    return act([this] {
+    return act({GestureKind::Click}, [this] {
         if (onClick) {
             onClick();
         }
@@ -186,7 +186,7 @@ bool TextField::click() {
 }
 
 bool TextField::doubleClick() {
-    return act([this] {
+    return act({GestureKind::DoubleClick}, [this] {
         if (onClick) {
             onClick();
         }
@@ -197,7 +197,8 @@ bool TextField::doubleClick() {
 }
 
 bool TextField::placeCaret(std::size_t position) {
-    return act([this, position] { setCursor(position); });
+    return act({.kind = GestureKind::PlaceCaret, .first = static_cast<double>(position)},
+               [this, position] { setCursor(position); });
 }
 
 } // namespace zor

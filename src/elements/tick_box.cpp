@@ -32,7 +32,8 @@ bool TickBox::click() {
 }
 
 bool TickBox::tick(bool ticked) {
-    return act([this, ticked] { setTicked(ticked); });
+    return act({.kind = GestureKind::Tick, .first = ticked ? 1.0 : 0.0},
+               [this, ticked] { setTicked(ticked); });
 }
 
 } // namespace zor

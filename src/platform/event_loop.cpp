@@ -7,6 +7,7 @@
 namespace zor {
 
 void EventLoop::runUntil(const std::function<bool()>& condition) {
+    Waiting inside(*this);
     while (!condition()) {
         if (leaving()) {
             throw ActionDropped();

@@ -60,6 +60,23 @@ class EventLoop {
     [[nodiscard]] ActionId currentAction() const { return actions.empty() ? 0 : actions.back(); }
     [[nodiscard]] bool isRunning(ActionId action) const;
 
+    /// How many waits stand inside one another now.
+    [[nodiscard]] int waiting() const { return waits; }
+    /// A wait, for as long as it lives.
+    class Waiting {
+      public:
+        explicit Waiting(EventLoop& eventLoop)
+            : loop(eventLoop) {
+            ++loop.waits;
+        }
+        Waiting(const Waiting&) = delete;
+        Waiting& operator=(const Waiting&) = delete;
+        ~Waiting() { --loop.waits; }
+
+      private:
+        EventLoop& loop;
+    };
+
     /// From now on every wait ends by ActionDropped.
     void leave() { isLeaving = true; }
     [[nodiscard]] bool leaving() const { return isLeaving; }
@@ -77,6 +94,7 @@ class EventLoop {
     std::vector<std::function<void()>> discards;
     std::vector<ActionId> actions;
     ActionId lastAction = 0;
+    int waits = 0;
     bool isLeaving = false;
 };
 

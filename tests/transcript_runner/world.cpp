@@ -36,6 +36,7 @@ void World::letLinger() {
     }
     auto answered = std::make_shared<bool>(false);
     auto timer = machine.loop.startTimer(linger, EventLoop::Repeat::Once, [answered] { *answered = true; });
+    EventLoop::Waiting inside(machine.loop);
     // A program that is being left takes its boxes with it.
     while (!*answered && !machine.loop.leaving()) {
         machine.loop.runOnce();

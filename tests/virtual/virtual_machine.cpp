@@ -27,7 +27,7 @@ VirtualMachine::VirtualMachine()
     , platform{.loop = loop,
                .ports = ports,
                .usb = usb,
-               .dialogs = dialogs,
+               .dialogs = watchedDialogs,
                .surroundings = surroundings,
                .registerStores = registerStores,
                .programFolder = folder.path() / "program",

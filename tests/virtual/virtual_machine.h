@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/watched_dialogs.h"
 #include "platform/platform.h"
 #include "store/sqlite_register_store.h"
 #include "virtual/scripted_dialogs.h"
@@ -54,6 +55,8 @@ class VirtualMachine {
     VirtualPorts ports;
     VirtualUsb usb;
     ScriptedDialogs dialogs;
+    /// What the program asks through: tells of what it hands on to the scripted ones.
+    WatchedDialogs watchedDialogs{dialogs};
     VirtualSurroundings surroundings;
     store::SqliteRegisterStores registerStores;
     /// The texts that reached the store of registers, oldest first. Whoever has looked at them clears them.

@@ -28,11 +28,7 @@ bool runDoubleClick(Binding& binding) {
     if (element == nullptr || !element->onDoubleClick) {
         return false;
     }
-    binding.gesture([element] {
-        if (element->usable()) {
-            element->form().perform(element->onDoubleClick);
-        }
-    });
+    binding.gesture([element] { element->secondClick(); });
     return true;
 }
 
