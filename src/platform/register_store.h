@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,6 +23,15 @@ using StoredValue = std::optional<std::string>;
 /// A failure of the register database.
 struct StoreError : ToolError {
     using ToolError::ToolError;
+};
+
+/// What a column gets in rows that are added all at once.
+struct ColumnOrigin {
+    std::string_view column;
+    /// The other source's column.
+    std::string_view from;
+    /// Makes the value out of that column's text, empty for null; without it the value comes as it stands.
+    std::string (*made)(std::string_view text) = nullptr;
 };
 
 /// The rows that a query gives, in its order, and a place among them. Rows are read when the query is given;
@@ -71,6 +81,9 @@ class RecordSource {
         setValue(columnNumber(column), std::move(value));
     }
     virtual void save() = 0;
+    /// Adds a row for each one of another source of the same store, in its order, and reads itself anew. It
+    /// is the same as adding and saving row by row, and costs a quarter of it.
+    virtual void addRowsOf(const RecordSource& other, std::span<const ColumnOrigin> columns) = 0;
 };
 
 /// The database of registers, open. Its texts are those of the product; what the engine behind it speaks is

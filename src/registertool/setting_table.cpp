@@ -14,11 +14,28 @@ namespace {
 constexpr std::string_view wholeTable = "Select * from Setting";
 constexpr std::string_view firstShown = "Select * from Setting order by Name";
 
-/// In the order in which a register is taken over.
-constexpr std::string_view takenColumns[] = {"Name",       "Address", "Description", "TestReg",     "RFReg",
-                                             "DigitalReg", "MiscReg", "StatusReg",   "R",           "W",
-                                             "bit7",       "bit6",    "bit5",        "bit4",        "bit3",
-                                             "bit2",       "bit1",    "bit0",        "DefaultValue"};
+/// In the order in which a register is taken over; it begins with its default value.
+constexpr ColumnOrigin takenColumns[] = {{"Name", "Name"},
+                                         {"Address", "Address"},
+                                         {"Description", "Description"},
+                                         {"TestReg", "TestReg"},
+                                         {"RFReg", "RFReg"},
+                                         {"DigitalReg", "DigitalReg"},
+                                         {"MiscReg", "MiscReg"},
+                                         {"StatusReg", "StatusReg"},
+                                         {"R", "R"},
+                                         {"W", "W"},
+                                         {"bit7", "bit7"},
+                                         {"bit6", "bit6"},
+                                         {"bit5", "bit5"},
+                                         {"bit4", "bit4"},
+                                         {"bit3", "bit3"},
+                                         {"bit2", "bit2"},
+                                         {"bit1", "bit1"},
+                                         {"bit0", "bit0"},
+                                         {"DefaultValue", "DefaultValue"},
+                                         {"HexValue", "DefaultValue"},
+                                         {"BinaryValue", "DefaultValue", binaryValue}};
 
 /// Letters of hexadecimal digits count alike in either case, as they do to the store.
 bool sameAddress(std::string_view a, std::string_view b) {
@@ -120,28 +137,8 @@ void SettingTable::takeRows() {
     ++generationNumber;
 }
 
-void SettingTable::fill(RecordSource& registers) {
-    struct Taken {
-        std::size_t from;
-        std::size_t to;
-    };
-    std::vector<Taken> taken;
-    for (std::string_view column : takenColumns) {
-        taken.push_back({registers.columnNumber(column), whole->columnNumber(column)});
-    }
-    std::size_t defaultValue = registers.columnNumber("DefaultValue");
-    std::size_t hexColumn = whole->columnNumber("HexValue");
-    std::size_t binaryColumn = whole->columnNumber("BinaryValue");
-    for (registers.moveFirst(); !registers.pastLast(); registers.moveNext()) {
-        whole->addRow();
-        for (Taken column : taken) {
-            whole->setValue(column.to, registers.value(column.from));
-        }
-        const StoredValue& value = registers.value(defaultValue);
-        whole->setValue(hexColumn, value);
-        whole->setValue(binaryColumn, binaryValue(value.value_or(std::string())));
-        whole->save();
-    }
+void SettingTable::fill(const RecordSource& registers) {
+    whole->addRowsOf(registers, takenColumns);
     takeRows();
 }
 

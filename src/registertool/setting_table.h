@@ -55,7 +55,7 @@ class SettingTable {
     void reread();
     /// Adds the registers of a source, each with its default value; none of them is shown before the next
     /// `show`. Throws StoreError.
-    void fill(RecordSource& registers);
+    void fill(const RecordSource& registers);
 
     [[nodiscard]] const std::vector<Setting>& rows() const { return settings; }
     /// The number of the first row with that address. Throws StoreError.

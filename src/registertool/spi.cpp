@@ -196,7 +196,8 @@ void SPI::detachStore() {
 void SPI::openStore() {
     store = openRegisterFile(bench.platform);
     Chips = store->select("Select * from Chip");
-    Registers = store->select("Select * from Register where ChipID = 1");
+    // Its registers go from table to table inside the store.
+    Registers = store->select("Select * from Register where ChipID = 1", RegisterStore::Values::WhenAsked);
     table.attach(*store);
     fifo.attach(*store);
     {

@@ -3,8 +3,6 @@
 
 #include "store/sqlite_error.h"
 
-#include <sqlite3.h>
-
 #include <algorithm>
 #include <cassert>
 #include <unordered_map>
@@ -14,84 +12,28 @@ namespace zor::store {
 
 namespace {
 
-constexpr const char* trueText = "True";
-constexpr const char* falseText = "False";
+constexpr std::string_view trueText = "True";
+constexpr std::size_t usualRows = 128;
 
-/// A statement that is read cell by cell. The binding makes a shared object of each cell, which costs as much
-/// as all else of reading it; whole tables are read by this instead.
-class CellReader {
-  public:
-    /// Throws SQLite::Exception.
-    CellReader(SQLite::Database& ownDatabase, const std::string& sql)
-        : database(ownDatabase) {
-        demand(sqlite3_prepare_v2(database.getHandle(), sql.c_str(), static_cast<int>(sql.size()), &statement,
-                                  nullptr),
-               SQLITE_OK);
-    }
-    CellReader(const CellReader&) = delete;
-    CellReader& operator=(const CellReader&) = delete;
-    ~CellReader() { sqlite3_finalize(statement); }
+/// The function of the engine's that makes a value out of another column's.
+constexpr const char* makingFunction = "zor_made";
+constexpr const char* originKind = "ColumnOrigin";
 
-    /// The values must outlive the reading.
-    void bind(const Translation& translation) {
-        int at = 0;
-        for (const auto& value : translation.values) {
-            ++at;
-            if (const auto* number = std::get_if<std::int64_t>(&value)) {
-                demand(sqlite3_bind_int64(statement, at, *number), SQLITE_OK);
-            } else {
-                const auto& text = std::get<std::string>(value);
-                demand(sqlite3_bind_text(statement, at, text.data(), static_cast<int>(text.size()),
-                                         SQLITE_STATIC),
-                       SQLITE_OK);
-            }
-        }
-    }
-
-    bool next() {
-        int result = sqlite3_step(statement);
-        if (result == SQLITE_DONE) {
-            return false;
-        }
-        demand(result, SQLITE_ROW);
-        return true;
-    }
-
-    [[nodiscard]] int count() const { return sqlite3_column_count(statement); }
-    [[nodiscard]] std::string name(int column) const { return sqlite3_column_name(statement, column); }
-    [[nodiscard]] std::int64_t key() const { return sqlite3_column_int64(statement, 0); }
-
-    [[nodiscard]] StoredValue value(int column, ColumnKind kind) const {
-        if (sqlite3_column_type(statement, column) == SQLITE_NULL) {
-            return std::nullopt;
-        }
-        if (kind == ColumnKind::Boolean) {
-            return sqlite3_column_int64(statement, column) != 0 ? trueText : falseText;
-        }
-        // As bytes: a text ends where the engine says, not at a NUL in it.
-        const void* bytes = sqlite3_column_blob(statement, column);
-        auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement, column));
-        return std::string(static_cast<const char*>(bytes), bytes == nullptr ? 0 : length);
-    }
-
-  private:
-    void demand(int result, int wanted) const {
-        if (result != wanted) {
-            throw SQLite::Exception(database.getHandle(), result);
-        }
-    }
-
-    SQLite::Database& database;
-    sqlite3_stmt* statement = nullptr;
-};
+extern "C" void makeValue(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {
+    const auto* origin = static_cast<const ColumnOrigin*>(sqlite3_value_pointer(arguments[1], originKind));
+    const auto* bytes = static_cast<const char*>(sqlite3_value_blob(arguments[0]));
+    auto length = static_cast<std::size_t>(sqlite3_value_bytes(arguments[0]));
+    std::string made = origin->made(bytes == nullptr ? std::string_view() : std::string_view(bytes, length));
+    sqlite3_result_text(context, made.data(), static_cast<int>(made.size()), SQLITE_TRANSIENT);
+}
 
 } // namespace
 
-void bindValues(SQLite::Statement& statement, const Translation& translation) {
-    int at = 0;
-    for (const auto& value : translation.values) {
-        ++at;
-        std::visit([&](const auto& held) { statement.bind(at, held); }, value);
+void offerMaking(SQLite::Database& database) {
+    int result = sqlite3_create_function_v2(database.getHandle(), makingFunction, 2, SQLITE_UTF8, nullptr,
+                                            makeValue, nullptr, nullptr, nullptr);
+    if (result != SQLITE_OK) {
+        throw SQLite::Exception(database.getHandle(), result);
     }
 }
 
@@ -128,8 +70,7 @@ void SqliteRecords::read(const Translation& translation) {
 void SqliteRecords::readKeys(const Translation& translation) {
     std::vector<std::int64_t> newKeys;
     throughStore([&] {
-        CellReader reader(database, keysOnly(translation));
-        reader.bind(translation);
+        CellReader reader(statements, keysOnly(translation), translation.values);
         while (reader.next()) {
             newKeys.push_back(reader.key());
         }
@@ -147,15 +88,18 @@ void SqliteRecords::readRows(const Translation& translation) {
     std::vector<std::int64_t> newKeys;
     std::vector<StoredValue> newValues;
     throughStore([&] {
-        CellReader reader(database, translation.sql);
-        reader.bind(translation);
+        CellReader reader(statements, translation.sql, translation.values);
+        // The columns are those of the table as it is when the first row comes.
+        bool more = reader.next();
         // The key stands in front of the table's own columns.
         for (int at = 1; at < reader.count(); ++at) {
             std::string name = reader.name(at);
             const Column* column = translation.table->column(name);
             newHeads.push_back({std::move(name), column == nullptr ? ColumnKind::Text : column->kind});
         }
-        while (reader.next()) {
+        // Most tables have fewer rows than that, and those with more have few columns.
+        newValues.reserve(newHeads.size() * usualRows);
+        for (; more; more = reader.next()) {
             newKeys.push_back(reader.key());
             int at = 0;
             for (const Head& head : newHeads) {
@@ -169,10 +113,10 @@ void SqliteRecords::readRows(const Translation& translation) {
 }
 
 void SqliteRecords::demandValues() const {
-    if (!valuesWait) {
+    if (!valuesWait || keys.empty()) {
         return;
     }
-    SqliteRecords now(database, RegisterStore::Values::AtOnce, {});
+    SqliteRecords now(database, statements, RegisterStore::Values::AtOnce, {});
     now.readRows(translate(query));
     std::unordered_map<std::int64_t, std::size_t> rowOf;
     for (std::size_t row = 0; row < now.keys.size(); ++row) {
@@ -227,6 +171,42 @@ const StoredValue& SqliteRecords::value(std::size_t column) const {
 void SqliteRecords::addRow() {
     adding = true;
     changes.clear();
+}
+
+void SqliteRecords::addRowsOf(const RecordSource& other, std::span<const ColumnOrigin> columns) {
+    Translation taken = translate(dynamic_cast<const SqliteRecords&>(other).query);
+    auto inQuotes = [](const std::string& name) { return "\"" + name + "\""; };
+    std::string into;
+    std::string from;
+    std::vector<const ColumnOrigin*> made;
+    for (const ColumnOrigin& column : columns) {
+        const Head& head = heads[columnNumber(column.column)];
+        into += (into.empty() ? "" : ", ") + inQuotes(head.name);
+        std::string origin = inQuotes(std::string(column.from));
+        if (column.made != nullptr) {
+            made.push_back(&column);
+            origin = makingFunction + ("(" + origin + ", ?)");
+        } else if (head.kind == ColumnKind::Boolean) {
+            // Other programs have other numbers for true; queries ask for ours.
+            origin += " <> 0";
+        }
+        from += (from.empty() ? "" : ", ") + origin;
+    }
+    throughStore([&] {
+        CellReader adding(statements,
+                          "INSERT INTO " + inQuotes(std::string(table->name)) + " (" + into + ") " +
+                              theseOnly(taken, from),
+                          {});
+        int at = 0;
+        for (const ColumnOrigin* column : made) {
+            adding.bindPointer(++at, column, originKind);
+        }
+        for (const auto& value : taken.values) {
+            adding.bind(++at, value);
+        }
+        (void)adding.next();
+    });
+    read(translate(query));
 }
 
 void SqliteRecords::setValue(std::size_t column, StoredValue value) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/register_store.h"
+#include "store/cell_reader.h"
 #include "store/translator.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -13,7 +14,8 @@
 
 namespace zor::store {
 
-void bindValues(SQLite::Statement& statement, const Translation& translation);
+/// Gives a database what `addRowsOf` needs of it. Throws SQLite::Exception.
+void offerMaking(SQLite::Database& database);
 
 /// The rows of one query, held in memory; what is saved goes to the table by the row's key.
 class SqliteRecords : public RecordSource {
@@ -21,9 +23,10 @@ class SqliteRecords : public RecordSource {
     using RecordSource::setValue;
     using RecordSource::value;
 
-    SqliteRecords(SQLite::Database& ownDatabase, RegisterStore::Values readsValues,
+    SqliteRecords(SQLite::Database& ownDatabase, Statements& ownStatements, RegisterStore::Values readsValues,
                   std::function<void(std::string_view)> listener)
         : database(ownDatabase)
+        , statements(ownStatements)
         , reads(readsValues)
         , hear(std::move(listener)) {}
 
@@ -46,6 +49,7 @@ class SqliteRecords : public RecordSource {
     void addRow() override;
     void setValue(std::size_t column, StoredValue value) override;
     void save() override;
+    void addRowsOf(const RecordSource& other, std::span<const ColumnOrigin> columns) override;
 
   private:
     struct Change {
@@ -75,6 +79,7 @@ class SqliteRecords : public RecordSource {
     void bindChange(SQLite::Statement& statement, int at, const Change& change) const;
 
     SQLite::Database& database;
+    Statements& statements;
     RegisterStore::Values reads;
     std::function<void(std::string_view)> hear;
     std::string query;

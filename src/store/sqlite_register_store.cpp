@@ -31,21 +31,21 @@ class SqliteRegisterStore : public RegisterStore {
         database.exec("PRAGMA journal_mode = WAL");
         // The log is synced when it is taken over into the file, not with every row.
         database.exec("PRAGMA synchronous = NORMAL");
+        offerMaking(database);
     }
 
     void run(std::string_view sql) override {
         hear(sql);
         Translation translation = translate(sql);
         throughStore([&] {
-            SQLite::Statement statement(database, translation.sql);
-            bindValues(statement, translation);
-            statement.exec();
+            CellReader statement(statements, translation.sql, translation.values);
+            (void)statement.next();
         });
     }
 
     std::unique_ptr<RecordSource> select(std::string_view sql, Values values) override {
-        auto source =
-            std::make_unique<SqliteRecords>(database, values, [this](std::string_view text) { hear(text); });
+        auto source = std::make_unique<SqliteRecords>(database, statements, values,
+                                                      [this](std::string_view text) { hear(text); });
         source->setQuery(sql);
         return source;
     }
@@ -124,6 +124,7 @@ class SqliteRegisterStore : public RegisterStore {
 
     RegisterStores& maker;
     SQLite::Database database;
+    Statements statements{database};
 };
 
 /// A file that its owner may not write is not written, whoever runs the program.

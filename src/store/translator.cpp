@@ -32,7 +32,6 @@ constexpr std::pair<std::string_view, std::int64_t> truths[] = {
 // clang-format on
 constexpr std::string_view storedOrder = "rowid";
 constexpr std::string_view allColumns = "SELECT rowid, *";
-constexpr std::string_view keyColumn = "SELECT rowid";
 
 bool blank(char c) {
     return c == ' ';
@@ -188,7 +187,11 @@ void translateCondition(Reader& reader, Translation& translation) {
 } // namespace
 
 std::string keysOnly(const Translation& selection) {
-    return std::string(keyColumn) + selection.sql.substr(allColumns.size());
+    return theseOnly(selection, std::string(storedOrder));
+}
+
+std::string theseOnly(const Translation& selection, const std::string& expressions) {
+    return "SELECT " + expressions + selection.sql.substr(allColumns.size());
 }
 
 Translation translate(std::string_view text) {

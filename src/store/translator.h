@@ -14,7 +14,8 @@ namespace zor::store {
 /// A text of the product in the words of the engine. Its values are bound, they are in no text.
 struct Translation {
     std::string sql;
-    std::vector<std::variant<std::int64_t, std::string>> values;
+    using BoundValue = std::variant<std::int64_t, std::string>;
+    std::vector<BoundValue> values;
     const Table* table = nullptr;
     /// It gives rows; their keys stand in front of the table's columns.
     bool selects = false;
@@ -22,6 +23,8 @@ struct Translation {
 
 /// The same rows in the same order, by their keys alone.
 [[nodiscard]] std::string keysOnly(const Translation& selection);
+/// The same rows in the same order, of each these expressions in the engine's words.
+[[nodiscard]] std::string theseOnly(const Translation& selection, const std::string& expressions);
 
 /// Translates the texts that the product sends to its store:
 ///
