@@ -245,7 +245,7 @@ bool keepImage(Board& board, std::string_view text) {
 /// A fresh chip of registers, with the values of a register list's first chip if one is named.
 bool setRegisters(Board& board, std::string_view text) {
     try {
-        RegisterList list = text.empty() ? RegisterList{} : readRegisterList(readFile(std::string(text)));
+        RegisterList list = text.empty() ? RegisterList{} : readRegisterList(readFile(text));
         takeFirstChip(board.circuits().fitRegisters(), list);
         return true;
     } catch (const std::runtime_error&) {

@@ -4,6 +4,7 @@
 #include "eeprom/foreign_image.h"
 #include "host/files.h"
 #include "support/error.h"
+#include "support/file_name.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -19,7 +20,7 @@ constexpr const char* saveErrorClosing = "Please try again";
 FileRequest imageRequest(const Bench& bench, FileRequest::Mode mode, const char* title) {
     return {.mode = mode,
             .title = title,
-            .folder = std::filesystem::path(bench.link.CurrentPath) / ".." / "EEPROM_Images",
+            .folder = pathOf(bench.link.CurrentPath) / ".." / "EEPROM_Images",
             .startName = "*.asc",
             .filter = "ASCII files (*.asc)|*.asc|All files (*.*)|*.*",
             .defaultExtension = "asc",
@@ -35,7 +36,7 @@ FileRequest foreignRequest(const Bench& bench, FileRequest::Mode mode, const cha
 }
 
 std::string lowerExtension(const std::string& name) {
-    std::string extension = std::filesystem::path(name).extension().string();
+    std::string extension = nameOf(pathOf(name).extension());
     std::ranges::transform(extension, extension.begin(), [](char c) {
         return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     });
@@ -60,7 +61,7 @@ std::optional<std::string> Eeprom::chooseSaveName(const FileRequest& request) co
             *name += "." + request.defaultExtension;
         }
         std::error_code ignored;
-        if (!std::filesystem::exists(*name, ignored)) {
+        if (!std::filesystem::exists(pathOf(*name), ignored)) {
             return name;
         }
         Answer answer = bench.platform.dialogs.show(
@@ -134,7 +135,7 @@ void Eeprom::showFile() {
 }
 
 void Eeprom::setFileTitle(const std::string& name) {
-    Label7.setCaption(std::filesystem::path(name).filename().string() + " ");
+    Label7.setCaption(nameOf(pathOf(name).filename()) + " ");
 }
 
 void Eeprom::importFile() {

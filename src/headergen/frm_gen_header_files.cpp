@@ -4,6 +4,7 @@
 
 #include "host/files.h"
 #include "support/error.h"
+#include "support/file_name.h"
 
 #include <filesystem>
 
@@ -17,7 +18,7 @@ constexpr const char* extension = "h";
 constexpr const char* pattern = "*.h";
 
 std::string withExtension(const std::string& name) {
-    std::string present = std::filesystem::path(name).extension().string();
+    std::string present = nameOf(pathOf(name).extension());
     if (present == ".") {
         return name + extension;
     }
@@ -37,7 +38,7 @@ std::optional<std::string> Frm_GenHeader::chooseFile() {
     request.defaultExtension = extension;
     request.asksToReplace = false;
     std::string name = bench.platform.dialogs.chooseFile(request).name;
-    bool cancelled = name == request.startName || std::filesystem::path(name).filename() == pattern;
+    bool cancelled = name == request.startName || pathOf(name).filename() == pattern;
     return cancelled ? std::nullopt : std::optional(withExtension(name));
 }
 
@@ -72,10 +73,10 @@ void Frm_GenHeader::showSaved() {
     auto saved = bench.savedHeaders.find(deviceName);
     bool known = saved != bench.savedHeaders.end();
     PB_SaveAgain.setEnabled(known);
-    std::filesystem::path file = known ? saved->second : std::string();
-    L_Saved.setCaption(known ? "Saved as " + file.filename().string() : std::string());
-    L_Saved.setTip(file.string());
-    PB_SaveAgain.setTip(file.string());
+    std::filesystem::path file = pathOf(known ? saved->second : std::string());
+    L_Saved.setCaption(known ? "Saved as " + nameOf(file.filename()) : std::string());
+    L_Saved.setTip(nameOf(file));
+    PB_SaveAgain.setTip(nameOf(file));
 }
 
 } // namespace zor

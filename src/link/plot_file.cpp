@@ -5,6 +5,7 @@
 #include "host/files.h"
 #include "link/bench.h"
 #include "support/error.h"
+#include "support/file_name.h"
 
 namespace zor {
 
@@ -13,7 +14,7 @@ namespace {
 constexpr const char* pattern = "*.png";
 
 std::string bytesFor(const Plot& plot, const std::string& name) {
-    if (std::filesystem::path(name).has_extension() && !extensionDiffers(name, "csv")) {
+    if (pathOf(name).has_extension() && !extensionDiffers(name, "csv")) {
         return plot.csv();
     }
     std::string picture = plot.picture ? plot.picture() : std::string();

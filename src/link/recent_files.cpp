@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "link/recent_files.h"
 
+#include "support/file_name.h"
+
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
@@ -9,7 +11,7 @@
 namespace zor {
 
 std::string kindOfFile(const std::string& path) {
-    std::string extension = std::filesystem::path(path).extension().string();
+    std::string extension = nameOf(pathOf(path).extension());
     if (!extension.empty()) {
         extension.erase(0, 1);
     }
@@ -29,8 +31,8 @@ void RecentFiles::put(const std::string& path) {
 
 void RecentFiles::use(const std::string& path) {
     std::error_code unknown;
-    std::filesystem::path whole = std::filesystem::absolute(path, unknown).lexically_normal();
-    std::string name = unknown ? path : whole.string();
+    std::filesystem::path whole = std::filesystem::absolute(pathOf(path), unknown).lexically_normal();
+    std::string name = unknown ? path : nameOf(whole);
     if (!paths.empty() && paths.front() == name) {
         return;
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/dialogs.h"
 
+#include "support/file_name.h"
+
 #include <algorithm>
 #include <cctype>
 
@@ -8,7 +10,7 @@ namespace zor {
 
 bool mayReplace(Dialogs& dialogs, const std::string& name) {
     std::error_code ignored;
-    if (!std::filesystem::exists(name, ignored)) {
+    if (!std::filesystem::exists(pathOf(name), ignored)) {
         return true;
     }
     Answer answer = dialogs.show({.text = "File already exist:" + name + "\r\nDo you want to replace it?",
@@ -19,7 +21,7 @@ bool mayReplace(Dialogs& dialogs, const std::string& name) {
 }
 
 bool extensionDiffers(const std::string& name, const std::string& defaultExtension) {
-    std::string extension = std::filesystem::path(name).extension().string();
+    std::string extension = nameOf(pathOf(name).extension());
     if (extension.size() <= 1 || name.find('*') != std::string::npos) {
         return false;
     }

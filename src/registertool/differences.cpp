@@ -6,9 +6,9 @@
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 #include "support/csv.h"
+#include "support/file_name.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace zor {
 
@@ -134,7 +134,7 @@ bool Differences::chooseFile() {
             values[upperCase(entry.address)] = entry.value;
         }
         fileValues = std::move(values);
-        fileName = std::filesystem::path(*name).filename().string();
+        fileName = nameOf(pathOf(*name).filename());
         taken = true;
     });
     return taken;
@@ -160,8 +160,7 @@ void Differences::SaveListed_Click() {
              .filter = "Configuration (*.txt)|*.txt|Table (*.csv)|*.csv",
              .defaultExtension = "txt"});
         if (choice.name != listPattern) {
-            bool isTable =
-                !extensionDiffers(choice.name, "csv") && std::filesystem::path(choice.name).has_extension();
+            bool isTable = !extensionDiffers(choice.name, "csv") && pathOf(choice.name).has_extension();
             writeFileWhole(choice.name, isTable ? table() : configuration());
         }
     });

@@ -5,11 +5,11 @@
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 #include "support/csv.h"
+#include "support/file_name.h"
 #include "support/numbers.h"
 #include "support/register_table.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace zor {
 
@@ -80,8 +80,8 @@ TableFiles::TableFiles(SPI& ownTool)
 
 RegisterList TableFiles::readList(const std::string& name) const {
     RegisterStores& stores = tool.bench.platform.registerStores;
-    bool older = std::filesystem::path(name).has_extension() && !extensionDiffers(name, "mdb");
-    return older ? stores.readOlder(name) : readRegisterTable(readFile(name));
+    bool older = pathOf(name).has_extension() && !extensionDiffers(name, "mdb");
+    return older ? stores.readOlder(pathOf(name)) : readRegisterTable(readFile(name));
 }
 
 void TableFiles::Import_Click() {

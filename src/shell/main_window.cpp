@@ -6,6 +6,7 @@
 
 #include "shell/settings.h"
 #include "shell/wire_log_memory.h"
+#include "support/file_name.h"
 #include "utilities/guide.h"
 
 #include <algorithm>
@@ -189,7 +190,7 @@ void MainWindow::start() {
     show();
     FactoryClickPending = false;
     PlainCaption = title();
-    ownBench.link.CurrentPath = ownBench.platform.programFolder.string();
+    ownBench.link.CurrentPath = nameOf(ownBench.platform.programFolder);
     ownBench.link.CurrentDrive = ownBench.link.CurrentPath.substr(0, 2);
     ownBench.link.port.endStart();
     linkBar.LoadBoard.setText("not found");
@@ -242,14 +243,13 @@ void MainWindow::openFile(const std::string& path) {
         ownBench.tellFileError(error, "File open error");
     }
     std::error_code unknown;
-    if (!std::filesystem::exists(path, unknown)) {
+    if (!std::filesystem::exists(pathOf(path), unknown)) {
         ownBench.recentFiles.forget(path);
     }
 }
 
 void MainWindow::tellWaitingFile() {
-    foot.say(std::filesystem::path(waitingFile).filename().string() +
-             " will be opened once a board is chosen.");
+    foot.say(nameOf(pathOf(waitingFile).filename()) + " will be opened once a board is chosen.");
 }
 
 void MainWindow::openGuide(const std::string& window) {
@@ -265,15 +265,15 @@ void MainWindow::openDataSheet(const std::string& chip) {
     std::error_code failed;
     for (std::filesystem::directory_iterator entry(folder, failed), end; !failed && entry != end;
          entry.increment(failed)) {
-        std::string name = entry->path().filename().string();
+        std::string name = nameOf(entry->path().filename());
         if (name.starts_with(chip) && kindOfFile(name) == "pdf") {
             if (!ownBench.platform.surroundings.openDocument(entry->path())) {
-                foot.say("There is no program to open " + entry->path().string() + " with.");
+                foot.say("There is no program to open " + nameOf(entry->path()) + " with.");
             }
             return;
         }
     }
-    foot.say("Put the data sheet into " + folder.string() + " as " + chip + ".pdf.");
+    foot.say("Put the data sheet into " + nameOf(folder) + " as " + chip + ".pdf.");
 }
 
 std::filesystem::path MainWindow::documentsBesideTheProgram() const {
@@ -416,7 +416,7 @@ void MainWindow::browse(const std::string& folder, const std::string& title) {
     FileChoice choice = ownBench.platform.dialogs.chooseFile(
         {.mode = FileRequest::Mode::Load,
          .title = title,
-         .folder = std::filesystem::path(ownBench.link.CurrentPath) / ".." / folder,
+         .folder = pathOf(ownBench.link.CurrentPath) / ".." / folder,
          .startName = pattern,
          .filter = "Documentation files (*.PDF)|*.pdf|All files (*.*)|*.*",
          .defaultExtension = "pdf"});

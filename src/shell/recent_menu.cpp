@@ -2,6 +2,7 @@
 #include "shell/recent_menu.h"
 
 #include "shell/panel_table.h"
+#include "support/file_name.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -13,8 +14,8 @@ namespace {
 
 /// "&1 lab.tc (/home/me/radio)": a mark for the keyboard, the name, where it lies.
 std::string captionOf(std::size_t number, const std::string& path) {
-    std::filesystem::path file(path);
-    std::string text = file.filename().string() + " (" + file.parent_path().string() + ")";
+    std::filesystem::path file = pathOf(path);
+    std::string text = nameOf(file.filename()) + " (" + nameOf(file.parent_path()) + ")";
     std::string caption = number < 10 ? "&" + std::to_string(number) + " " : std::string();
     for (char c : text) {
         // A name's own sign is no mark.

@@ -7,6 +7,7 @@
 #include "store/sqlite_error.h"
 #include "store/sqlite_records.h"
 #include "store/translator.h"
+#include "support/file_name.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
@@ -24,7 +25,7 @@ class SqliteRegisterStore : public RegisterStore {
                         const SqliteRegisterStores::Limits& limits)
         : maker(ownMaker)
         // There is one thread: locks of the engine's own would cost a third of each reading.
-        , database(file.string(), flags | SQLite::OPEN_NOMUTEX, static_cast<int>(limits.patience.count())) {
+        , database(nameOf(file), flags | SQLite::OPEN_NOMUTEX, static_cast<int>(limits.patience.count())) {
         if (limits.pages > 0) {
             database.exec("PRAGMA max_page_count = " + std::to_string(limits.pages));
         }

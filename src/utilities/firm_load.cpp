@@ -3,6 +3,7 @@
 
 #include "host/files.h"
 #include "link/connect.h"
+#include "support/file_name.h"
 
 #include <cmath>
 #include <utility>
@@ -102,7 +103,7 @@ void FirmLoad::loadeefile_Click() {
         FileChoice choice = bench.platform.dialogs.chooseFile(
             {.mode = FileRequest::Mode::Load,
              .title = "Load EEPROM File",
-             .folder = std::filesystem::path(bench.link.CurrentPath) / ".." / "EEPROM_Images",
+             .folder = pathOf(bench.link.CurrentPath) / ".." / "EEPROM_Images",
              .startName = hexPattern,
              .filter = "HEX files (*.hex)|*.hex|All files (*.*)|*.*",
              .defaultExtension = "hex"});
@@ -117,7 +118,7 @@ void FirmLoad::loadeefile_Click() {
             throw emptyFileError();
         }
         loaded = std::move(read);
-        FileInfo.setCaption(std::filesystem::path(choice.name).filename().string() + ": " +
+        FileInfo.setCaption(nameOf(pathOf(choice.name).filename()) + ": " +
                             counted(loaded->lineCount(), "line") + ", " +
                             counted(loaded->text().size(), "byte") +
                             (loaded->losesLastLine() ? "; its last line will not be sent" : ""));

@@ -3,6 +3,7 @@
 
 #include "host/files.h"
 #include "support/error.h"
+#include "support/file_name.h"
 #include "support/markdown.h"
 
 #include <algorithm>
@@ -140,9 +141,9 @@ void Guide::readPages() {
 bool Guide::open(const std::string& file) {
     std::string text;
     try {
-        text = readFile(bench.platform.documentFolder / file, longestDocument);
+        text = readFile(bench.platform.documentFolder / pathOf(file), longestDocument);
     } catch (const ToolError&) {
-        bench.notice("The document " + file + " is not in " + bench.platform.documentFolder.string() + ".");
+        bench.notice("The document " + file + " is not in " + nameOf(bench.platform.documentFolder) + ".");
         return false;
     }
     Page.setSource(std::move(text), (bench.platform.documentFolder / file).parent_path());

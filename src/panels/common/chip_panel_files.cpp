@@ -6,9 +6,9 @@
 #include "link/connect.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
+#include "support/file_name.h"
 #include "support/numbers.h"
 
-#include <filesystem>
 #include <utility>
 
 namespace zor {
@@ -42,15 +42,15 @@ std::optional<std::string> ChipPanel::chooseFile(FileRequest::Mode mode) {
     FileRequest request;
     request.mode = mode;
     request.title = mode == FileRequest::Mode::Load ? file.loadTitle : file.saveTitle;
-    request.folder = std::filesystem::path(bench.link.CurrentPath) / ".." / "Project_Configurations";
+    request.folder = pathOf(bench.link.CurrentPath) / ".." / "Project_Configurations";
     request.startName = std::string("*.") + file.extension;
     request.filter = file.filter;
     request.defaultExtension = file.extension;
     // The same place and name again; a first save is named after the chip.
     std::string last = used.path.empty() ? bench.recentFiles.last(file.extension) : used.path;
     if (!last.empty()) {
-        request.folder = std::filesystem::path(last).parent_path();
-        request.proposal = std::filesystem::path(last).filename().string();
+        request.folder = pathOf(last).parent_path();
+        request.proposal = nameOf(pathOf(last).filename());
     } else if (mode == FileRequest::Mode::Save) {
         request.proposal = chip() + "." + file.extension;
     }
@@ -119,7 +119,7 @@ void ChipPanel::showUsedFile() {
         setDocument({});
         return;
     }
-    std::string name = std::filesystem::path(used.path).filename().string();
+    std::string name = nameOf(pathOf(used.path).filename());
     setDocument(savedConfiguration() == used.content ? name : name + " (changed)");
 }
 
