@@ -18,10 +18,9 @@ constexpr const char* storeTitle = "Register database";
 /// 2026-11-21
 std::string today() {
     std::time_t now = std::time(nullptr);
-    std::tm local{};
-    ::localtime_r(&now, &local);
+    const std::tm* local = std::localtime(&now);
     char text[16];
-    std::size_t length = std::strftime(text, sizeof text, "%Y-%m-%d", &local);
+    std::size_t length = local == nullptr ? 0 : std::strftime(text, sizeof text, "%Y-%m-%d", local);
     return {text, length};
 }
 

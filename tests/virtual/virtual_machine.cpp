@@ -3,18 +3,10 @@
 
 #include "virtual/temporary_place.h"
 
-#include <cstdlib>
-#include <stdexcept>
-
 namespace zor::testing {
 
-TemporaryFolder::TemporaryFolder() {
-    std::string pattern = (temporaryPlace() / "zor-bench-XXXXXX").string();
-    if (::mkdtemp(pattern.data()) == nullptr) {
-        throw std::runtime_error("no temporary folder can be made at " + pattern);
-    }
-    ownPath = pattern;
-}
+TemporaryFolder::TemporaryFolder()
+    : ownPath(makeTemporaryFolder(temporaryPlace(), "zor-bench-")) {}
 
 TemporaryFolder::~TemporaryFolder() {
     std::error_code ignored;

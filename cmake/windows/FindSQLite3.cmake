@@ -1,0 +1,11 @@
+# SPDX-License-Identifier: MIT
+include(${CMAKE_CURRENT_LIST_DIR}/sources.cmake)
+set(SQLite3_FOUND TRUE)
+if(TARGET SQLite::SQLite3)
+    return()
+endif()
+zor_need_source(ZOR_SQLITECPP_SOURCE sqlite3/sqlite3.c)
+enable_language(C)
+zor_foreign_library(zor_sqlite3 ${ZOR_SQLITECPP_SOURCE}/sqlite3/sqlite3.c)
+target_include_directories(zor_sqlite3 SYSTEM PUBLIC ${ZOR_SQLITECPP_SOURCE}/sqlite3)
+add_library(SQLite::SQLite3 ALIAS zor_sqlite3)

@@ -1,0 +1,12 @@
+# SPDX-License-Identifier: MIT
+include(${CMAKE_CURRENT_LIST_DIR}/sources.cmake)
+set(SQLiteCpp_FOUND TRUE)
+if(TARGET SQLiteCpp)
+    return()
+endif()
+find_package(SQLite3 REQUIRED)
+zor_need_source(ZOR_SQLITECPP_SOURCE include/SQLiteCpp/SQLiteCpp.h)
+file(GLOB sqlitecpp_sources ${ZOR_SQLITECPP_SOURCE}/src/*.cpp)
+zor_foreign_library(SQLiteCpp ${sqlitecpp_sources})
+target_include_directories(SQLiteCpp SYSTEM PUBLIC ${ZOR_SQLITECPP_SOURCE}/include)
+target_link_libraries(SQLiteCpp PUBLIC SQLite::SQLite3)
