@@ -13,6 +13,9 @@ constexpr int shortestInterval = 10;
 constexpr int greatestLoss = 300; // dB
 constexpr int greatestCrystalError = 1000;
 constexpr int lastNumber = 99'999;
+constexpr int lowestBeacon = 100'000'000; // Hz
+constexpr int highestBeacon = 1'000'000'000;
+constexpr int fastestBeacon = 1'000'000; // bit/s
 
 std::optional<int> readNumber(std::string_view text, int least, int greatest) {
     int value = 0;
@@ -37,6 +40,17 @@ bool setFarEnd(Air& air, std::size_t, std::string_view text) {
         return false;
     }
     air.farEnd()->setMode(*mode, std::chrono::milliseconds(*time));
+    return true;
+}
+
+bool setBeacon(Air& air, std::size_t, std::string_view text) {
+    auto [frequencyText, rateText] = split(text);
+    auto frequency = readNumber(frequencyText, lowestBeacon, highestBeacon);
+    auto rate = rateText.empty() ? std::nullopt : readNumber(rateText, 1, fastestBeacon);
+    if (!frequency || (!rate && !rateText.empty()) || air.farEnd() == nullptr) {
+        return false;
+    }
+    air.farEnd()->setBeacon(*frequency, rate ? std::optional<double>(*rate) : std::nullopt);
     return true;
 }
 
@@ -86,6 +100,7 @@ constexpr Statement statements[] = {
     {"loss",       "loss DB",         "path loss between any two stations, at first 60",     setLoss},
     {"crystal",    "crystal PPM",     "how far the board's crystal is off",                  setCrystal},
     {"far",        "far MODE [MS]",   "far end: silent, numbered, echo, carrier, lively; each MS", setFarEnd},
+    {"beacon",     "beacon HZ [BITS]", "far end: a carrier there, with BITS a second of data", setBeacon},
     {"farcrystal", "farcrystal PPM",  "how far the far end's crystal is off",                setFarCrystal},
     {"lose",       "lose N",          "the far end's packet of that number fades away",      loseNumber},
 };

@@ -32,6 +32,10 @@ bool inBandwidth(const Emission& emission, const Reception& reception) {
     return std::abs(emission.frequency - reception.frequency) + swing <= reception.bandwidth / 2;
 }
 
+bool ratesAgree(double sent, double expected) {
+    return std::abs(sent / expected - 1) <= rateTolerance;
+}
+
 double bitErrorRate(double power, double dataRate, double attenuation) {
     double noise = noiseDensity + noiseFigure + attenuation + 10 * std::log10(dataRate);
     double ratio = std::pow(10, (power - noise) / 10);
@@ -69,7 +73,7 @@ std::optional<std::vector<std::uint8_t>> Ether::received(const AirPacket& packet
     if (!packet.emission.dataRate || !reception.dataRate || !inBandwidth(packet.emission, reception)) {
         return std::nullopt;
     }
-    if (std::abs(*packet.emission.dataRate / *reception.dataRate - 1) > rateTolerance) {
+    if (!ratesAgree(*packet.emission.dataRate, *reception.dataRate)) {
         return std::nullopt;
     }
     double rate = bitErrorRate(packet.emission.power - loss, *reception.dataRate, reception.attenuation);

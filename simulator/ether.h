@@ -78,6 +78,8 @@ class Ether {
 
 /// The carrier and its swing lie in the listener's bandwidth.
 [[nodiscard]] bool inBandwidth(const Emission& emission, const Reception& reception);
+/// Two data rates lie so near one another that a receiver locks to the sender's, in bit/s.
+[[nodiscard]] bool ratesAgree(double sent, double expected);
 /// Chance of a wrong bit for a power at the listener, of non-coherent detection over thermal noise.
 /// @param power  dBm
 /// @param dataRate  bit/s

@@ -13,6 +13,8 @@ namespace {
 constexpr double swingOfBandwidth = 0.2;
 /// dB; nothing is left of a packet that lost so much more.
 constexpr double fade = 200;
+/// Hz to either side of a beacon, so that it fits the narrower bandwidths too.
+constexpr double beaconSwing = 30'000;
 constexpr std::size_t preambleBytes = 3;
 constexpr std::uint8_t preamble = 0xAA;
 
@@ -45,13 +47,23 @@ void FarEnd::setMode(Mode newMode, std::chrono::milliseconds newInterval) {
     number = counts ? number : 0;
 }
 
+void FarEnd::setBeacon(double frequency, std::optional<double> dataRate) {
+    setMode(Mode::beacon);
+    beacon.frequency = frequency;
+    beacon.deviation = dataRate ? beaconSwing : 0;
+    beacon.dataRate = dataRate;
+    beacon.data = dataRate.has_value();
+}
+
 std::optional<std::chrono::milliseconds> FarEnd::interval() const {
-    return ownMode == Mode::silent ? std::nullopt : std::optional(ownInterval);
+    bool acts = ownMode != Mode::silent && ownMode != Mode::beacon;
+    return acts ? std::optional(ownInterval) : std::nullopt;
 }
 
 void FarEnd::act() {
     switch (ownMode) {
     case Mode::silent:
+    case Mode::beacon:
         break;
     case Mode::numbered:
         sendNumbered();
@@ -110,6 +122,9 @@ void FarEnd::sendNumbered() {
 }
 
 std::optional<Emission> FarEnd::carrier() const {
+    if (ownMode == Mode::beacon) {
+        return beacon;
+    }
     return ownMode == Mode::carrier || ownMode == Mode::lively ? emission() : std::nullopt;
 }
 

@@ -23,6 +23,7 @@ class FarEnd : public Station {
         echo,     ///< again and again what it heard last
         carrier,  ///< a carrier whose level changes each time
         lively,   ///< the carrier, and what it heard since the last time or else a numbered packet
+        beacon,   ///< a carrier at a frequency of its own, with data all the time; see `setBeacon`
     };
 
     /// Joins the ether and stays until its end. @param nearBoard, @param space  must outlive it
@@ -31,6 +32,10 @@ class FarEnd : public Station {
 
     void setMode(Mode newMode, std::chrono::milliseconds newInterval = std::chrono::milliseconds{1000});
     [[nodiscard]] Mode mode() const { return ownMode; }
+    /// Makes it a beacon, which follows nobody's tuning.
+    /// @param frequency  Hz, as its own crystal has it
+    /// @param dataRate  bit/s; nothing for a bare carrier
+    void setBeacon(double frequency, std::optional<double> dataRate);
     /// How long from one `act` to the next; nothing while it has nothing to do.
     [[nodiscard]] std::optional<std::chrono::milliseconds> interval() const;
     void act();
@@ -63,9 +68,10 @@ class FarEnd : public Station {
     int heard = 0;
     std::set<int> fading;
     std::vector<std::uint8_t> last;
+    Emission beacon;
 };
 
-/// "silent", "numbered", "echo", "carrier", "lively".
+/// "silent", "numbered", "echo", "carrier", "lively"; a beacon needs more than its name.
 [[nodiscard]] std::optional<FarEnd::Mode> farEndMode(std::string_view name);
 
 } // namespace zor::sim

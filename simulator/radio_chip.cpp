@@ -16,9 +16,14 @@ constexpr std::uint8_t levelReached = 0x80;
 constexpr std::uint8_t fifoOverflow = 0x20;
 constexpr std::uint8_t fifoEmpty = 0x02;
 
-/// DRSSI in the first status byte.
-constexpr std::uint8_t transceiverSignal = 0x01;
-constexpr std::uint8_t receiverSignal = 0x04;
+/// What the two status bytes tell of the air, the first byte in the high half.
+struct AirBits {
+    std::uint16_t signal; // DRSSI
+    std::uint16_t data;   // DQD
+    std::uint16_t clock;  // CRL
+};
+constexpr AirBits transceiverBits = {0x0100, 0x0080, 0x0040};
+constexpr AirBits receiverBits = {0x0400, 0x0200, 0x0100};
 
 constexpr std::uint8_t transmitterStatusCommand = 0xCC;
 
@@ -119,8 +124,11 @@ std::array<std::uint8_t, 2> RadioChip::status() const {
     auto bytes = benchStatus;
     if (listen && mounted && !isTransmitter(*mounted)) {
         AirSense sense = listen();
-        std::uint8_t level = isTransceiver(*mounted) ? transceiverSignal : receiverSignal;
-        bytes[0] = static_cast<std::uint8_t>(bytes[0] | (sense.signal ? level : 0));
+        const AirBits& own = isTransceiver(*mounted) ? transceiverBits : receiverBits;
+        unsigned found = (sense.signal ? own.signal : 0U) | (sense.data ? own.data : 0U) |
+                         (sense.clockLocked ? own.clock : 0U);
+        bytes[0] = static_cast<std::uint8_t>(bytes[0] | found >> 8);
+        bytes[1] = static_cast<std::uint8_t>(bytes[1] | (found & 0xFF));
         if (sense.offsetSteps) {
             bytes[1] = withOffset(bytes[1], *sense.offsetSteps);
         }

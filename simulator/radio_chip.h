@@ -21,6 +21,10 @@ struct AirSense {
     bool signal = false;
     /// How far the signal lies off, in steps of the band.
     std::optional<int> offsetSteps = std::nullopt;
+    /// It carries data, whatever their rate.
+    bool data = false;
+    /// The clock of the data has been recovered: they come at the rate that it was told.
+    bool clockLocked = false;
 };
 
 /// The radio chip on the board's serial bus: latched command words, status bytes, and on the transceivers a

@@ -62,7 +62,11 @@ RadioStation::~RadioStation() {
 }
 
 std::optional<Emission> RadioStation::carrier() const {
-    return carrierOn(board.radio()) ? emissionOf(board.radio(), crystalError) : std::nullopt;
+    auto emission = carrierOn(board.radio()) ? emissionOf(board.radio(), crystalError) : std::nullopt;
+    if (emission) {
+        emission->data = board.modulation() == Modulation::pseudoRandom && emission->dataRate;
+    }
+    return emission;
 }
 
 bool RadioStation::level() {
@@ -98,8 +102,12 @@ AirSense RadioStation::sense() const {
     if (!heard) {
         return {.signal = false, .offsetSteps = settings ? packetOffset : std::nullopt};
     }
+    const Emission& sender = heard->emission;
     return {.signal = heard->power >= settings->threshold + settings->attenuation,
-            .offsetSteps = static_cast<int>(std::lround(heard->offset / settings->offsetStep))};
+            .offsetSteps = static_cast<int>(std::lround(heard->offset / settings->offsetStep)),
+            .data = sender.data,
+            .clockLocked = sender.data && settings->recoversClock && sender.dataRate && settings->dataRate &&
+                           ratesAgree(*sender.dataRate, *settings->dataRate)};
 }
 
 void RadioStation::send(const std::vector<std::uint8_t>& bytes) {

@@ -83,6 +83,15 @@ std::optional<double> dataRateOf(const RadioChip& chip) {
     return prescaler && (*latched & 0x80) != 0 ? rate / 8 : rate;
 }
 
+/// The digital filter is 1 of two bits, and on the KT2102 the 0 of one. A chip wakes up with it.
+bool recoversClock(const RadioChip& chip) {
+    auto latched = chip.latched(WordRole::dataFilter);
+    if (!latched) {
+        return true;
+    }
+    return *chip.chip() == Chip::KT2102 ? (*latched & 0x10) == 0 : (*latched >> 3 & 3) == 1;
+}
+
 Emission transmitterEmission(const RadioChip& chip) {
     unsigned configuration = word(chip, WordRole::configuration);
     Emission emission;
@@ -174,6 +183,7 @@ std::optional<Reception> receptionOf(const RadioChip& chip, double ppm) {
     reception.frequency = *frequency;
     reception.offsetStep = bandOf(chip).step;
     reception.dataRate = dataRateOf(chip);
+    reception.recoversClock = recoversClock(chip);
     return reception;
 }
 

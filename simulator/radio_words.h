@@ -20,6 +20,8 @@ struct Emission {
     bool onOff = false;
     double power = 0;               // dBm
     std::optional<double> dataRate; // bit/s; nothing on a chip that has no clock for its data
+    /// Bits follow one another at that rate all the time, for a clock to be recovered from.
+    bool data = false;
 };
 
 /// What a chip listens with.
@@ -30,6 +32,8 @@ struct Reception {
     double threshold = 0;           // dBm at full gain, where DRSSI answers
     double offsetStep = 0;          // Hz of one step of the frequency offset
     std::optional<double> dataRate; // bit/s
+    /// Its data filter is the digital one, which alone recovers a clock.
+    bool recoversClock = true;
     /// Its FIFO takes bytes: it is on and its fill is enabled.
     bool fills = false;
     /// What has to come before the fill begins; empty for a fill that begins with the carrier.

@@ -33,6 +33,12 @@ TEST(AirControl, SetsWhatIsOnTheAir) {
     EXPECT_EQ(air.farEnd()->interval(), std::chrono::milliseconds(250));
     EXPECT_EQ(say(air, "far carrier"), ControlOutcome::done);
     EXPECT_EQ(air.farEnd()->interval(), std::chrono::milliseconds(1000));
+    EXPECT_EQ(say(air, "beacon 433920000 9600"), ControlOutcome::done);
+    EXPECT_EQ(air.farEnd()->interval(), std::nullopt) << "a beacon has nothing to do";
+    EXPECT_EQ(air.farEnd()->carrier()->frequency, 433.92e6);
+    EXPECT_EQ(air.farEnd()->carrier()->dataRate, 9600);
+    EXPECT_EQ(say(air, "beacon 433920000"), ControlOutcome::done);
+    EXPECT_EQ(air.farEnd()->carrier()->dataRate, std::nullopt);
     EXPECT_EQ(say(air, "farcrystal 30"), ControlOutcome::done);
     EXPECT_EQ(say(air, "lose 3"), ControlOutcome::done);
 }
@@ -46,14 +52,16 @@ TEST(AirControl, RefusesWhatItCannotRead) {
         EXPECT_EQ(say(air, statement), ControlOutcome::failed) << statement;
     }
     air.addFarEnd();
-    for (const char* statement : {"far", "far loud", "far echo 5", "far echo x", "lose 0", "farcrystal"}) {
+    for (const char* statement : {"far", "far loud", "far echo 5", "far echo x", "lose 0", "farcrystal",
+                                  "beacon", "beacon 5", "beacon 433920000 0", "beacon 433920000 9x"}) {
         EXPECT_EQ(say(air, statement), ControlOutcome::failed) << statement;
     }
     EXPECT_FALSE(airControl(air, 0, "status 5F")) << "not about the air";
 }
 
 TEST(AirControl, HelpNamesEveryStatement) {
-    for (const char* form : {"loss DB", "crystal PPM", "far MODE [MS]", "farcrystal PPM", "lose N"}) {
+    for (const char* form :
+         {"loss DB", "crystal PPM", "far MODE [MS]", "farcrystal PPM", "lose N", "beacon HZ [BITS]"}) {
         EXPECT_THAT(airControlHelp(), testing::HasSubstr(form));
     }
 }

@@ -317,4 +317,50 @@ TEST(FarEnd, ItsCarrierMovesTheDataLine) {
     EXPECT_EQ(farEndMode("loud"), std::nullopt);
 }
 
+TEST(Ether, ABeaconsDataAndClockReachTheStatus) {
+    struct Row {
+        const char* what;
+        std::initializer_list<const char*> words;
+        const char* first;
+        const char* second;
+    };
+    // Bits of the second byte: DQD, CRL, and five of offset; of the first: FIFO empty, and DRSSI.
+    const Row rows[] = {
+        {"its rate", {}, "03", "C0"},
+        {"two steps beside", {"S2A7CE"}, "03", "C2"},
+        {"another rate", {"S2C624"}, "03", "80"},
+        {"without the digital filter", {"S2C23C"}, "03", "80"},
+        {"receiver off", {"S28208"}, "00", "00"},
+    };
+    for (const Row& row : rows) {
+        Air air;
+        Air::receive(air.b);
+        FarEnd far(air.b.board, air.ether);
+        far.setBeacon(315e6, 9579);
+        Air::lines(air.b, row.words);
+        air.b.ask("H2");
+        air.b.ask("L2");
+        air.b.ask("L0");
+        EXPECT_EQ(at(air.b.ask("RS"), 15, 6, 2), row.first) << row.what;
+        EXPECT_EQ(at(air.b.ask("RS"), 15, 6, 2), row.second) << row.what;
+    }
+}
+
+TEST(Ether, AReceiverTellsABeaconsClockInItsFirstByte) {
+    Air air;
+    air.b.board.setChip(Chip::KT2100);
+    Air::lines(air.b, {"S2893A", "S2A7D0", "S2C0C1", "S2C823", "S2CE85"});
+    FarEnd far(air.b.board, air.ether);
+    far.setBeacon(435e6, 9579);
+    auto first = [&air] {
+        Air::lines(air.b, {"H2", "L2", "L0"});
+        return at(air.b.ask("RS"), 15, 6, 2);
+    };
+    EXPECT_EQ(first(), "07");
+    far.setBeacon(435e6, std::nullopt);
+    EXPECT_EQ(first(), "04") << "a bare carrier has no data";
+    far.setMode(FarEnd::Mode::silent);
+    EXPECT_EQ(first(), "00");
+}
+
 } // namespace zor::sim
