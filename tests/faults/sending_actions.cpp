@@ -146,6 +146,36 @@ void addEepromActions(std::vector<SendingAction>& all) {
     add("Eeprom_Update", &Eeprom::Command1, 1000ms, "");
 }
 
+/// A search over a few points, let go on for a while and then ended.
+void addSearchActions(std::vector<SendingAction>& all) {
+    using namespace std::chrono_literals;
+    auto add = [&](const char* name, MenuEntry MainMenu::*panel, std::chrono::milliseconds time,
+                   void (*end)(Form & window)) {
+        auto act = [time, end](VirtualBench& bench) {
+            auto find = [&bench] { return bench.desk.find("frm_TxSearch"); };
+            if (find() == nullptr) {
+                return;
+            }
+            find()->find("CHK_Search")->tick(true);
+            find()->find("SpanTo")->type("1");
+            find()->find("PB_START")->click();
+            bench.run(time);
+            if (Form* window = find()) {
+                end(*window);
+            }
+        };
+        all.push_back({name, "frm_TxSearch", nullptr, act, lb2, panel});
+    };
+    auto nothing = [](Form&) {};
+    auto stop = [](Form& window) { window.find("PB_STOP")->click(); };
+    auto fold = [](Form& window) { window.find("CHK_Search")->tick(false); };
+    auto close = [](Form& window) { window.userClose(); };
+    add("Search_ToItsEnd", &MainMenu::mnuViewTRx, 3000ms, nothing);
+    add("Search_Stopped", &MainMenu::mnuViewRx, 110ms, stop);
+    add("Search_Folded", &MainMenu::mnuViewTRx, 75ms, fold);
+    add("Search_Closed", &MainMenu::mnuViewTRx, 90ms, close);
+}
+
 void addLinkTestActions(std::vector<SendingAction>& all) {
     constexpr auto panel = &MainMenu::mnuViewTRx;
     auto add = [&](const char* what, std::function<void(VirtualBench&)> act) {
@@ -301,6 +331,7 @@ std::vector<SendingAction> sendingActions() {
         }
     }
     addRegisterActions(all);
+    addSearchActions(all);
     all.push_back({"Supply_Voltage", "frm_PowerSupply", nullptr, clicking("frm_PowerSupply", "PB_Voltage")});
     all.push_back({"Supply_Current", "frm_PowerSupply", nullptr, clicking("frm_PowerSupply", "PB_Current")});
     all.push_back({"Supply_Continuous", "frm_PowerSupply", nullptr, [](VirtualBench& bench) {
