@@ -23,6 +23,14 @@ std::optional<std::size_t> Grid::column(std::string_view caption) const {
     return static_cast<std::size_t>(place - ownColumns.begin());
 }
 
+void Grid::setColumnWidth(std::size_t column, int characters) {
+    constexpr int widest = 500;
+    int width = std::clamp(characters, 1, widest);
+    if (std::exchange(ownColumns.at(column).characters, width) != width) {
+        columnsChanged.emit();
+    }
+}
+
 void Grid::fit(GridRow& cells) const {
     assert(cells.size() <= ownColumns.size() && "a row has more cells than the grid has columns");
     cells.resize(ownColumns.size());

@@ -40,7 +40,7 @@ struct GridColumn {
 
     std::string caption;
     Access access = Access::ReadOnly;
-    /// What a view gives it at first, in characters of its font.
+    /// How wide a view makes it, in characters of its font.
     int characters = 8;
     /// Digits and codes, in the fixed-pitch font.
     bool fixedPitch = false;
@@ -76,6 +76,8 @@ class Grid : public Element {
     [[nodiscard]] const std::vector<GridColumn>& columns() const { return ownColumns; }
     /// The first column of that caption.
     [[nodiscard]] std::optional<std::size_t> column(std::string_view caption) const;
+    /// Makes a column wider or narrower; beyond what a screen has it is taken as that.
+    void setColumnWidth(std::size_t column, int characters);
     [[nodiscard]] std::size_t rowCount() const { return rows.size(); }
     [[nodiscard]] const GridRow& row(std::size_t position) const { return rows.at(position); }
     [[nodiscard]] const GridCell& cell(std::size_t row, std::size_t column) const {
@@ -106,6 +108,8 @@ class Grid : public Element {
     std::function<void(std::size_t row, std::size_t column, const std::string& text)> onCellEdit;
 
     Signal<const GridChange&> rowsChanged;
+    /// A column is wider or narrower than it was.
+    Signal<> columnsChanged;
     /// Another row is picked, or none.
     Signal<> pickChanged;
 

@@ -47,6 +47,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , tools(ownBench)
     , registry(ownBench, menu, {TX, RX, TRX, EE})
     , workspace(ownBench)
+    , columnMemory(ownBench)
     , FactoryModeTimer(platform.loop, [this] { FactoryModeTimer_Timer(); }) {
     setExtent(startExtent);
     ownBench.connect = &channel;

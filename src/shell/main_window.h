@@ -15,6 +15,7 @@
 #include "link/port_search.h"
 #include "link/reconnect.h"
 #include "link/wire_recorder.h"
+#include "shell/column_memory.h"
 #include "shell/foot_line.h"
 #include "shell/main_menu.h"
 #include "shell/panel_registry.h"
@@ -120,6 +121,7 @@ class MainWindow : public Form {
     ToolWindows tools;
     PanelRegistry registry;
     Workspace workspace;
+    ColumnMemory columnMemory;
     Timer FactoryModeTimer;
     bool FactoryClickPending = false;
     std::string PlainCaption;

@@ -4,6 +4,8 @@
 #include "host/files.h"
 #include "support/record_file.h"
 
+#include <locale>
+#include <sstream>
 #include <utility>
 
 namespace zor {
@@ -16,6 +18,7 @@ constexpr const char* recentName = "ZOR-recent.ini";
 constexpr std::string_view recentBanner = "# ZOR recent files version 1";
 constexpr std::string_view ownBanner = "# ZOR more settings version 1";
 constexpr std::string_view wireLogPlace = "WireLogPlace ";
+constexpr std::string_view columnsOf = "Columns ";
 constexpr std::string_view iniBanner = "# ZOR ini file version 2.2.0";
 
 } // namespace
@@ -73,6 +76,23 @@ std::string formatPreferences(const StoredPreferences& preferences) {
     return writer.bytes();
 }
 
+namespace {
+
+/// "SPI.SettingsDataGrid 2 4 3 9"
+void takeColumns(const std::string& line, OwnPreferences& preferences) {
+    std::istringstream words(line);
+    words.imbue(std::locale::classic());
+    std::string grid;
+    words >> grid;
+    std::vector<int>& widths = preferences.columns[grid];
+    widths.clear();
+    for (int width = 0; words >> width;) {
+        widths.push_back(width);
+    }
+}
+
+} // namespace
+
 OwnPreferences readOwnPreferences(const Platform& platform) {
     OwnPreferences preferences;
     try {
@@ -83,6 +103,8 @@ OwnPreferences readOwnPreferences(const Platform& platform) {
                 std::string line = reader.text();
                 if (line.starts_with(wireLogPlace)) {
                     preferences.wireLogPlace = line.substr(wireLogPlace.size());
+                } else if (line.starts_with(columnsOf)) {
+                    takeColumns(line.substr(columnsOf.size()), preferences);
                 }
             }
         }
@@ -101,6 +123,13 @@ void writeOwnPreferences(const Platform& platform, const OwnPreferences& prefere
     writer.boolean(preferences.reconnectByItself);
     if (preferences.wireLogPlace != OwnPreferences().wireLogPlace) {
         writer.text(std::string(wireLogPlace) + preferences.wireLogPlace);
+    }
+    for (const auto& [grid, widths] : preferences.columns) {
+        std::string line = std::string(columnsOf) + grid;
+        for (int width : widths) {
+            line += " " + std::to_string(width);
+        }
+        writer.text(line);
     }
     writeFileWhole(settingsFileToWrite(platform, ownName), writer.bytes());
 }

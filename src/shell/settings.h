@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,9 @@ struct OwnPreferences {
     bool reconnectByItself = false;
     /// An entry of the wire log's own list.
     std::string wireLogPlace = "Window";
+    /// Grids whose columns the user has made wider or narrower, as "WINDOW.GRID", and the widths of all their
+    /// columns in characters.
+    std::map<std::string, std::vector<int>> columns;
     friend bool operator==(const OwnPreferences&, const OwnPreferences&) = default;
 };
 /// The defaults for a file that is missing or cannot be read: nothing but comfort is lost.

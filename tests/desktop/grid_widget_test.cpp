@@ -8,6 +8,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
@@ -51,6 +52,19 @@ TEST_F(GridWidget, ShowsTheGridUnderItsName) {
     EXPECT_EQ(table.model()->rowCount(), 4);
     EXPECT_EQ(shown(2, 1), "h02");
     EXPECT_EQ(table.model()->headerData(1, Qt::Horizontal).toString(), "Hex");
+}
+
+TEST_F(GridWidget, AColumnThatIsDraggedIsTheElementsOwnAndBack) {
+    int before = table.columnWidth(0);
+    int wanted = grid.columns()[0].characters + 6;
+    grid.setColumnWidth(0, wanted);
+    int wide = table.columnWidth(0);
+    EXPECT_GT(wide, before);
+    table.horizontalHeader()->resizeSection(0, before);
+    EXPECT_EQ(grid.columns()[0].characters, wanted - 6);
+    EXPECT_EQ(table.columnWidth(0), before);
+    table.horizontalHeader()->resizeSection(0, wide);
+    EXPECT_EQ(grid.columns()[0].characters, wanted);
 }
 
 TEST_F(GridWidget, FollowsEveryChangeOfRows) {

@@ -280,6 +280,29 @@ void addScriptActions(std::vector<SendingAction>& all) {
     add("Registers_MacroThatLoops", "#FIFO_WRITE\r\n", 200ms);
 }
 
+/// With a search and a view of differences in force: rows come into sight and leave it while the run goes on.
+void addNarrowedActions(std::vector<SendingAction>& all) {
+    for (const char* button : {"RefreshTable", "UpdateChip", "Defaults", "Send"}) {
+        all.push_back(
+            {"Registers_Narrowed_" + std::string(button), "SPI", nullptr, [button](VirtualBench& bench) {
+                 SPI* tool = registerTool(bench);
+                 if (tool == nullptr) {
+                     return;
+                 }
+                 tool->search.Search.edit("0");
+                 tool->differences.Show.choosePosition(1);
+                 // In the middle of the run the user looks for something else.
+                 bench.after(std::chrono::milliseconds(20), [&bench] {
+                     if (auto* open = dynamic_cast<SPI*>(bench.desk.find("SPI"))) {
+                         open->search.Search.edit("");
+                         open->differences.Show.choosePosition(2);
+                     }
+                 });
+                 tool->find(button)->click();
+             }});
+    }
+}
+
 void addRegisterActions(std::vector<SendingAction>& all) {
     for (const char* button : {"Read", "Send", "M_Read(0)", "M_Send(0)", "StatusRead", "RefreshTable",
                                "UpdateChip", "Defaults", "WriteTXff", "ReadRXff", "PB_Voltage"}) {
@@ -305,6 +328,7 @@ void addRegisterActions(std::vector<SendingAction>& all) {
                            bench.dialogs.files.clear();
                        }
                    }});
+    addNarrowedActions(all);
     addScriptActions(all);
     all.push_back(
         {"Registers_Everything_at_once", "SPI", nullptr, [](VirtualBench& bench) {

@@ -16,6 +16,8 @@ namespace {
 
 constexpr int leastRows = 3;
 constexpr int captionSpace = 5;
+/// Beside a column's characters, in pixels.
+constexpr int columnRoom = 8;
 
 /// A picked row's texts keep their own inks: a sign stays a sign.
 class KeepsInk : public QStyledItemDelegate {
@@ -63,6 +65,9 @@ class GridView : public QTableView {
         binding->follow(element.pickChanged, [this] { showPicked(); });
         binding->onDraw([this] { showPicked(); });
         fitColumns();
+        binding->follow(element.columnsChanged, [this] { fitColumns(); });
+        connect(horizontalHeader(), &QHeaderView::sectionResized, binding,
+                [this](int column, int, int width) { takeWidth(column, width); });
         tintPicked();
     }
 
@@ -91,10 +96,27 @@ class GridView : public QTableView {
         return horizontalHeader()->sizeHint().height() + rowHeightWanted() * rowCount + 2 * frameWidth();
     }
     [[nodiscard]] int columnWidthOf(const GridColumn& column) const {
-        return fontMetrics().horizontalAdvance(QLatin1Char('0')) * (column.characters + 1) + 8;
+        return fontMetrics().horizontalAdvance(QLatin1Char('0')) * (column.characters + 1) + columnRoom;
+    }
+
+    /// A user drags a column's edge. The last column is as wide as there is room, whoever asks.
+    void takeWidth(int column, int width) {
+        auto& grid = *elementOf<Grid>(*binding);
+        if (fitting || column == model->columnCount({}) - 1) {
+            return;
+        }
+        fitting = true;
+        int character = fontMetrics().horizontalAdvance(QLatin1Char('0'));
+        grid.setColumnWidth(static_cast<std::size_t>(column),
+                            (width - columnRoom + character / 2) / character - 1);
+        fitting = false;
     }
 
     void fitColumns() {
+        if (fitting) {
+            return;
+        }
+        fitting = true;
         verticalHeader()->setMinimumSectionSize(rowHeightWanted());
         verticalHeader()->setDefaultSectionSize(rowHeightWanted());
         horizontalHeader()->setMinimumSectionSize(fontMetrics().horizontalAdvance(QLatin1Char('0')));
@@ -102,6 +124,7 @@ class GridView : public QTableView {
         for (std::size_t column = 0; column < columns.size(); ++column) {
             setColumnWidth(static_cast<int>(column), columnWidthOf(columns[column]));
         }
+        fitting = false;
     }
 
     /// A picked row is told quietly: its texts keep their colours.
@@ -141,6 +164,8 @@ class GridView : public QTableView {
     GridModel* model = nullptr;
     bool showing = false;
     bool tinting = false;
+    /// The view itself sets widths, or passes one on.
+    bool fitting = false;
 };
 
 } // namespace
