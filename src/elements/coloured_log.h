@@ -3,6 +3,7 @@
 
 #include "elements/element.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace zor {
@@ -16,7 +17,7 @@ enum class LogColour {
     Black, ///< what is said beside
 };
 
-/// Lines with a colour each, which only grow until the log is cleared.
+/// Lines with a colour each, which only grow until the log is cleared; the newest 10,000 stay.
 class ColouredLog : public Element {
   public:
     struct Line {
@@ -26,11 +27,14 @@ class ColouredLog : public Element {
         friend bool operator==(const Line&, const Line&) = default;
     };
 
+    static constexpr std::size_t mostLines = 10'000;
+
     ColouredLog(Form& owner, std::string name)
         : Element(owner, std::move(name)) {}
 
     [[nodiscard]] const std::vector<Line>& lines() const { return all; }
-    /// How many lines have gone with the clearings until now: the number of the first line that is left.
+    /// How many lines have gone with the clearings, or were the oldest, until now: the number of the first
+    /// line that is left.
     [[nodiscard]] std::size_t clearedLines() const { return cleared; }
     /// The lines' texts, each ended by CR LF.
     [[nodiscard]] std::string text() const override;
@@ -46,8 +50,12 @@ class ColouredLog : public Element {
     Signal<> movedToEnd;
 
   private:
+    void dropOldest();
+
     std::vector<Line> all;
     std::size_t cleared = 0;
+    /// Since the last clearing.
+    std::size_t dropped = 0;
 };
 
 } // namespace zor

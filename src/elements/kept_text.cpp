@@ -32,6 +32,7 @@ void KeptText::followShorterText() {
     if (contents().empty()) {
         ownRemarks.clear();
         droppedCount = 0;
+        setHint({});
         return;
     }
     // A backspace may have taken what stood in front of them.
@@ -56,6 +57,7 @@ void KeptText::dropOldest() {
     }
     droppedCount += from;
     keepFrom(from);
+    setHint(droppedNote());
     shortened.emit();
 }
 

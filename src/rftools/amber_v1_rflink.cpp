@@ -34,9 +34,6 @@ constexpr std::array<const char*, 6> statusRead = {"H2", "L2", "L0", "RS", "RS",
 constexpr Extent startExtent{7200, 9600};
 constexpr Extent smallestExtent{2250, 3000};
 
-/// What is received is kept up to here, so that days of packets find room; the newest half of it stays.
-constexpr std::size_t monitorLimit = std::size_t{16} << 20;
-
 constexpr ReceiverLinkTraits generation1{"AmberV1rflink", &WindowSwitches::RxLinkOn, false};
 constexpr ReceiverLinkTraits generation2{"AmberV1rflink_LB2", &WindowSwitches::RxLinkOn_LB2, true};
 
@@ -128,6 +125,10 @@ AmberV1rflink::AmberV1rflink(Bench& ownBench, const ReceiverLinkTraits& ownTrait
     RxLinkTimeout.onEdit = [this] { RxLinkTimeout_Change(); };
 
     subscriptions.push_back(Text1.appended.subscribe([this](std::string_view) { Text1_Change(); }));
+    for (KeptText* kept : {&Monitor, &Text1}) {
+        subscriptions.push_back(
+            kept->shortened.subscribe([this, kept] { bench.notice(kept->droppedNote()); }));
+    }
     subscriptions.push_back(changed.subscribe([this] { keepLimits(); }));
     subscriptions.push_back(bench.connect->closing.subscribe([this] { endReceiving(); }));
     subscriptions.push_back(bench.connect->lost.subscribe([this] { endReceiving(); }));
@@ -218,7 +219,7 @@ bool AmberV1rflink::arm() {
     if (!send(modeCommand(), mine) || !send("S2" + hexText(fillWord), mine)) {
         return false;
     }
-    Text1.keepFrom(promptSeen ? promptEnd : Text1.contents().size());
+    Text1.keepFrom(promptSeen ? promptEnd - std::min(promptEnd, Text1.dropped()) : Text1.contents().size());
     return true;
 }
 
@@ -290,7 +291,7 @@ void AmberV1rflink::Text1_Change() {
     const std::string& text = Text1.contents();
     if (!promptSeen && text.ends_with(shownPrompt)) {
         promptSeen = true;
-        promptEnd = text.size();
+        promptEnd = Text1.dropped() + text.size();
     }
     if (text.ends_with(promptSequence)) {
         Text1.clear();
@@ -334,9 +335,6 @@ void AmberV1rflink::takePacket() {
 
 void AmberV1rflink::addToMonitor(const std::string& text) {
     Monitor.append(hexView ? hexOfText(text) : text);
-    if (Monitor.contents().size() > monitorLimit) {
-        Monitor.keepFrom(Monitor.contents().size() - monitorLimit / 2);
-    }
 }
 
 void AmberV1rflink::RxLinkTimeout_Change() {

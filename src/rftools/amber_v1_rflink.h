@@ -3,8 +3,8 @@
 
 #include "elements/button.h"
 #include "elements/form.h"
+#include "elements/kept_text.h"
 #include "elements/label.h"
-#include "elements/monitor.h"
 #include "elements/options.h"
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
@@ -61,7 +61,7 @@ class AmberV1rflink : public Form {
     TickBox ContRx;
     TickBox AutoClear;
     TickBox AddCR;
-    zor::Monitor Monitor;
+    KeptText Monitor;
     Option OB_AsciiView;
     Option OB_HexView;
     TextField PCnt;
@@ -70,7 +70,7 @@ class AmberV1rflink : public Form {
     /// How long the line has to be silent behind a packet, in ms; below 1 nothing counts as one.
     TextField RxLinkTimeout;
     /// What has come since the last prompt.
-    zor::Monitor Text1;
+    KeptText Text1;
     ReceivedPackets received;
 
   protected:

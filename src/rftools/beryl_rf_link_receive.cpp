@@ -27,9 +27,6 @@ constexpr std::int32_t askingStep = 1;
 constexpr std::int32_t unansweredStep = 2;
 constexpr std::int32_t pollLimit = 10;
 
-/// What is received is kept up to here, so that days of packets find room; the newest half of it stays.
-constexpr std::size_t monitorLimit = std::size_t{16} << 20;
-
 } // namespace
 
 bool Frm_BerylRfLinkTest::receiving() const {
@@ -177,9 +174,6 @@ void Frm_BerylRfLinkTest::takePacket(const std::string& payload) {
         TB_MonitoredData.clear();
     }
     TB_MonitoredData.append(receivedView == &OB_RxHexView ? hexOfText(payload) : payload);
-    if (TB_MonitoredData.contents().size() > monitorLimit) {
-        TB_MonitoredData.keepFrom(TB_MonitoredData.contents().size() - monitorLimit / 2);
-    }
     TB_MonitoredData.setCursor(TB_MonitoredData.contents().size());
     TB_ReceiveData.clear();
     packetCount = packetCount == std::numeric_limits<std::int16_t>::max()

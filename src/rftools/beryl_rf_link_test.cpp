@@ -164,6 +164,9 @@ void Frm_BerylRfLinkTest::wireReceive() {
     wireNumber(TB_PL, UD_PL, longestPacket);
     PB_Enable.onClick = [this] { PB_Enable_Click(); };
     received = TB_ReceiveData.appended.subscribe([this](std::string_view) { TB_ReceiveData_Change(); });
+    for (KeptText* kept : {&TB_ReceiveData, &TB_MonitoredData}) {
+        shortened.push_back(kept->shortened.subscribe([this, kept] { bench.notice(kept->droppedNote()); }));
+    }
     OB_RxAsciiView.onChoose = [this] { showReceived(OB_RxAsciiView); };
     OB_RxHexView.onChoose = [this] { showReceived(OB_RxHexView); };
     PB_Clear.onClick = [this] { TB_MonitoredData.clear(); };

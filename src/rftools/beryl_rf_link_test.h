@@ -3,8 +3,8 @@
 
 #include "elements/button.h"
 #include "elements/form.h"
+#include "elements/kept_text.h"
 #include "elements/label.h"
-#include "elements/monitor.h"
 #include "elements/options.h"
 #include "elements/range.h"
 #include "elements/tab_strip.h"
@@ -78,8 +78,8 @@ class Frm_BerylRfLinkTest : public Form {
     TickBox CB_ContReceive;
     TickBox CB_AutoClear;
     TickBox CB_AddCR;
-    Monitor TB_ReceiveData;
-    Monitor TB_MonitoredData;
+    KeptText TB_ReceiveData;
+    KeptText TB_MonitoredData;
     Option OB_RxAsciiView;
     Option OB_RxHexView;
     TextField TB_PacketCount;
@@ -147,6 +147,8 @@ class Frm_BerylRfLinkTest : public Form {
     Subscription boardLost;
     Subscription rateChanged;
     Subscription received;
+    /// Each says at the foot when its oldest text goes.
+    std::vector<Subscription> shortened;
 
     Timer Timer_CntMode;
     Timer Timer_Blink;

@@ -55,4 +55,22 @@ TEST(ColouredLog, CanBeClearedByWhoHearsOfALine) {
     EXPECT_TRUE(window.log.lines().empty());
 }
 
+TEST(ColouredLog, KeepsTheNewestLinesAndSaysSo) {
+    LogWindow window;
+    for (std::size_t number = 0; number < ColouredLog::mostLines; ++number) {
+        window.log.append(LogColour::Black, std::to_string(number));
+    }
+    EXPECT_EQ(window.log.lines().size(), ColouredLog::mostLines);
+    EXPECT_EQ(window.log.hint(), "");
+    window.log.append(LogColour::Black, "one more");
+    EXPECT_EQ(window.log.lines().size(), 7501U);
+    EXPECT_EQ(window.log.lines().front().text, "2500");
+    EXPECT_EQ(window.log.lines().back().text, "one more");
+    EXPECT_EQ(window.log.clearedLines(), 2500U);
+    EXPECT_EQ(window.log.hint(), "The oldest 2500 lines are gone; the newest 10000 are kept.");
+    window.log.clear();
+    EXPECT_EQ(window.log.clearedLines(), 10'001U);
+    EXPECT_EQ(window.log.hint(), "");
+}
+
 } // namespace zor

@@ -46,6 +46,46 @@ class ReceiverLink : public ::testing::Test {
     VirtualBench bench;
 };
 
+/// So much at a time that the bound is met soon.
+const std::string flood(std::size_t{1} << 20, 'z');
+
+TEST_F(ReceiverLink, KeepsTheNewestOfABoardThatNeverPrompts) {
+    std::vector<std::string> said;
+    auto ear = bench.main().bench().noticed.subscribe([&](const std::string& text) { said.push_back(text); });
+    for (int part = 0; part < 40; ++part) {
+        window().Text1.append(flood);
+        ASSERT_LE(window().Text1.contents().size(), KeptText::mostKept);
+    }
+    EXPECT_EQ(window().Text1.dropped() + window().Text1.contents().size(), 40 * flood.size());
+    ASSERT_FALSE(said.empty());
+    EXPECT_EQ(said.front(), "The oldest 4.0 MiB are gone; the newest 16 MiB are kept.");
+    EXPECT_EQ(window().Text1.hint(), window().Text1.droppedNote());
+    // What was dropped is no part of the packet, and the next one is whole.
+    bench.run(400ms);
+    EXPECT_EQ(window().PCnt.text(), "1");
+    window().Clear.click();
+    receive("hello");
+    EXPECT_TRUE(window().Monitor.contents().find("hello") != std::string::npos);
+    EXPECT_EQ(window().PCnt.text(), "2");
+}
+
+TEST_F(ReceiverLink, KeepsTheNewestPacketsInEitherViewAndSaysSo) {
+    for (int part = 0; part < 12; ++part) {
+        window().Text1.append(flood);
+        bench.run(400ms);
+    }
+    EXPECT_EQ(window().Monitor.contents().size(), 12 * flood.size());
+    EXPECT_EQ(window().Monitor.dropped(), 0U);
+    window().OB_HexView.click();
+    ASSERT_TRUE(window().OB_HexView.chosen());
+    EXPECT_LE(window().Monitor.contents().size(), KeptText::mostKept);
+    EXPECT_EQ(window().Monitor.contents().substr(0, 6), "7A7A7A");
+    EXPECT_NE(window().Monitor.droppedNote(), "");
+    window().Clear.click();
+    EXPECT_EQ(window().Monitor.droppedNote(), "");
+    EXPECT_EQ(window().Monitor.contents().capacity(), std::string().capacity());
+}
+
 TEST_F(ReceiverLink, ListsPacketsByteForByteTheNewestOnTop) {
     receive("hello");
     receive("a\r\n\x01z");
