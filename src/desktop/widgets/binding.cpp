@@ -5,6 +5,7 @@
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/spoken.h"
 #include "elements/desk.h"
+#include "shell/explanations.h"
 
 #include <QAction>
 #include <QFocusEvent>
@@ -24,9 +25,16 @@ void setShown(QWidget& widget, bool shown) {
     }
 }
 
-/// The element's own tip, the keys behind its first line, and what belongs to the moment.
+void addLine(QString& tip, const std::string& line) {
+    if (!line.empty()) {
+        tip += (tip.isEmpty() ? QString() : QStringLiteral("\n")) + linesToQt(line);
+    }
+}
+
+/// The element's own tip or what the control is for, the keys behind its first line, what the setting may be,
+/// and what belongs to the moment.
 QString wholeTip(const Element& element) {
-    QString tip = linesToQt(element.tip());
+    QString tip = linesToQt(element.tip().empty() ? purposeOf(element) : element.tip());
     if (!element.shortcut().empty()) {
         QString keys = QLatin1String(" (") + toQt(element.shortcut()) + QLatin1Char(')');
         if (tip.isEmpty()) {
@@ -35,9 +43,8 @@ QString wholeTip(const Element& element) {
         qsizetype lineEnd = tip.indexOf(QLatin1Char('\n'));
         tip.insert(lineEnd < 0 ? tip.size() : lineEnd, keys);
     }
-    if (!element.hint().empty()) {
-        tip += (tip.isEmpty() ? QString() : QStringLiteral("\n")) + linesToQt(element.hint());
-    }
+    addLine(tip, rangeOf(element));
+    addLine(tip, element.hint());
     return tip;
 }
 
@@ -197,6 +204,10 @@ void Binding::addCompanion(QWidget& companion) {
 
 bool Binding::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &target && isLive()) {
+        if (event->type() == QEvent::ToolTip) {
+            // What a setting may be depends on others, the crystal and the band.
+            widget()->setToolTip(wholeTip(*bound));
+        }
         if (event->type() == QEvent::FocusIn && !bound->focused()) {
             gesture([this] { bound->takeFocus(); });
         } else if (event->type() == QEvent::FocusOut && bound->focused() &&

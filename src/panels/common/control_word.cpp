@@ -38,7 +38,8 @@ BitField bits(int high, int low, std::string name, const CodeList& list, std::st
                 std::optional<std::string> entry = list.textOfCode(code);
                 return entry ? withUnit(*entry) : "code " + std::to_string(code) + ", not in the list";
             },
-            BitField::Kind::Number};
+            BitField::Kind::Number,
+            &list};
 }
 
 BitField bits(int high, int low, std::string name, std::function<int()> value,
@@ -58,7 +59,8 @@ BitField bit(int position, std::string name, const TickBox& tick) {
             [&tick] { return tick.ticked() ? 1 : 0; },
             [&tick] { return std::string(tick.ticked() ? "on" : "off"); },
             {},
-            BitField::Kind::Tick};
+            BitField::Kind::Tick,
+            &tick};
 }
 
 BitField fixedBit(int position, std::string name) {

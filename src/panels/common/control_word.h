@@ -26,6 +26,8 @@ struct BitField {
     std::function<std::string(int code)> meaningOf;
     enum class Kind { Number, Tick, AlwaysOne };
     Kind kind = Kind::Number;
+    /// The list or tick that the field's value comes from; nullptr if it is another's.
+    const Element* source = nullptr;
 };
 
 /// Bits high to low that hold a list's code.
