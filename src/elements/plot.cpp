@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "elements/plot.h"
 
+#include "elements/form.h"
 #include "support/csv.h"
 
 #include <algorithm>
@@ -155,6 +156,71 @@ double Plot::share(double value, PlotRange range, Scale scale) {
         place = (value - range.low) / (range.high - range.low);
     }
     return std::isfinite(place) ? std::clamp(place, 0.0, 1.0) : 0;
+}
+
+double Plot::valueAt(double share, PlotRange range, Scale scale) {
+    double place = std::clamp(share, 0.0, 1.0);
+    return scale == Scale::Logarithmic ? range.low * std::pow(range.high / range.low, place)
+                                       : range.low + place * (range.high - range.low);
+}
+
+void Plot::setMarks(std::vector<PlotMark> marks) {
+    if (marks != ownMarks) {
+        ownMarks = std::move(marks);
+        changed.emit();
+    }
+}
+
+const PlotPoint* Plot::nearest(double x) const {
+    auto distance = [x](const PlotPoint& point) { return std::abs(point.x - x); };
+    auto found = std::min_element(held.begin(), held.end(), [&](const PlotPoint& a, const PlotPoint& b) {
+        return distance(a) < distance(b);
+    });
+    return found == held.end() ? nullptr : &*found;
+}
+
+void Plot::putCursor(std::optional<double> x) {
+    const PlotPoint* point = x ? nearest(*x) : nullptr;
+    std::optional<double> place = point != nullptr ? std::optional(point->x) : std::nullopt;
+    if (place != cursorPlace) {
+        cursorPlace = place;
+        changed.emit();
+    }
+}
+
+bool Plot::takeCursorTo(std::ptrdiff_t number) {
+    if (!onCursor || held.empty() || !usable()) {
+        return false;
+    }
+    // No gesture of its own: whoever hears of it brings the place into a field, and that one is told.
+    form().perform([this, number] {
+        auto last = static_cast<std::ptrdiff_t>(held.size()) - 1;
+        auto place = static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(number, 0, last));
+        cursorPlace = held[place].x;
+        changed.emit();
+        onCursor();
+    });
+    return true;
+}
+
+bool Plot::placeCursor(double x) {
+    const PlotPoint* point = nearest(x);
+    if (point == nullptr) {
+        return false;
+    }
+    auto found = std::find_if(held.begin(), held.end(),
+                              [point](const PlotPoint& candidate) { return &candidate == point; });
+    return takeCursorTo(found - held.begin());
+}
+
+bool Plot::stepCursor(int points) {
+    auto last = static_cast<std::ptrdiff_t>(held.size()) - 1;
+    if (!cursorPlace) {
+        return takeCursorTo(last);
+    }
+    auto at = std::find_if(held.begin(), held.end(),
+                           [this](const PlotPoint& point) { return point.x >= *cursorPlace; });
+    return takeCursorTo(at - held.begin() + points);
 }
 
 std::string Plot::csv() const {

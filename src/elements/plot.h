@@ -36,6 +36,13 @@ struct PlotPoint {
     friend bool operator==(const PlotPoint&, const PlotPoint&) = default;
 };
 
+/// An upright line over the values, with what stands at its head.
+struct PlotMark {
+    std::string caption;
+    double x = 0;
+    friend bool operator==(const PlotMark&, const PlotMark&) = default;
+};
+
 /// One line of values over a common axis: a title, two axes with units and round ticks, gaps where a value is
 /// missing, and the newest so many values only. Its caption is its title. A view draws it; its values can be
 /// had as CSV without one.
@@ -75,6 +82,26 @@ class Plot : public Element {
     /// How far along an axis a value lies, from 0 to 1; what lies beyond is held at the ends.
     [[nodiscard]] static double share(double value, PlotRange range, PlotAxis::Scale scale);
 
+    /// The value that lies there, the other way round.
+    [[nodiscard]] static double valueAt(double share, PlotRange range, PlotAxis::Scale scale);
+
+    [[nodiscard]] const std::vector<PlotMark>& marks() const { return ownMarks; }
+    void setMarks(std::vector<PlotMark> marks);
+
+    /// Where the cursor stands; nothing while there is none.
+    [[nodiscard]] std::optional<double> cursor() const { return cursorPlace; }
+    /// Puts it at the nearest point, or takes it away; no action runs.
+    void putCursor(std::optional<double> x);
+    /// The point that lies nearest; nullptr if there is none.
+    [[nodiscard]] const PlotPoint* nearest(double x) const;
+
+    // The user's door; refused by a plot without a cursor's action.
+    /// Puts the cursor at the point nearest to a place.
+    bool placeCursor(double x);
+    /// Moves it so many points on, or back; from the newest one if there was none.
+    bool stepCursor(int points);
+    std::function<void()> onCursor;
+
     /// One line a point under a line with the axes' names, lines ended by CR LF, a decimal point; a gap has
     /// an empty value.
     [[nodiscard]] std::string csv() const;
@@ -84,9 +111,12 @@ class Plot : public Element {
 
   private:
     void keepNewest();
+    bool takeCursorTo(std::ptrdiff_t number);
 
     Traits own;
     std::deque<PlotPoint> held;
+    std::vector<PlotMark> ownMarks;
+    std::optional<double> cursorPlace;
 };
 
 } // namespace zor

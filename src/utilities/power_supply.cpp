@@ -17,8 +17,6 @@ constexpr std::chrono::milliseconds continuousInterval(200);
 constexpr Colour highlight{255, 255, 0};
 /// In V. The chip panels' own field goes down to 2.0.
 constexpr double lowestSupply = 2.2;
-/// In mA; below it the high range has too few counts, so the low one is read.
-constexpr double lowRangeBelow = 1.2;
 constexpr const char* single = "Cont";
 constexpr const char* continuous = "Stop";
 
@@ -33,21 +31,7 @@ UpperLimit upperLimit(int loadBoardRev) {
                              : UpperLimit{5.4, "Maximum supply voltage is 5.4 V!"};
 }
 
-/// The byte of two digits at a position that counts from 1.
-std::optional<std::uint32_t> byteAt(std::string_view text, std::size_t position) {
-    return position + 1 <= text.size() ? readHex(text.substr(position - 1, 2)) : std::nullopt;
-}
-
 } // namespace
-
-std::optional<std::int32_t> converterReading(std::string_view last100) {
-    auto high = byteAt(last100, 68);
-    auto low = byteAt(last100, 84);
-    if (!high || !low) {
-        return std::nullopt;
-    }
-    return static_cast<std::int32_t>((*high << 8 | *low) & 0x3FF);
-}
 
 PowerSupply::PowerSupply(Bench& ownBench)
     : Form(ownBench.desk, "frm_PowerSupply", "Power Supply Settings")
@@ -61,6 +45,7 @@ PowerSupply::PowerSupply(Bench& ownBench)
     , PB_Current(*this, "PB_Current", "Read")
     , ContRead(*this, "ContRead", single)
     , Statusline(*this, "Statusline", "", TextField::Access::ReadOnly)
+    , overTime(*this, ownBench)
     , bench(ownBench)
     , Timer1(ownBench.platform.loop, [this] { Timer1_Timer(); }) {
     setExtent({3000, 5400});
@@ -145,36 +130,25 @@ void PowerSupply::PB_Current_Click() {
             }
         }
     } guard(*this);
-    readCurrent();
+    std::optional<CurrentReading> found = readCurrent();
+    if (ContRead.caption() == continuous) {
+        overTime.take(found);
+    }
 }
 
-void PowerSupply::readCurrent() {
+std::optional<CurrentReading> PowerSupply::readCurrent() {
     // What it was stays readable until the new figure is there.
     if (!Current.text().empty()) {
         Current.setPlaceholder(Current.text());
     }
     Current.setText("");
-    Connect& connect = *bench.connect;
-    connect.Send_To_LoadBoard(std::string(command::highCurrentRange));
-    connect.Send_To_LoadBoard(std::string(command::readConverter));
-    std::optional<std::int32_t> counts = converterReading(bench.link.Last100);
-    if (!counts) {
-        return;
+    std::optional<CurrentReading> reading =
+        readChipCurrent(bench, [this](const char* unit) { CurUnit.setCaption(unit); });
+    if (reading) {
+        Current.setText(reading->shown.text);
+        Current.setPlaceholder({});
     }
-    ShownNumber figure = milliamperes(*counts);
-    CurUnit.setCaption("mA");
-    if (figure.value < lowRangeBelow) {
-        connect.Send_To_LoadBoard(std::string(command::lowCurrentRange));
-        connect.Send_To_LoadBoard(std::string(command::readConverter));
-        counts = converterReading(bench.link.Last100);
-        if (!counts) {
-            return;
-        }
-        figure = microamperes(*counts);
-        CurUnit.setCaption("uA");
-    }
-    Current.setText(figure.text);
-    Current.setPlaceholder({});
+    return reading;
 }
 
 void PowerSupply::ContRead_Click() {
@@ -192,6 +166,7 @@ void PowerSupply::stopContinuous() {
     Current.setBackground(std::nullopt);
     ContRead.setCaption(single);
     PB_Current.setEnabled(true);
+    overTime.pause();
 }
 
 void PowerSupply::Timer1_Timer() {

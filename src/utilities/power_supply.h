@@ -6,10 +6,9 @@
 #include "elements/label.h"
 #include "elements/text_field.h"
 #include "link/bench.h"
+#include "panels/common/chip_current.h"
 #include "platform/event_loop.h"
-
-#include <cstdint>
-#include <optional>
+#include "utilities/current_over_time.h"
 
 namespace zor {
 
@@ -33,6 +32,9 @@ class PowerSupply : public Form {
     Button ContRead;
     TextField Statusline;
 
+    /// The continuous reading over time, folded away at first.
+    CurrentOverTime overTime;
+
   protected:
     void unload() override;
 
@@ -42,16 +44,12 @@ class PowerSupply : public Form {
     void ContRead_Click();
     void Timer1_Timer();
     void stopContinuous();
-    void readCurrent();
+    [[nodiscard]] std::optional<CurrentReading> readCurrent();
 
     Bench& bench;
     Timer Timer1;
     Subscription supply;
     bool reading = false;
 };
-
-/// The 10-bit value of the board's answer to "AD", out of the last 100 characters received.
-/// @return 0 to 1023; nothing if no hexadecimal bytes stand where the answer has them
-[[nodiscard]] std::optional<std::int32_t> converterReading(std::string_view last100);
 
 } // namespace zor

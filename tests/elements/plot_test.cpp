@@ -164,6 +164,52 @@ TEST_F(PlotTest, PlacesValuesAlongItsAxes) {
                      0);
 }
 
+TEST_F(PlotTest, FindsTheValueAtAPlaceOfItsAxes) {
+    for (auto scale : {PlotAxis::Scale::Linear, PlotAxis::Scale::Logarithmic}) {
+        PlotRange range{0.01, 100};
+        for (double share : {0.0, 0.25, 0.5, 1.0}) {
+            EXPECT_NEAR(Plot::share(Plot::valueAt(share, range, scale), range, scale), share, 1e-12);
+        }
+        EXPECT_NEAR(Plot::valueAt(-1, range, scale), 0.01, 1e-12);
+        EXPECT_NEAR(Plot::valueAt(2, range, scale), 100, 1e-9);
+    }
+}
+
+TEST_F(PlotTest, TakesNoCursorWithoutAnAction) {
+    Plot plot(form, "plot", {.title = "Length"});
+    form.show();
+    plot.add({1, 1});
+    EXPECT_FALSE(plot.placeCursor(1));
+    EXPECT_FALSE(plot.stepCursor(1));
+    EXPECT_FALSE(plot.cursor().has_value());
+}
+
+TEST_F(PlotTest, KeepsTheCursorOnItsPoints) {
+    Plot plot(form, "plot", {.title = "Length"});
+    int moves = 0;
+    plot.onCursor = [&moves] { ++moves; };
+    form.show();
+    EXPECT_FALSE(plot.stepCursor(1));
+    EXPECT_FALSE(plot.placeCursor(3));
+    plot.setPoints({{0, 1}, {10, 2}, {20, std::nullopt}, {30, 4}});
+    EXPECT_TRUE(plot.placeCursor(12));
+    EXPECT_EQ(plot.cursor(), 10.0);
+    EXPECT_TRUE(plot.stepCursor(1));
+    EXPECT_EQ(plot.cursor(), 20.0);
+    EXPECT_TRUE(plot.stepCursor(100));
+    EXPECT_EQ(plot.cursor(), 30.0);
+    EXPECT_TRUE(plot.stepCursor(-100));
+    EXPECT_EQ(plot.cursor(), 0.0);
+    EXPECT_EQ(moves, 4);
+    plot.putCursor(17);
+    EXPECT_EQ(plot.cursor(), 20.0);
+    EXPECT_EQ(moves, 4);
+    plot.putCursor(std::nullopt);
+    // Without one the first step is to the newest point.
+    EXPECT_TRUE(plot.stepCursor(-1));
+    EXPECT_EQ(plot.cursor(), 30.0);
+}
+
 TEST_F(PlotTest, WritesItsValuesAsCsv) {
     Plot plot(form, "plot", {.title = "Errors", .x = {"Read"}, .y = {"Errors, all", "%"}});
     plot.setPoints({{1, 0.5}, {2, std::nullopt}, {3, 1e-7}});

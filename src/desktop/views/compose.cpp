@@ -210,8 +210,9 @@ QWidget* plain(Lines lines) {
     return block;
 }
 
-QWidget* plain(Frame& frame, Lines lines) {
-    QWidget* block = plain(std::move(lines));
+QWidget* plain(Frame& frame, Lines lines, int grows) {
+    auto* block = new QWidget;
+    layOut(*block, lines, 0, grows);
     new Binding(frame, *block);
     return block;
 }

@@ -87,7 +87,8 @@ template <class... Cells>
 /// Lines without a title or frame.
 [[nodiscard]] QWidget* plain(Lines lines);
 /// An element's lines without a title or frame around them.
-[[nodiscard]] QWidget* plain(Frame& frame, Lines lines);
+/// The line at `grows` takes the height that is left over; -1 leaves it at the bottom.
+[[nodiscard]] QWidget* plain(Frame& frame, Lines lines, int grows = -1);
 /// Widgets under one another, each as wide as the widest. Room that is left over goes to the bottom.
 [[nodiscard]] QWidget* column(const std::vector<QWidget*>& widgets);
 /// Widgets side by side, their tops level. The one at `grows` takes the room that is left over; -1 shares it.

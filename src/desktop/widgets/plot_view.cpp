@@ -11,8 +11,10 @@
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QImage>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolTip>
@@ -31,6 +33,8 @@ constexpr QSize smallestPicture(720, 240);
 constexpr int gap = 6;
 constexpr int tickLength = 4;
 constexpr int markSize = 8;
+/// So many points the cursor goes with Shift.
+constexpr int cursorStride = 10;
 
 QString numberText(double value) {
     return QString::number(value, 'g', 10);
@@ -71,6 +75,7 @@ class PlotPainter {
         if (!plot.traits().gapCaption.empty()) {
             drawGaps();
         }
+        drawUprights();
         painter.restore();
         painter.setPen(roles(palette).edge);
         painter.setBrush(Qt::NoBrush);
@@ -79,6 +84,10 @@ class PlotPainter {
 
     /// The values' own rectangle.
     [[nodiscard]] const QRect& values() const { return area; }
+    [[nodiscard]] double valueAt(int x) const {
+        double place = area.width() > 0 ? (x - area.left()) / static_cast<double>(area.width()) : 0;
+        return Plot::valueAt(place, xRange, plot.traits().x.scale);
+    }
     [[nodiscard]] double xOf(double value) const {
         return area.left() + Plot::share(value, xRange, plot.traits().x.scale) * area.width();
     }
@@ -209,6 +218,33 @@ class PlotPainter {
         }
     }
 
+    /// The marks with their letters, and the cursor in dashes.
+    void drawUprights() {
+        QColor ink = palette.color(QPalette::WindowText);
+        for (const PlotMark& mark : plot.marks()) {
+            drawUpright(mark.x, QPen(ink, 1), toQt(mark.caption));
+        }
+        if (plot.cursor()) {
+            drawUpright(*plot.cursor(), QPen(ink, 1, Qt::DashLine), {});
+        }
+    }
+
+    void drawUpright(double value, const QPen& pen, const QString& text) {
+        if (value < xRange.low || value > xRange.high) {
+            return;
+        }
+        double x = xOf(value);
+        painter.setPen(pen);
+        painter.drawLine(QPointF(x, area.top()), QPointF(x, area.bottom()));
+        if (text.isEmpty()) {
+            return;
+        }
+        // Beside the line, on the side that has the room.
+        double width = metrics.horizontalAdvance(text) + gap;
+        double left = x + width <= area.right() ? x : x - width;
+        painter.drawText(QRectF(left, area.top() + 1.0, width, metrics.height()), Qt::AlignCenter, text);
+    }
+
     /// A triangle that points down, on a line: seen without its colour too.
     void drawMark(double x, double bottom, double top) {
         QColor colour = roles(palette).error;
@@ -288,6 +324,28 @@ class PlotView : public QWidget, public Spoken {
         return QWidget::event(event);
     }
 
+    void mousePressEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton) {
+            takeCursor(event->pos());
+        }
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        if ((event->buttons() & Qt::LeftButton) != 0) {
+            takeCursor(event->pos());
+        }
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        int step = event->key() == Qt::Key_Left ? -1 : event->key() == Qt::Key_Right ? 1 : 0;
+        if (step == 0 || plot() == nullptr || !plot()->onCursor) {
+            QWidget::keyPressEvent(event);
+            return;
+        }
+        if ((event->modifiers() & Qt::ShiftModifier) != 0) {
+            step *= cursorStride;
+        }
+        binding->gesture([this, step] { plot()->stepCursor(step); });
+    }
+
     void contextMenuEvent(QContextMenuEvent* event) override {
         QMenu menu(this);
         menu.addAction(QStringLiteral("Copy &Picture"), this,
@@ -303,14 +361,31 @@ class PlotView : public QWidget, public Spoken {
   private:
     [[nodiscard]] Plot* plot() const { return elementOf<Plot>(*binding); }
 
-    void tellNearest(const QHelpEvent& event) {
-        if (plot() == nullptr || plot()->points().empty()) {
-            return;
-        }
+    /// Looks at where things lie on the screen now.
+    template <class Look>
+    void withPlaces(Look look) {
         QImage none(1, 1, QImage::Format_ARGB32);
         QPainter measure(&none);
         measure.setFont(font());
-        PlotPainter places(measure, *plot(), rect().adjusted(1, 1, -2, -2), palette());
+        look(PlotPainter(measure, *plot(), rect().adjusted(1, 1, -2, -2), palette()));
+    }
+
+    void takeCursor(QPoint at) {
+        if (plot() == nullptr || !plot()->onCursor) {
+            return;
+        }
+        double value = 0;
+        withPlaces([&](const PlotPainter& places) { value = places.valueAt(at.x()); });
+        binding->gesture([this, value] { plot()->placeCursor(value); });
+    }
+
+    void tellNearest(const QHelpEvent& event) {
+        if (plot() != nullptr && !plot()->points().empty()) {
+            withPlaces([&](const PlotPainter& places) { tellNearest(event, places); });
+        }
+    }
+
+    void tellNearest(const QHelpEvent& event, const PlotPainter& places) {
         if (!places.values().contains(event.pos())) {
             QToolTip::hideText();
             return;
