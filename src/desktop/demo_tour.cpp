@@ -58,6 +58,7 @@ void DemoTour::play() {
     visitHeaderGenerator();
     main.perform([this] { main.bench().tools.open(Tool::frm_PowerSupply); });
     visitForm(*main.bench().tools.find(Tool::frm_PowerSupply));
+    visitCurrents();
     // Its entry is for those who have a board with the loader.
     main.perform([this] { main.bench().tools.open(Tool::FirmLoad); });
     visitForm(*main.bench().tools.find(Tool::FirmLoad));

@@ -39,6 +39,7 @@ class DemoTour {
     void visit(MenuEntry& entry);
     void visitTerminal();
     void visitWireLog();
+    void visitCurrents();
     void visitEeprom();
     void visitLinks();
     void visitReceiver();

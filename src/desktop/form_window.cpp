@@ -12,6 +12,7 @@
 #include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -264,7 +265,12 @@ QSize FormWindow::neededSize() const {
         inner->layout()->activate();
     }
     QSize needed = inner->sizeHint().expandedTo(inner->minimumSizeHint()) + decoration();
-    return withinMainWindow(needed);
+    QSize room = withinMainWindow(needed);
+    if (room.height() < needed.height()) {
+        // The bar that it is then scrolled by shall not take width from it.
+        room = withinMainWindow(room + QSize(scroller->verticalScrollBar()->sizeHint().width(), 0));
+    }
+    return room;
 }
 
 QSize FormWindow::withinMainWindow(QSize size) const {

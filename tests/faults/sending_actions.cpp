@@ -4,6 +4,8 @@
 #include "eeprom/eeprom.h"
 #include "faults/link_actions.h"
 #include "host/files.h"
+#include "panels/common/chip_panel.h"
+#include "panels/common/forecast.h"
 #include "registertool/spi.h"
 #include "shell/panel_table.h"
 #include "store/register_list_store.h"
@@ -37,6 +39,25 @@ void addPanelActions(std::vector<SendingAction>& all, const PanelRow& panel) {
             bench.run(std::chrono::seconds(4));
             if (bench.desk.find(form) != nullptr) {
                 bench.at(form, "ReadStatus").leave();
+            }
+        }
+    });
+    add("MeasureCurrents", [form](VirtualBench& bench) {
+        if (auto* open = dynamic_cast<ChipPanel*>(bench.desk.find(form))) {
+            // As behind an update; its own lines have their rows above.
+            for (ControlWord* word : open->words()) {
+                word->takeSent(word->text());
+            }
+            open->LabelUpdate.setVisible(false);
+            if (!open->forecast().ForecastArea.visible()) {
+                open->forecast().ShowForecast.click();
+            }
+            open->forecast().MeasureCurrents.click();
+            bench.run(std::chrono::seconds(3));
+        }
+        if (auto* open = dynamic_cast<ChipPanel*>(bench.desk.find(form))) {
+            if (open->forecast().measuring()) {
+                open->forecast().MeasureCurrents.click();
             }
         }
     });

@@ -2,6 +2,7 @@
 #include "desktop/views/panel_parts.h"
 
 #include "desktop/adapters/qt_text.h"
+#include "panels/common/forecast.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -185,7 +186,8 @@ QWidget* panelWindow(ChipPanel& p, QWidget* settings, std::vector<Cell> answers)
                0),
         stretch(),
         line(statusLine(p.Statusline), lamp(p.IRQ), button(p.IRQpoll), button(p.ReadStatus),
-             button(p.ShowStatus)),
+             button(p.ShowStatus), button(p.forecast().ShowForecast)),
+        forecastArea(p),
     });
 }
 

@@ -22,6 +22,8 @@ namespace zor {
 [[nodiscard]] QWidget* formula(Label& text, Label& exponent);
 /// Why settings are disabled, in the softer colour; folds rather than widens its group.
 [[nodiscard]] QWidget* reason(Label& label);
+/// What the settings come to, folded away at first.
+[[nodiscard]] QWidget* forecastArea(ChipPanel& panel);
 
 /// The whole window.
 /// @param settings  what the engineer sets

@@ -20,6 +20,7 @@
 #include "elements/tab_strip.h"
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
+#include "elements/timeline.h"
 
 #include <QString>
 #include <QWidget>
@@ -120,6 +121,9 @@ inline constexpr int monitorLines = 5'000;
 /// Values over an axis, with ticks at round numbers, as many as there is room for. Its menu copies it as a
 /// picture or as values; hovering tells the nearest value.
 [[nodiscard]] QWidget* plot(Plot& element, int columns = 80, int lines = 12);
+
+/// Phases over time, painted.
+[[nodiscard]] QWidget* timeline(Timeline& element);
 
 /// A strip of tabs over its pages, all of the same size whatever page is up.
 /// @param fill  how full a page is, 0 to 1, by its place from 0: shown by a thin bar under its title

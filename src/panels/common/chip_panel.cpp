@@ -2,6 +2,7 @@
 #include "panels/common/chip_panel.h"
 
 #include "link/connect.h"
+#include "panels/common/forecast.h"
 #include "support/numbers.h"
 #include "support/vocabulary.h"
 
@@ -233,6 +234,8 @@ void ChipPanel::tellReadings() {
 }
 
 void ChipPanel::load(AutoLoad autoLoad) {
+    // Behind the chip's own elements.
+    ownForecast = std::make_unique<Forecast>(*this, bench, [this] { return sequenceMayBegin(); });
     tellReadings();
     watchSettings();
     setPlace({0, 0});
@@ -280,6 +283,9 @@ void ChipPanel::unload() {
         }
         ~Farewell() { mark = false; }
     } farewell(sayingFarewell);
+    if (ownForecast) {
+        ownForecast->panelCloses();
+    }
     releaseChip();
     sendFarewell();
 }

@@ -25,6 +25,8 @@
 
 namespace zor {
 
+class Forecast;
+
 /// The engineer's view of one radio chip: settings in, control words out, status back. What all seven panels
 /// share; a chip's own file adds its tables and its oddities.
 ///
@@ -79,6 +81,8 @@ class ChipPanel : public Form {
     };
     [[nodiscard]] const UsedFile& usedFile() const { return used; }
     void setUsedFile(UsedFile file);
+    /// What the settings come to; there once the panel has been loaded.
+    [[nodiscard]] Forecast& forecast() const { return *ownForecast; }
     /// The chip that the panel shows now ("KT1100B").
     [[nodiscard]] std::string chip() const { return title().substr(0, title().find(' ')); }
 
@@ -308,6 +312,7 @@ class ChipPanel : public Form {
     bool sayingFarewell = false;
     Timer RepStatusReadTimer;
     Timer SRVisualTimer;
+    std::unique_ptr<Forecast> ownForecast;
 };
 
 } // namespace zor
