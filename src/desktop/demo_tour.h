@@ -40,6 +40,7 @@ class DemoTour {
     void visitTerminal();
     void visitWireLog();
     void visitCurrents();
+    void visitSearch();
     void visitEeprom();
     void visitLinks();
     void visitReceiver();

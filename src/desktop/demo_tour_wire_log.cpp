@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The tour's stops at the wire log, below a panel in a main window that has the room for it, and at the form
-// of the transmitter search.
+// The tour's stops at the wire log, below a panel in a main window that has the room for it, and at the
+// search for transmitters, which finds a beacon.
 #include "desktop/demo_tour.h"
 
 #include "panels/common/chip_panel.h"
 #include "shell/main_window.h"
+#include "utilities/tx_search.h"
 #include "utilities/wire_log.h"
 
 namespace zor {
@@ -29,9 +30,29 @@ void DemoTour::visitWireLog() {
     window.resize(usual);
     settle(200ms);
     visitForm(log);
-    // Its entry stands in the menu that a gesture brings out.
+    visitSearch();
+}
+
+/// Its entry stands in the menu that a gesture brings out.
+void DemoTour::visitSearch() {
     main.perform([this] { main.bench().tools.open(Tool::frm_TxSearch); });
-    visitForm(*main.bench().tools.find(Tool::frm_TxSearch));
+    settle(150ms);
+    takePicture(QStringLiteral("search-folded"));
+    main.menu.mnuViewTRx.click();
+    ChipPanel& panel = *main.bench().openPanel();
+    panel.find("chb_er")->tick(true);
+    panel.Update.click();
+    tellBoard(QStringLiteral("beacon 314120000 9579"));
+    auto& search = static_cast<TxSearch&>(*main.bench().tools.find(Tool::frm_TxSearch));
+    search.CHK_Search.tick(true);
+    search.SpanFrom.type("312");
+    search.SpanTo.type("317");
+    search.PB_START.click();
+    main.loop().runUntil([&search] { return search.PB_START.enabled() || search.isClosed(); });
+    search.Carriers.pickRow(0);
+    visitForm(search);
+    tellBoard(QStringLiteral("far silent"));
+    main.menu.mnuViewTRx.click();
 }
 
 } // namespace zor

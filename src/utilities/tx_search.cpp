@@ -16,6 +16,8 @@ namespace zor {
 
 namespace {
 
+constexpr Extent foldedExtent = {3600, 4800};
+constexpr Extent unfoldedExtent = {9900, 9600};
 constexpr int lowestParameter = 96;
 constexpr int highestParameter = 3903;
 /// F goes to the band's base and a whole unit of it in so many steps.
@@ -61,15 +63,15 @@ const char* endText(SearchRun::End how) {
     case SearchRun::End::Stopped:
         return "Stopped";
     case SearchRun::End::PanelGone:
-        return "Ended, for the panel has gone";
+        return "The panel has gone";
     case SearchRun::End::Unanswered:
-        return "Ended, for the board did not answer";
+        return "No answer";
     case SearchRun::End::Refused:
-        return "Ended, for the board refused a line";
+        return "A line was refused";
     case SearchRun::End::Unreadable:
-        return "Ended, for the board's answers held no status";
+        return "No status in the answers";
     case SearchRun::End::PortGone:
-        return "Ended, for the port was closed";
+        return "The port was closed";
     }
     return "";
 }
@@ -113,7 +115,6 @@ TxSearch::TxSearch(Bench& ownBench)
     , TakeCarrier(*this, "TakeCarrier", "To the panel")
     , SaveCarriers(*this, "SaveCarriers", "Save list...")
     , bench(ownBench) {
-    setExtent({3600, 4800});
     setSizing(Sizing::ByContent);
     DataRate.setCaption("Data Rate:");
     DRSSI.setCaption("DRSSI limit:");
@@ -181,6 +182,7 @@ void TxSearch::unfold() {
         run->stop();
     }
     SearchArea.setVisible(unfolded);
+    setExtent(unfolded ? unfoldedExtent : foldedExtent);
     FreqBand.setReadOnly(!unfolded);
     followPanel();
 }
@@ -464,7 +466,7 @@ void TxSearch::showEnd() {
     std::string text = endText(run->how().value_or(SearchRun::End::Stopped));
     text += ": " + counted(run->plan().carriers().size());
     if (!run->chipPutBack()) {
-        text += ". The chip is not as the panel has it: Update";
+        text += "; the chip needs an Update";
     }
     SearchState.setCaption(text);
 }
