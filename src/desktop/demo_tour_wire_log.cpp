@@ -35,14 +35,17 @@ void DemoTour::visitWireLog() {
 
 /// Its entry stands in the menu that a gesture brings out.
 void DemoTour::visitSearch() {
-    main.perform([this] { main.bench().tools.open(Tool::frm_TxSearch); });
+    auto open = [this] { main.bench().tools.open(Tool::frm_TxSearch); };
+    main.perform(open);
     settle(150ms);
     takePicture(QStringLiteral("search-folded"));
+    main.bench().tools.find(Tool::frm_TxSearch)->userClose();
     main.menu.mnuViewTRx.click();
     ChipPanel& panel = *main.bench().openPanel();
     panel.find("chb_er")->tick(true);
     panel.Update.click();
     tellBoard(QStringLiteral("beacon 314120000 9579"));
+    main.perform(open);
     auto& search = static_cast<TxSearch&>(*main.bench().tools.find(Tool::frm_TxSearch));
     search.CHK_Search.tick(true);
     search.SpanFrom.type("312");

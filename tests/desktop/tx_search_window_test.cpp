@@ -54,10 +54,19 @@ TEST_P(TxSearchWindow, UnfoldsWithAllItsElementsAndFoldsAgain) {
     ASSERT_NE(start, nullptr);
     EXPECT_TRUE(start->isEnabled());
 
+    // What is a setting now looks like one, and the tab key stops there.
+    auto* band = window.content().findChild<QWidget*>(QStringLiteral("FreqBand"));
+    auto* rate = window.content().findChild<QWidget*>(QStringLiteral("DataRate"));
+    ASSERT_TRUE(band != nullptr && rate != nullptr);
+    EXPECT_EQ(band->palette().color(QPalette::Base), rate->palette().color(QPalette::Base));
+    EXPECT_EQ(band->focusPolicy(), Qt::StrongFocus);
+
     ASSERT_TRUE(search->CHK_Search.tick(false));
     QCoreApplication::processEvents();
     EXPECT_EQ(window.shell().size(), folded);
     EXPECT_FALSE(start->isEnabled());
+    EXPECT_EQ(band->focusPolicy(), Qt::ClickFocus);
+    EXPECT_NE(band->palette().color(QPalette::Base), rate->palette().color(QPalette::Base));
 }
 
 TEST_P(TxSearchWindow, TheLongestEndOfASearchIsNotClipped) {

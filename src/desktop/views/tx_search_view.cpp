@@ -40,7 +40,7 @@ QWidget* txSearchView(Form& form) {
              }),
              column({group(s.FR_Searching, {line(labelled("AFC", field(s.AFC_Value, 10), "kHz")),
                                             line(labelled("Frequency", field(s.Freq_Value, 10), "MHz"))})})}),
-        line(tick(s.CHK_Search), stretch(), button(s.PB_START)),
+        line(tick(s.CHK_Search), stretch(), strongButton(s.PB_START)),
         searchArea(s),
     });
 }

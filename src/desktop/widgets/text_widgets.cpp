@@ -272,14 +272,23 @@ QWidget* field(TextField& element, int columns) {
     auto* line = new LineField(columns);
     line->setAlignment(Qt::AlignRight);
     line->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    if (element.readOnly()) {
-        // A result, not a setting: it looks like the ground it stands on, and the tab key passes it by.
-        QPalette palette = line->palette();
-        palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+    // A result, not a setting, looks like the ground it stands on, and the tab key passes it by.
+    auto showKind = [line, &element, setting = true]() mutable {
+        if (setting == !element.readOnly()) {
+            return;
+        }
+        setting = !element.readOnly();
+        QPalette palette;
+        if (!setting) {
+            palette = line->palette();
+            palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+        }
         line->setPalette(palette);
-        line->setFocusPolicy(Qt::ClickFocus);
-    }
+        line->setFocusPolicy(setting ? Qt::StrongFocus : Qt::ClickFocus);
+    };
+    showKind();
     Binding& binding = bindLine(*line, element);
+    binding.follow(element.changed, showKind);
     new CommaKey(*line);
     auto showPlaceholder = [line, &element] { line->setPlaceholderText(toQt(element.placeholder())); };
     binding.follow(element.changed, showPlaceholder);
