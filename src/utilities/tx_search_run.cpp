@@ -268,11 +268,8 @@ Exchange SearchRun::exchange(const std::string& line) {
     if (isOver || restoring) {
         return result;
     }
-    if (result.portGone()) {
-        ending = End::PortGone;
-        finish();
-    } else if (!claim.held()) {
-        // The search for boards has taken the port.
+    // The search for boards may have taken the port.
+    if (result.portGone() || !claim.held()) {
         ending = End::PortGone;
         finish();
     } else if (!ending && result.outcome == Exchange::Outcome::TimedOut) {
