@@ -2,7 +2,7 @@
 // The generator's files: the dialog, what is done about a name, and what is remembered of it.
 #include "headergen/frm_gen_header.h"
 
-#include "host/files.h"
+#include "host/file_backup.h"
 #include "support/error.h"
 #include "support/file_name.h"
 
@@ -60,7 +60,7 @@ void Frm_GenHeader::PB_SaveAgain_Click() {
 
 void Frm_GenHeader::save(const std::string& name) {
     try {
-        writeFileWhole(name, TB_Header.text() + "\r\n");
+        saveUserFile(name, TB_Header.text() + "\r\n");
     } catch (const ToolError& error) {
         bench.tellFileError(error, saveErrorTitle, "Please try again");
         return;

@@ -2,7 +2,7 @@
 #include "link/plot_file.h"
 
 #include "elements/plot.h"
-#include "host/files.h"
+#include "host/file_backup.h"
 #include "link/bench.h"
 #include "support/error.h"
 #include "support/file_name.h"
@@ -37,7 +37,7 @@ void savePlot(const Bench& bench, const Plot& plot, const std::string& title) {
                                                .filter = "Pictures (*.png)|*.png|Values (*.csv)|*.csv",
                                                .defaultExtension = "png"});
         if (choice.name != pattern) {
-            writeFileWhole(choice.name, bytesFor(plot, choice.name));
+            saveUserFile(choice.name, bytesFor(plot, choice.name));
         }
     } catch (const ToolError& error) {
         bench.tellFileError(error, "File save error", "Please try again");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/batch_page.h"
 
-#include "host/files.h"
+#include "host/file_backup.h"
 #include "registertool/cell_values.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
@@ -266,7 +266,7 @@ void BatchPage::SaveBatch_Click() {
         if (!script.empty() && !script.ends_with(textLineEnd)) {
             script += textLineEnd;
         }
-        writeFileWhole(*name, std::string(titleMark) + batch.BatchName.text() + textLineEnd + script);
+        saveUserFile(*name, std::string(titleMark) + batch.BatchName.text() + textLineEnd + script);
     });
 }
 

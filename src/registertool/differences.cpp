@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/differences.h"
 
-#include "host/files.h"
+#include "host/file_backup.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
@@ -161,7 +161,7 @@ void Differences::SaveListed_Click() {
              .defaultExtension = "txt"});
         if (choice.name != listPattern) {
             bool isTable = !extensionDiffers(choice.name, "csv") && pathOf(choice.name).has_extension();
-            writeFileWhole(choice.name, isTable ? table() : configuration());
+            saveUserFile(choice.name, isTable ? table() : configuration());
         }
     });
 }

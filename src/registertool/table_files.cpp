@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/table_files.h"
 
+#include "host/file_backup.h"
 #include "host/files.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
@@ -171,7 +172,7 @@ void TableFiles::Export_Click() {
             return;
         }
         RegisterList list = listToExport();
-        writeFileWhole(choice.name, registerTable(list));
+        saveUserFile(choice.name, registerTable(list));
         tool.report.say(counted(list.chips.size(), "chip") + " exported");
     });
 }

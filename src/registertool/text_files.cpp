@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/text_files.h"
 
-#include "host/files.h"
+#include "host/file_backup.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
@@ -71,7 +71,7 @@ void TextFiles::saveRegisters(const std::string& query) {
             text += rows->value("Address").value_or(std::string()) + "," +
                     rows->value("HexValue").value_or(std::string()) + textLineEnd;
         }
-        writeFileWhole(*name, text);
+        saveUserFile(*name, text);
     });
 }
 
@@ -136,7 +136,7 @@ void TextFiles::SaveGUI_Click() {
         for (const MacroRow& row : tool.macros.rows) {
             text += row.M_Address.text() + textLineEnd;
         }
-        writeFileWhole(*name, text);
+        saveUserFile(*name, text);
     });
 }
 
@@ -175,7 +175,7 @@ void TextFiles::saveFifo(FifoPage::Column column, const std::string& title) {
             text +=
                 tool.fifo.value(column, static_cast<std::size_t>(row)).value_or(std::string()) + textLineEnd;
         }
-        writeFileWhole(*name, text);
+        saveUserFile(*name, text);
     });
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "rftools/received_packets.h"
 
-#include "host/files.h"
+#include "host/file_backup.h"
 #include "link/connect.h"
 #include "link/plot_file.h"
 #include "support/error.h"
@@ -262,7 +262,7 @@ void ReceivedPackets::save() {
                                                .filter = "Values (*.csv)|*.csv|All files (*.*)|*.*",
                                                .defaultExtension = "csv"});
         if (choice.name != filePattern) {
-            writeFileWhole(choice.name, csv());
+            saveUserFile(choice.name, csv());
         }
     } catch (const ToolError& error) {
         bench.tellFileError(error, "File save error", "Please try again");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/mac_sniffer.h"
 
-#include "host/files.h"
+#include "host/file_backup.h"
 
 namespace zor {
 
@@ -116,7 +116,7 @@ void MacSniffer::Save_Click() {
                                                .filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*",
                                                .defaultExtension = "txt"});
         if (choice.name != textPattern) {
-            writeFileWhole(choice.name, Incoming.contents());
+            saveUserFile(choice.name, Incoming.contents());
         }
     } catch (const ToolError& error) {
         bench.tellFileError(error, "File save error");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/terminal.h"
 
+#include "host/file_backup.h"
 #include "host/files.h"
 #include "link/connect.h"
 #include "support/lines.h"
@@ -171,7 +172,7 @@ void Terminal::SaveScript_Click() {
         FileChoice choice =
             bench.platform.dialogs.chooseFile(scriptDialog(FileRequest::Mode::Save, "Save Script File"));
         if (choice.name != scriptPattern) {
-            writeFileWhole(choice.name, Script.text());
+            saveUserFile(choice.name, Script.text());
         }
     } catch (const ToolError& error) {
         bench.tellFileError(error, "File save error");
@@ -201,7 +202,7 @@ void Terminal::SaveLog_Click() {
         FileRequest request = scriptDialog(FileRequest::Mode::Save, "Save Terminal Log");
         FileChoice choice = bench.platform.dialogs.chooseFile(request);
         if (choice.name != scriptPattern) {
-            writeFileWhole(choice.name, Text1.withRemarks());
+            saveUserFile(choice.name, Text1.withRemarks());
             bench.notice("Saved " + choice.name);
         }
     } catch (const ToolError& error) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/wire_log.h"
 
-#include "host/files.h"
+#include "host/file_backup.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -326,7 +326,7 @@ void WireLog::Save_Click() {
         }
         std::string name = choice.name;
         bool table = name.size() > 4 && holds(name.substr(name.size() - 4), ".csv");
-        writeFileWhole(name, table ? asCsv() : asText());
+        saveUserFile(name, table ? asCsv() : asText());
         bench.notice("Saved " + name);
     } catch (const ToolError& error) {
         bench.tellFileError(error, "File save error");
