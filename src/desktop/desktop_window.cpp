@@ -74,6 +74,10 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm, Screens screens)
     Binding::of(notice)->follow(main.Notice.changed,
                                 [this, notice] { announce(*notice, toQt(main.Notice.caption())); });
     statusBar()->addWidget(notice, 1);
+    statusBar()->addPermanentWidget(label(main.kept.KeptOffer));
+    statusBar()->addPermanentWidget(button(main.kept.KeptBring));
+    statusBar()->addPermanentWidget(button(main.kept.KeptDismiss));
+    statusBar()->addPermanentWidget(list(main.menu.edit.Steps, 30));
     statusBar()->addPermanentWidget(button(main.Undo));
     statusBar()->addPermanentWidget(button(main.linkBar.Reconnect));
     setAcceptDrops(true);

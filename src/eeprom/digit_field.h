@@ -13,6 +13,7 @@ class DigitField : public TextField {
 
     /// Puts a text there as it is; the filter is for the user's changes.
     void put(std::string text);
+    void putBack(std::string text) override { put(std::move(text)); }
     /// What the filter leaves in place of nothing.
     void setEmptied(std::string text) { emptied = std::move(text); }
     /// Switches the filter on and off: a field may show characters instead.

@@ -81,6 +81,7 @@ ECET::ECET(Bench& ownBench)
     broughtToFront = activated.subscribe([this] { readAll(); });
     showFrames();
     (void)commands();
+    beginHistory(*this);
 }
 
 Frm_CmdSequence& ECET::commands() {

@@ -6,6 +6,7 @@
 #include "elements/button.h"
 #include "elements/coloured_log.h"
 #include "elements/form.h"
+#include "elements/history.h"
 #include "elements/tab_strip.h"
 #include "elements/text_field.h"
 #include "link/bench.h"
@@ -19,7 +20,7 @@ namespace zor {
 
 /// Composes what a stand-alone transmitter does at each of seven events, and joins the seven routines into
 /// the image of its EEPROM. The image goes to the board and to files through the EEPROM programmer.
-class ECET final : public Form, private CommandTarget {
+class ECET final : public Form, public Undoable, private CommandTarget {
   public:
     explicit ECET(Bench& ownBench);
 
@@ -34,6 +35,14 @@ class ECET final : public Form, private CommandTarget {
     Button PB_ClearLog;
     /// How large the image is.
     Label ImageSize;
+
+    // What can be undone: the texts of the events and the image, what is locked of them, and how a payload is
+    // shown. The log tells what happened, and stays.
+    [[nodiscard]] Aspects keptAspects(const Element& element) const override;
+    [[nodiscard]] bool isSetting(const Element& element) const override;
+    [[nodiscard]] KeptParts keptParts() override;
+    [[nodiscard]] std::string settingCaption(const Element& element) const override;
+    [[nodiscard]] bool buttonsNameSteps() const override { return true; }
 
     /// @param event  from 0
     [[nodiscard]] EventTab& tab(int event) const { return *tabs[static_cast<std::size_t>(event)]; }

@@ -69,6 +69,15 @@ Eeprom::Eeprom(Bench& ownBench)
     }
     wire();
     bench.windows.EEPROMon = true;
+    beginHistory(*this);
+}
+
+Aspects Eeprom::keptAspects(const Element& element) const {
+    if (isSetting(element)) {
+        return keepsContent;
+    }
+    bool ofTheFile = &element == &Label2 || &element == &Label3 || &element == &Label5 || &element == &Label7;
+    return ofTheFile ? keepsVisible | keepsCaption : keepsNothing;
 }
 
 Eeprom::~Eeprom() {

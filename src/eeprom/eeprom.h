@@ -5,6 +5,7 @@
 #include "elements/button.h"
 #include "elements/cell_picture.h"
 #include "elements/form.h"
+#include "elements/history.h"
 #include "elements/label.h"
 #include "elements/range.h"
 #include "elements/text_field.h"
@@ -37,7 +38,7 @@ namespace zor {
 ///
 ///     StopButton, from any step --> stopped --> stopTold
 ///     a tick without the success prompt --> lost; a second one in a row ends the run
-class Eeprom : public Form {
+class Eeprom : public Form, public Undoable {
   public:
     explicit Eeprom(Bench& ownBench);
     ~Eeprom() override;
@@ -71,6 +72,14 @@ class Eeprom : public Form {
     /// How far a run is, and how long it may still take.
     Label RunProgress;
     Button StopButton;
+
+    // What can be undone: the image's text, and which file it came from.
+    [[nodiscard]] Aspects keptAspects(const Element& element) const override;
+    [[nodiscard]] bool isSetting(const Element& element) const override { return &element == &WorkSheet; }
+    [[nodiscard]] KeptParts keptParts() override { return {keptPart(Filepreamble)}; }
+    [[nodiscard]] std::string settingCaption(const Element&) const override { return "Text"; }
+    [[nodiscard]] std::string actionName() override { return std::exchange(nameOfAction, {}); }
+    [[nodiscard]] bool buttonsNameSteps() const override { return true; }
 
     /// loadeefile's action. @return whether a file was loaded; if not, the reason was told
     bool loadFile();
@@ -171,6 +180,8 @@ class Eeprom : public Form {
     Subscription caretMoved;
 
     std::string Filepreamble{customaryPreamble};
+    /// What the action in hand does to the text; empty for most.
+    std::string nameOfAction;
     /// The digits that are programmed, and that a verification compares.
     std::string EEprogData;
     /// The digits read from the device.

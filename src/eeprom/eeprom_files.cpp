@@ -2,6 +2,7 @@
 // The programmer's files: ASCII-hex images, and those that other tools make.
 #include "eeprom/eeprom.h"
 #include "eeprom/foreign_image.h"
+#include "host/file_backup.h"
 #include "host/files.h"
 #include "support/error.h"
 #include "support/file_name.h"
@@ -97,6 +98,7 @@ bool Eeprom::loadFile() {
 }
 
 void Eeprom::takeFile(std::string text, const std::string& name) {
+    nameOfAction = "Load " + std::filesystem::path(name).filename().string();
     WorkSheet.setText(std::move(text));
     showFile();
     setFileTitle(name);
@@ -112,7 +114,7 @@ bool Eeprom::saveFile() {
         std::optional<std::string> name =
             chooseSaveName(imageRequest(bench, FileRequest::Mode::Save, "Save EEPROM File"));
         if (name) {
-            writeFileWhole(*name, imageFileBytes(Filepreamble, WorkSheet.text()));
+            saveUserFile(*name, imageFileBytes(Filepreamble, WorkSheet.text()));
             setFileTitle(*name);
         }
         showFile();
@@ -155,7 +157,7 @@ void Eeprom::exportFile() {
         std::optional<std::string> name =
             chooseSaveName(foreignRequest(bench, FileRequest::Mode::Save, "Export EEPROM image"));
         if (name) {
-            writeFileWhole(*name, foreignImageBytes(hexDigits(WorkSheet.text()), lowerExtension(*name)));
+            saveUserFile(*name, foreignImageBytes(hexDigits(WorkSheet.text()), lowerExtension(*name)));
         }
     } catch (const ToolError& error) {
         bench.tellFileError(error, saveErrorTitle, saveErrorClosing);

@@ -395,7 +395,11 @@ void Eeprom::endReading() {
 
 void Eeprom::fillFromDevice() {
     deviceDigits = EEreadData;
+    // A step of its own, whatever was being typed.
+    history()->settle();
+    nameOfAction = "Read from the device";
     WorkSheet.setText(shownImage(EEreadData));
+    history()->settle();
     showMemory();
 }
 

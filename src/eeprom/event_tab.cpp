@@ -209,6 +209,14 @@ void EventTab::showAs(View wanted) {
     TB_Payload.put(std::move(text));
 }
 
+KeptPart EventTab::keptView() {
+    return {[this] { return KeptValue(static_cast<std::int32_t>(view)); },
+            [this](const KeptValue& kept) {
+                view = static_cast<View>(std::get<std::int32_t>(kept));
+                TB_Payload.setFiltered(view == View::Hex);
+            }};
+}
+
 void EventTab::inHexView(const std::function<void()>& action) {
     View kept = view;
     showAs(View::Hex);

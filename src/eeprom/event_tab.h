@@ -7,6 +7,7 @@
 #include "elements/colour.h"
 #include "elements/coloured_log.h"
 #include "elements/grid.h"
+#include "elements/history.h"
 #include "elements/label.h"
 #include "elements/options.h"
 #include "elements/tick_box.h"
@@ -103,6 +104,8 @@ class EventTab {
     void read();
     /// The digits of the command that is picked in the reading; nullptr if none is.
     [[nodiscard]] const RoutineCommand* picked() const;
+    /// How the payload is shown, for the steps back.
+    [[nodiscard]] KeptPart keptView();
     /// Writes a line to the log with the event's name behind it.
     void logWithCaption(LogColour colour, const std::string& text) const;
 

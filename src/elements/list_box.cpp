@@ -85,6 +85,15 @@ void ListBox::setEntryTips(std::vector<std::string> newTips) {
     changed.emit();
 }
 
+void ListBox::putBack(std::vector<std::string> oldEntries, std::string text, int oldPosition,
+                      const std::vector<int>& codes) {
+    items = std::move(oldEntries);
+    shownText = std::move(text);
+    selected = oldPosition;
+    putCodesBehind(codes);
+    changed.emit();
+}
+
 bool ListBox::chooseText(std::string_view entry) {
     return choosePosition(find(entry));
 }

@@ -42,12 +42,22 @@ class ListBox : public Element {
     [[nodiscard]] const std::vector<std::string>& entryTips() const { return tips; }
     void setEntryTips(std::vector<std::string> newTips);
 
+    /// What a kind of list keeps behind its entries, for putBack.
+    [[nodiscard]] virtual std::vector<int> codesBehind() const { return {}; }
+    /// Makes the list what it was once: its entries, what it showed, and what stood behind that. No action
+    /// runs.
+    void putBack(std::vector<std::string> oldEntries, std::string text, int position,
+                 const std::vector<int>& codes);
+
     bool chooseText(std::string_view entry) override;
     bool choosePosition(int entryPosition) override;
 
     /// Whoever lives by the choice hears of it before the window's own action.
     Signal<> chosen;
     std::function<void()> onChange;
+
+  protected:
+    virtual void putCodesBehind(const std::vector<int>&) {}
 
   private:
     void runAction();

@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace zor {
 
@@ -18,6 +19,8 @@ class TextField : public Element {
     [[nodiscard]] std::string text() const override { return content; }
     /// Puts a text there; no action runs.
     void setText(std::string text);
+    /// Makes the text what it was once; a field that looks at what was typed takes it as its last text too.
+    virtual void putBack(std::string text) { setText(std::move(text)); }
 
     [[nodiscard]] bool readOnly() const { return isReadOnly; }
     void setReadOnly(bool readOnly);

@@ -39,6 +39,12 @@ class RegisterEditor {
     /// Picks the first row of an address again.
     void findAgain(const std::string& address, Editor editor);
 
+    // For the steps back: all values of the table, and the one that is being edited, empty if none is.
+    [[nodiscard]] std::string keptValues() const;
+    void putValues(const std::string& text);
+    [[nodiscard]] std::string keptEdit() const;
+    void putEdit(const std::string& text);
+
   private:
     /// What a register shows, its marks included.
     [[nodiscard]] GridRow cellsOf(const Setting& setting) const;

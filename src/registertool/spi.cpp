@@ -96,6 +96,8 @@ SPI::SPI(Bench& ownBench)
     filter.onChange = [this] { guarded([this] { filterChanged(); }); };
     filter.onReread = [this] { guarded([this] { table.rereadShown(); }); };
     TabStrip1_Click();
+    valueStored = table.stored.subscribe([this](std::size_t) { editor.SettingsDataGrid.changed.emit(); });
+    beginHistory(*this);
     // Its failure is told over the open window.
     opening = bench.desk.opened.subscribe([this](Form& form) {
         if (&form == this && !store) {
@@ -190,6 +192,7 @@ void SPI::detachStore() {
     editor.forbid();
     status.forget();
     store.reset();
+    history()->forget();
 }
 
 void SPI::openStore() {
@@ -261,6 +264,8 @@ void SPI::showChip() {
     macros.reset();
     whole.ProgressBar1.putValue(0);
     Notes.setText(ChipSelect.text() + ", " + today());
+    // The steps were another chip's.
+    history()->forget();
 }
 
 void SPI::TabStrip1_Click() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "elements/form.h"
+#include "elements/history.h"
 #include "elements/tab_strip.h"
 #include "link/bench.h"
 #include "link/connect.h"
@@ -35,7 +36,7 @@ namespace zor {
 /// Choosing a chip copies its registers from the master tables into the worktables; all else reads and writes
 /// the worktables, so that the database shows what the tool believes the chip holds. A store that fails is
 /// told once and leaves the tool open and empty.
-class SPI : public Form {
+class SPI : public Form, public Undoable {
   public:
     explicit SPI(Bench& ownBench);
     ~SPI() override;
@@ -68,6 +69,17 @@ class SPI : public Form {
     Swatch nodata;
     Swatch Blue;
     Swatch LightGray;
+
+    // What can be undone: the registers' values and the editor's.
+    [[nodiscard]] Aspects keptAspects(const Element& element) const override {
+        return isSetting(element) ? keepsContent : keepsNothing;
+    }
+    [[nodiscard]] bool isSetting(const Element& element) const override;
+    [[nodiscard]] std::string settingCaption(const Element&) const override { return "Register"; }
+    [[nodiscard]] ElementState takeElement(const Element& element, Aspects aspects) const override;
+    void putElement(Element& element, const ElementState& state, Aspects aspects) override;
+    [[nodiscard]] std::string changeName(const Element& element, const ElementState& before,
+                                         const ElementState& after) const override;
 
     /// The number of the page that is up, from 1.
     int CurrentTab = 1;
@@ -130,6 +142,7 @@ class SPI : public Form {
     std::unique_ptr<RecordSource> Chips;
     std::unique_ptr<RecordSource> Registers;
     Subscription opening;
+    Subscription valueStored;
     void runWaiting();
 
     RegisterNaming naming;

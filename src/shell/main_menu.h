@@ -2,6 +2,7 @@
 #pragma once
 
 #include "elements/menu.h"
+#include "shell/edit_menu.h"
 #include "shell/panel_menu.h"
 #include "shell/recent_menu.h"
 #include "shell/window_menu.h"
@@ -18,6 +19,8 @@ struct MainMenu {
     MenuEntry mnuFilePreferences;
     RecentMenu recent;
     MenuEntry mnuFileExit;
+
+    EditMenu edit;
 
     MenuEntry View;
     MenuEntry mnuViewTx0;

@@ -46,6 +46,7 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , reconnect(ownBench, linkBar, link, boardChoice, channel)
     , tools(ownBench)
     , registry(ownBench, menu, {TX, RX, TRX, EE})
+    , kept(*this, ownBench, registry)
     , workspace(ownBench)
     , columnMemory(ownBench)
     , FactoryModeTimer(platform.loop, [this] { FactoryModeTimer_Timer(); }) {
@@ -137,6 +138,13 @@ void MainWindow::wireMenu() {
     menu.recent.show(ownBench.recentFiles);
     menu.panel.wire(ownBench);
     listen(menu.windows.changed, [this] { menu.panel.refresh(ownBench); });
+    menu.edit.furtherUndo = [this] {
+        return Undo.visible() ? "Undo closing " + discardedChip : std::string();
+    };
+    menu.edit.onFurtherUndo = [this] { registry.restoreDiscarded(); };
+    menu.edit.wire(ownBench);
+    listen(Undo.changed, [this] { menu.edit.refresh(); });
+    listen(menu.windows.changed, [this] { menu.edit.refresh(); });
     onDoubleClick = [this] { factoryGesture(); };
 }
 
@@ -195,6 +203,7 @@ void MainWindow::start() {
     ownBench.link.CurrentDrive = ownBench.link.CurrentPath.substr(0, 2);
     ownBench.link.port.endStart();
     linkBar.LoadBoard.setText("not found");
+    kept.look();
     try {
         readPreferences(ownBench);
         EnablePanelButtons(false);
@@ -218,9 +227,9 @@ void MainWindow::startSearch() {
 }
 
 void MainWindow::EnablePanelButtons(bool flag) {
-    for (Element* element :
-         {static_cast<Element*>(&TX), static_cast<Element*>(&RX), static_cast<Element*>(&TRX),
-          static_cast<Element*>(&menu.View), static_cast<Element*>(&menu.Tools)}) {
+    for (Element* element : {static_cast<Element*>(&TX), static_cast<Element*>(&RX),
+                             static_cast<Element*>(&TRX), static_cast<Element*>(&menu.View),
+                             static_cast<Element*>(&menu.Tools), static_cast<Element*>(&kept.KeptBring)}) {
         element->setEnabled(flag);
     }
     if (flag && !waitingFile.empty()) {
@@ -427,6 +436,7 @@ void MainWindow::browse(const std::string& folder, const std::string& title) {
 }
 
 void MainWindow::unload() {
+    kept.end();
     registry.closeAtExit();
     try {
         channel.closeOnPurpose();

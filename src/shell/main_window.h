@@ -17,6 +17,7 @@
 #include "link/wire_recorder.h"
 #include "shell/column_memory.h"
 #include "shell/foot_line.h"
+#include "shell/kept_settings.h"
 #include "shell/main_menu.h"
 #include "shell/panel_registry.h"
 #include "shell/tool_windows.h"
@@ -120,6 +121,12 @@ class MainWindow : public Form {
     zor::Reconnect reconnect;
     ToolWindows tools;
     PanelRegistry registry;
+
+  public:
+    /// What a run that ended badly has left, and what this one keeps.
+    KeptSettings kept;
+
+  private:
     Workspace workspace;
     ColumnMemory columnMemory;
     Timer FactoryModeTimer;

@@ -58,6 +58,8 @@ struct PanelRegistry::Discarded {
     PanelMemory memory;
     /// The chip keeps its words as long as the port stays open.
     Subscription portClosing;
+    /// It is of a run before: what files hold for all panels comes back with it.
+    bool ofAnotherRun = false;
 };
 
 /// A bar button and what it remembers.
@@ -258,8 +260,11 @@ ChipPanel& PanelRegistry::ensure(Slot& slot) {
             // The file's lines bring shared values too; those are of now, not of then.
             PreferenceValues kept = bench.preferences;
             restoring->memory.putTo(panel);
-            bench.preferences = kept;
+            if (!restoring->ofAnotherRun) {
+                bench.preferences = kept;
+            }
             bench.showSupply();
+            panel.history()->forget();
         }
     } catch (...) {
         // A load that was dropped leaves a panel half filled; the next opening makes a whole one.
@@ -286,6 +291,7 @@ void PanelRegistry::show(Slot& slot) {
     if (fresh) {
         // The regional variant has a band of its own to begin with.
         slot.loaded = std::make_unique<PanelMemory>(panel);
+        panel.history()->forget();
     }
     panel.show();
     panel.setFocus(&panel.ConfLoad);
@@ -399,6 +405,51 @@ void PanelRegistry::restoreDiscarded() {
     Marked restoring(restoresNext);
     TogglePanel(slot.row.name, false);
     undoLost.emit();
+}
+
+std::optional<PanelRegistry::Kept> PanelRegistry::keepOpen() {
+    for (const auto& slot : slots) {
+        if (slot->panel && slot->panel->isOpen() && slot->loaded) {
+            PanelMemory memory(*slot->panel);
+            if (!memory.sameSettings(*slot->loaded)) {
+                bool variant = slot->row.viewBijaku != nullptr && bench.IsBijakuModeSet();
+                return Kept{std::string(slot->row.name), variant, memory.written()};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+bool PanelRegistry::knows(std::string_view panel) const {
+    return std::any_of(slots.begin(), slots.end(), [panel](const auto& slot) {
+        return slot->row.name == panel && slot->row.make != nullptr;
+    });
+}
+
+std::string PanelRegistry::chipOf(std::string_view panel, bool bijaku) const {
+    for (const PanelChoice& choice : panelChoices()) {
+        if (choice.panel == panel && (choice.variant == Variant::Bijaku) == bijaku) {
+            return choice.caption;
+        }
+    }
+    return std::string(panel);
+}
+
+void PanelRegistry::restoreKept(const Kept& kept) {
+    PanelMemory memory{std::string_view(kept.memory)};
+    Slot& slot = slotOf(kept.panel);
+    if (slot.panel) {
+        // What is in it now stays a step back.
+        if (!slot.panel->isOpen()) {
+            TogglePanel(kept.panel, false);
+        }
+        if (slot.panel) {
+            memory.putTo(*slot.panel);
+        }
+        return;
+    }
+    discarded = std::make_unique<Discarded>(Discarded{slot, kept.bijaku, std::move(memory), {}, true});
+    restoreDiscarded();
 }
 
 void PanelRegistry::panelClosed(Slot& slot) {

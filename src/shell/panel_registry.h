@@ -6,6 +6,8 @@
 #include "shell/panel_table.h"
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -53,6 +55,21 @@ class PanelRegistry {
     Signal<> undoLost;
     /// Brings the panel that was discarded last back as it was.
     void restoreDiscarded();
+
+    /// What can be kept of a panel beyond the run.
+    struct Kept {
+        std::string panel;
+        bool bijaku = false;
+        /// As PanelMemory writes it.
+        std::string memory;
+    };
+    /// The open panel; nothing if there is none, or it is as it was opened.
+    [[nodiscard]] std::optional<Kept> keepOpen();
+    [[nodiscard]] bool knows(std::string_view panel) const;
+    /// The chip of a panel, its regional variant as that.
+    [[nodiscard]] std::string chipOf(std::string_view panel, bool bijaku) const;
+    /// Opens the panel as it was kept. Throws ToolError if that cannot be read; nothing has changed then.
+    void restoreKept(const Kept& kept);
 
     /// The chip whose files have that extension, its case aside; empty if there is none.
     [[nodiscard]] static std::string chipOfFile(const std::string& path);

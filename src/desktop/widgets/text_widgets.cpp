@@ -67,6 +67,32 @@ class CommaKey : public QObject {
     }
 };
 
+/// While something is being typed, the field takes it back key by key itself. At any other time the keys for
+/// it go on to the window's own steps.
+class UndoKeys : public QObject {
+  public:
+    UndoKeys(QWidget& owner, Binding& fieldBinding)
+        : QObject(&owner)
+        , binding(fieldBinding) {
+        owner.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() != QEvent::ShortcutOverride) {
+            return QObject::eventFilter(watched, event);
+        }
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        bool steps =
+            key.modifiers() == Qt::ControlModifier && (key.key() == Qt::Key_Z || key.key() == Qt::Key_Y);
+        const auto* field = elementOf<TextField>(binding);
+        // Swallowed without being accepted, the key is a shortcut.
+        return steps && field != nullptr && !field->typedIn();
+    }
+
+  private:
+    Binding& binding;
+};
+
 /// The key that a locked field is asked about; 0 for one that only moves or copies.
 char typedKey(const QKeyEvent& key) {
     if (isEnter(key)) {
@@ -191,6 +217,7 @@ int caretIn(const TextField& held, Lines lines) {
 Binding& bindLine(LineField& line, TextField& element) {
     auto* binding = new Binding(element, line);
     new FieldKeys(line, *binding);
+    new UndoKeys(line, *binding);
     binding->followFocus();
     new LockedFieldActions(line, line, *binding);
     QObject::connect(&line, &QLineEdit::textEdited, binding, [binding, &line](const QString& text) {
@@ -241,6 +268,7 @@ void bindArea(QPlainTextEdit& area, TextField& element) {
     auto* binding = new Binding(element, area);
     binding->followFocus();
     new LockedFieldActions(area, *area.viewport(), *binding);
+    new UndoKeys(area, *binding);
     QObject::connect(&area, &QPlainTextEdit::textChanged, binding, [binding, &area] {
         binding->gesture([&] {
             putEdited(*elementOf<TextField>(*binding), rawText(area), area.textCursor().position(),

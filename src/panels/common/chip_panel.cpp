@@ -256,6 +256,7 @@ void ChipPanel::load(AutoLoad autoLoad) {
         word->rebuild();
     }
     LabelCalibration.setVisible(false);
+    calibratedBand = BandCode;
     if (autoLoad == AutoLoad::AsPreferred && bench.preferences.Pref_CCautoLoad == 1) {
         ConfLoad_Click();
     }
@@ -263,6 +264,7 @@ void ChipPanel::load(AutoLoad autoLoad) {
     RepStatusReadTimer.setInterval(Bench::GetRepetitiveStatusReadInterval());
     SRVisualTimer.setInterval(Bench::GetRepetitiveStatusReadMarkInterval());
     ReadStatus.takesFocusOnClick = Bench::StopRepStReadOnLostFocus();
+    beginHistory(*this);
 }
 
 void ChipPanel::hidden() {
@@ -378,6 +380,8 @@ void ChipPanel::CalibratePLL_Click() {
     calibrate();
     if (!LabelUpdate.visible()) {
         LabelCalibration.setVisible(false);
+        ++calibrations;
+        calibratedBand = BandCode;
     }
 }
 

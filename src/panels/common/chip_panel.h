@@ -3,6 +3,7 @@
 
 #include "elements/button.h"
 #include "elements/form.h"
+#include "elements/history.h"
 #include "elements/label.h"
 #include "elements/menu.h"
 #include "elements/options.h"
@@ -32,7 +33,7 @@ class Forecast;
 ///
 /// Created by the panel registry, filled by load() before it is shown. Hiding keeps everything; closing
 /// unloads it.
-class ChipPanel : public Form {
+class ChipPanel : public Form, public Undoable {
     // Older than the options that join them.
     OptionGroup crystalGroup;
     OptionGroup bandGroup;
@@ -83,6 +84,18 @@ class ChipPanel : public Form {
     void setUsedFile(UsedFile file);
     /// What the settings come to; there once the panel has been loaded.
     [[nodiscard]] Forecast& forecast() const { return *ownForecast; }
+
+    // What of the panel can be undone.
+    [[nodiscard]] Aspects keptAspects(const Element& element) const override;
+    [[nodiscard]] bool isSetting(const Element& element) const override;
+    [[nodiscard]] KeptParts keptParts() override;
+    [[nodiscard]] std::string settingCaption(const Element& element) const override;
+    [[nodiscard]] std::string actionName() override;
+    void putElement(Element& element, const ElementState& state, Aspects aspects) override;
+    void elementsPutBack(const std::vector<Element*>& elements) override;
+    [[nodiscard]] Marks takeMarks() const override;
+    void putMarks(const Marks& marks) override;
+
     /// The chip that the panel shows now ("KT1100B").
     [[nodiscard]] std::string chip() const { return title().substr(0, title().find(' ')); }
 
@@ -297,6 +310,11 @@ class ChipPanel : public Form {
     std::vector<ScaledList*> scaledLists;
     std::vector<Subscription> wordSubscriptions;
     UsedFile used;
+    /// What the action in hand is called beside the settings that it changes; empty for most.
+    std::string nameOfAction;
+    /// How often the chip was calibrated, and in which band it was last.
+    std::uint64_t calibrations = 0;
+    std::int32_t calibratedBand = 0;
     std::vector<Subscription> settingSubscriptions;
     /// A look at the settings is due; lets it notice that the panel has gone.
     std::shared_ptr<bool> lookDue = std::make_shared<bool>(false);

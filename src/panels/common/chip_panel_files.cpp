@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The panel's configuration files: the dialogs, what is done about a file's name, what follows a load.
 #include "elements/range.h"
+#include "host/file_backup.h"
 #include "host/files.h"
 #include "link/commands.h"
 #include "link/connect.h"
@@ -68,7 +69,7 @@ void ChipPanel::ConfSave_Click() {
             // The dialog has asked about the name it gave, not about the one made of it.
             if (name == *chosen || mayReplace(bench.platform.dialogs, name)) {
                 std::string content = savedConfiguration();
-                writeFileWhole(name, content);
+                saveUserFile(name, content);
                 setUsedFile({name, std::move(content)});
                 bench.recentFiles.use(name);
                 bench.notice("Saved " + name);
@@ -102,6 +103,7 @@ void ChipPanel::loadFile(const std::string& path) {
 
 void ChipPanel::takeFile(const std::string& path) {
     readConfiguration(readFile(path));
+    nameOfAction = "Load " + std::filesystem::path(path).filename().string();
     // In force; what the board says to the supply does not change that.
     setUsedFile({path, savedConfiguration()});
     bench.recentFiles.use(path);

@@ -45,6 +45,17 @@ void CodeList::takeCode() {
     }
 }
 
+std::vector<int> CodeList::codesBehind() const {
+    std::vector<int> kept = codes;
+    kept.push_back(ownCode);
+    return kept;
+}
+
+void CodeList::putCodesBehind(const std::vector<int>& kept) {
+    codes.assign(kept.begin(), kept.end() - 1);
+    ownCode = kept.back();
+}
+
 ScaledList::ScaledList(Form& owner, std::string name, std::vector<double> atStandardCrystal,
                        int rowAfterRebuild, Coding coding)
     : CodeList(owner, std::move(name))

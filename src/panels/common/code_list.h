@@ -34,6 +34,12 @@ class CodeList : public ListBox {
     /// For a list whose code comes from the text itself; nothing keeps the code.
     std::function<std::optional<int>(const std::string& text)> codeOfText;
 
+    /// The entries' codes, and behind them the one in force.
+    [[nodiscard]] std::vector<int> codesBehind() const override;
+
+  protected:
+    void putCodesBehind(const std::vector<int>& kept) override;
+
   private:
     void takeCode();
 

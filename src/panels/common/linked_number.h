@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/history.h"
 #include "elements/signal.h"
 #include "panels/common/values.h"
 
@@ -28,6 +29,8 @@ class LinkedNumber {
     int commit();
     /// As the last commit left it.
     [[nodiscard]] int value() const { return number; }
+    /// For the steps back.
+    [[nodiscard]] KeptPart kept() { return keptPart(number); }
 
   private:
     void step(int by);

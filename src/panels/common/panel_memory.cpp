@@ -4,7 +4,10 @@
 #include "elements/range.h"
 #include "elements/tab_strip.h"
 #include "support/error.h"
+#include "support/numbers.h"
+#include "support/record_file.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace zor {
@@ -38,7 +41,7 @@ void putSetting(Element& element, const std::string& value) {
             option->choose();
         }
     } else if (auto* slider = dynamic_cast<Slider*>(&element)) {
-        slider->setValue(std::stoi(value));
+        slider->setValue(roundToInt(numericPrefix(value)));
     } else if (auto* list = dynamic_cast<ListBox*>(&element)) {
         list->selectText(value);
     } else if (auto* field = dynamic_cast<TextField*>(&element)) {
@@ -68,6 +71,81 @@ PanelMemory::PanelMemory(ChipPanel& panel)
             page = strip->page();
         }
     }
+}
+
+namespace {
+
+/// A text that a line of a file can hold, whatever is in it.
+std::string escaped(const std::string& text) {
+    std::string line;
+    for (char c : text) {
+        if (c == '%' || c == '"' || c == '\r' || c == '\n') {
+            line += "%" + hexText(static_cast<unsigned char>(c), 2);
+        } else {
+            line += c;
+        }
+    }
+    return line;
+}
+
+std::string unescaped(const std::string& line) {
+    std::string text;
+    for (std::size_t place = 0; place < line.size(); ++place) {
+        if (line[place] == '%' && place + 2 < line.size()) {
+            text += static_cast<char>(readHex(line.substr(place + 1, 2)).value_or('?'));
+            place += 2;
+        } else {
+            text += line[place];
+        }
+    }
+    return text;
+}
+
+using Texts = std::map<std::string, std::string>;
+
+void writeTexts(RecordWriter& writer, const Texts& texts) {
+    writer.integer(static_cast<std::int64_t>(texts.size()));
+    for (const auto& [name, text] : texts) {
+        writer.text(name);
+        writer.text(escaped(text));
+    }
+}
+
+Texts readTexts(RecordReader& reader) {
+    Texts texts;
+    for (std::int32_t left = reader.integer(); left > 0; --left) {
+        std::string name = reader.text();
+        texts[name] = unescaped(reader.text());
+    }
+    return texts;
+}
+
+} // namespace
+
+PanelMemory::PanelMemory(std::string_view bytes) {
+    RecordReader reader{std::string(bytes)};
+    calibrationNeeded = reader.boolean();
+    statusShown = reader.boolean();
+    page = reader.integer();
+    file.path = unescaped(reader.text());
+    file.content = unescaped(reader.text());
+    configuration = unescaped(reader.text());
+    settings = readTexts(reader);
+    results = readTexts(reader);
+    updateNeeded = true;
+}
+
+std::string PanelMemory::written() const {
+    RecordWriter writer;
+    writer.boolean(calibrationNeeded);
+    writer.boolean(statusShown);
+    writer.integer(page);
+    writer.text(escaped(file.path));
+    writer.text(escaped(file.content));
+    writer.text(escaped(configuration));
+    writeTexts(writer, settings);
+    writeTexts(writer, results);
+    return writer.bytes();
 }
 
 void PanelMemory::forgetSent() {
@@ -110,10 +188,11 @@ void PanelMemory::putMarks(ChipPanel& panel) const {
         } else if (auto result = results.find(name); result != results.end()) {
             static_cast<TextField*>(element)->setText(result->second);
         } else if (auto* lamp = dynamic_cast<Lamp*>(element)) {
-            bool on = lit.at(name);
+            auto kept = lit.find(name);
+            bool on = kept != lit.end() && kept->second;
             lamp->paint(on, on ? panel.OnColor : panel.OffColor);
         } else if (auto* strip = dynamic_cast<TabStrip*>(element)) {
-            strip->turn(page);
+            strip->turn(std::clamp(page, 1, static_cast<int>(strip->titles().size())));
         }
     }
     panel.LabelUpdate.setVisible(updateNeeded);

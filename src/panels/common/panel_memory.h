@@ -5,6 +5,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace zor {
 
@@ -14,6 +15,11 @@ class PanelMemory {
   public:
     /// Remembers the panel.
     explicit PanelMemory(ChipPanel& panel);
+
+    /// Reads what `written` gave. Throws ToolError. What the chip holds is not known then.
+    explicit PanelMemory(std::string_view bytes);
+    /// Its settings and results, as lines of a file.
+    [[nodiscard]] std::string written() const;
 
     /// Brings a panel of the same chip, freshly loaded, to what is remembered. Sends nothing.
     void putTo(ChipPanel& panel) const;

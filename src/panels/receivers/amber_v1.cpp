@@ -116,6 +116,19 @@ void AmberV1::switchRevision(const RevisionRow& row) {
     FIFOstrt_Click();
 }
 
+KeptParts AmberV1::keptParts() {
+    KeptParts parts = ReceiverPanel::keptParts();
+    parts.push_back(keptPart(revisionFlag));
+    return parts;
+}
+
+void AmberV1::partsPutBack() {
+    if (laidOutFor != revisionFlag) {
+        setDataRateForm();
+        setFrequencyControlForm();
+    }
+}
+
 void AmberV1::excludeForeignSettings() {
     if (!isF()) {
         dataratepresc.setTicked(false);
@@ -140,6 +153,7 @@ void AmberV1::setDataRateForm() {
 }
 
 void AmberV1::setFrequencyControlForm() {
+    laidOutFor = revisionFlag;
     if (isF()) {
         AFCw.define(receiving.frequencyControlBase, frequencyControlFields());
         return;

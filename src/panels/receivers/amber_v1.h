@@ -20,6 +20,9 @@ class AmberV1 : public ReceiverPanel {
 
     [[nodiscard]] int RevisionF() const override { return revisionFlag; }
 
+    [[nodiscard]] KeptParts keptParts() override;
+    void partsPutBack() override;
+
   protected:
     void setDefaults() override;
     [[nodiscard]] ConfigurationLines configuration() override;
@@ -41,6 +44,8 @@ class AmberV1 : public ReceiverPanel {
 
     /// 1 for "'F' or above", 0 for "'E' or below", -1 before the start.
     int revisionFlag = -1;
+    /// The generation that the words are laid out for.
+    int laidOutFor = -1;
 };
 
 } // namespace zor

@@ -162,6 +162,12 @@ void Coral::fifoLevelChanged() {
     }
 }
 
+KeptParts Coral::keptParts() {
+    KeptParts parts = ReceiverPanel::keptParts();
+    parts.push_back(SynchronPattern::kept());
+    return parts;
+}
+
 ConfigurationLines Coral::configuration() {
     return joined(
         {settingLines(),

@@ -34,6 +34,8 @@ class Coral : public ReceiverPanel, public SynchronPattern {
     CodeList CB_PllBW;
     ControlWord EFw;
 
+    [[nodiscard]] KeptParts keptParts() override;
+
   protected:
     void setDefaults() override;
     [[nodiscard]] ConfigurationLines configuration() override;

@@ -73,6 +73,12 @@ void FRM_Topaz::setDefaults() {
     CB_DDIT.setTicked(true);
 }
 
+KeptParts FRM_Topaz::keptParts() {
+    KeptParts parts = TransceiverPanel::keptParts();
+    parts.push_back(SynchronPattern::kept());
+    return parts;
+}
+
 ConfigurationLines FRM_Topaz::furtherTransmitterLines() {
     return {tickLine(CB_LPX), tickLine(CB_DDY), tickLine(CB_DDIT), textLine(CB_RFT), textLine(CB_PLLBW)};
 }

@@ -23,6 +23,8 @@ class FRM_Topaz : public TransceiverPanel, public SynchronPattern {
     /// How long the synchron pattern is: both bytes or the second alone.
     CodeList SynchPattern;
 
+    [[nodiscard]] KeptParts keptParts() override;
+
   protected:
     void setDefaults() override;
     [[nodiscard]] ConfigurationLines furtherTransmitterLines() override;

@@ -93,6 +93,11 @@ class ReceivingPanel : public ChipPanel {
     Label Labe35;
     Label Labe36;
 
+    [[nodiscard]] KeptParts keptParts() override;
+    [[nodiscard]] Aspects keptAspects(const Element& element) const override;
+    [[nodiscard]] ElementState takeElement(const Element& element, Aspects aspects) const override;
+    void putElement(Element& element, const ElementState& state, Aspects aspects) override;
+
   protected:
     void setDefaults() override;
     void crystalChanged() override { DATARATEDIV_LostFocus(); }
@@ -158,6 +163,8 @@ class ReceivingPanel : public ChipPanel {
     const ControlWord* dataLineWord = nullptr;
     /// The status read in progress has switched the frequency control off.
     bool frequencyControlStopped = false;
+    /// Ticks that the latch's reset in progress has off for a moment.
+    std::vector<const Element*> tickedSoon;
 };
 
 } // namespace zor

@@ -7,6 +7,7 @@
 #include "support/numbers.h"
 #include "support/record_file.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zor {
@@ -46,12 +47,16 @@ void ReceivingPanel::FFreset_Click() {
         }
         FIFOw.rebuildQuietly();
     };
+    std::vector<TickBox*> ticks = resetTicks();
+    tickedSoon.assign(ticks.begin(), ticks.end());
     try {
         for (bool on : {false, true}) {
             setTicks(on);
             sendWord(FIFOw);
         }
+        tickedSoon.clear();
     } catch (...) {
+        tickedSoon.clear();
         // Cut short between the two: the ticks end as they would have, and the word is yet to be sent.
         setTicks(true);
         FIFOw.rebuild();
@@ -86,6 +91,40 @@ void ReceivingPanel::statusReadCutShort() {
         afcen.putTicked(true);
         AFCw.rebuild();
     }
+}
+
+KeptParts ReceivingPanel::keptParts() {
+    KeptParts parts = ChipPanel::keptParts();
+    parts.push_back(keptPart(duty));
+    parts.push_back(keptPart(dataRateDivider));
+    parts.push_back(filterParameter.kept());
+    parts.push_back(fifoLevel.kept());
+    return parts;
+}
+
+Aspects ReceivingPanel::keptAspects(const Element& element) const {
+    // The chip said it.
+    return &element == &Foffset ? keepsVisible | keepsEnabled : ChipPanel::keptAspects(element);
+}
+
+ElementState ReceivingPanel::takeElement(const Element& element, Aspects aspects) const {
+    ElementState state = ChipPanel::takeElement(element, aspects);
+    // What is off for a moment only counts as the user has it.
+    bool stopped = frequencyControlStopped && &element == &afcen;
+    if (stopped || std::find(tickedSoon.begin(), tickedSoon.end(), &element) != tickedSoon.end()) {
+        state.number = 1;
+    }
+    return state;
+}
+
+void ReceivingPanel::putElement(Element& element, const ElementState& state, Aspects aspects) {
+    ElementState now = state;
+    if (frequencyControlStopped && &element == &afcen) {
+        // The status read gives it back at its end, or has nothing to give back.
+        frequencyControlStopped = state.number != 0;
+        now.number = 0;
+    }
+    ChipPanel::putElement(element, now, aspects);
 }
 
 ConfigurationLine ReceivingPanel::frequencyControlLine() {

@@ -20,6 +20,13 @@ SynchronPattern::SynchronPattern(Form& owner, std::uint32_t base)
     SynchPatt.define(base, {bits(7, 0, "byte 0", [this] { return static_cast<int>(pattern); })});
 }
 
+KeptPart SynchronPattern::kept() {
+    return {[this] { return KeptValue(static_cast<std::int32_t>(pattern)); },
+            [this](const KeptValue& value) {
+                pattern = static_cast<std::uint32_t>(std::get<std::int32_t>(value));
+            }};
+}
+
 void SynchronPattern::TB_SP_LostFocus() {
     std::string text = TB_SP.text();
     std::uint32_t typed = text.size() <= digits ? readHex(text).value_or(0) : 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "elements/history.h"
 #include "panels/common/control_word.h"
 
 namespace zor {
@@ -20,6 +21,8 @@ class SynchronPattern {
 
     /// The field's commit action.
     void TB_SP_LostFocus();
+    /// For the steps back.
+    [[nodiscard]] KeptPart kept();
 
   private:
     std::uint32_t pattern = 0xD4;

@@ -116,6 +116,12 @@ void JadeV1::commitFurtherRead() {
     DATARATEDIV_LostFocus();
 }
 
+KeptParts JadeV1::keptParts() {
+    KeptParts parts = AutoPowerTransmitter::keptParts();
+    parts.push_back(keptPart(dataRateDivider));
+    return parts;
+}
+
 ConfigurationLines JadeV1::configuration() {
     return joined({crystalLines(),
                    {heldTextLine(FreqCenter)},

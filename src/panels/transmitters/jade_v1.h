@@ -27,6 +27,8 @@ class JadeV1 : public AutoPowerTransmitter {
     /// 1 if the chip clocks the data itself.
     [[nodiscard]] int TXBitSinchOn() const { return CB_ebs.ticked() ? 1 : 0; }
 
+    [[nodiscard]] KeptParts keptParts() override;
+
   protected:
     void setDefaults() override;
     void crystalChanged() override;

@@ -189,6 +189,15 @@ void KT1102::commitFurtherRead() {
     WKUPM_LostFocus();
 }
 
+KeptParts KT1102::keptParts() {
+    KeptParts parts = TransmitterPanel::keptParts();
+    for (LinkedNumber* number :
+         {&thresholdLink, &fifoLevel, &dataRateDivider, &wakeUpM, &wakeUpR, &wakeUpD}) {
+        parts.push_back(number->kept());
+    }
+    return parts;
+}
+
 ConfigurationLines KT1102::configuration() {
     return joined({crystalLines(),
                    {shownAndHeldTextLine(FreqCenter)},

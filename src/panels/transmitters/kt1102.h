@@ -47,6 +47,8 @@ class KT1102 : public TransmitterPanel {
     CodeList C_PLLBW;
     ControlWord EFCmd;
 
+    [[nodiscard]] KeptParts keptParts() override;
+
   protected:
     void setDefaults() override;
     void crystalChanged() override;

@@ -82,6 +82,12 @@ void OpalV2::switchRevision(int flag, std::size_t powerSteps, const Swatch& colo
     Revision.setBackground(colour.background());
 }
 
+KeptParts OpalV2::keptParts() {
+    KeptParts parts = AutoPowerTransmitter::keptParts();
+    parts.push_back(keptPart(revisionFlag));
+    return parts;
+}
+
 void OpalV2::SetFrameMode() {
     showVariant("KT1100B transmitter control panel");
     Frame1.setBordered(!bench.IsBijakuModeSet());

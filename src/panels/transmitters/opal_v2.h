@@ -20,6 +20,8 @@ class OpalV2 : public AutoPowerTransmitter {
 
     void SetFrameMode() override;
 
+    [[nodiscard]] KeptParts keptParts() override;
+
   protected:
     void setDefaults() override;
     [[nodiscard]] int ookMark() const override;

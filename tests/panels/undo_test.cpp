@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// Going back and forth in a panel's steps, for every chip: a walk of any gestures, taken back to its
+// beginning and done again, leaves the panel as it was each time.
+#include "elements/element_state.h"
+#include "elements/history.h"
+#include "panels/all_panels.h"
+#include "panels/panel_bench.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace zor {
+
+namespace {
+
+using testing::PanelBench;
+using testing::With;
+
+using Everything = std::map<std::string, std::string>;
+
+/// What is not the same in both; empty if all is.
+std::string differences(const Everything& now, const Everything& then) {
+    std::string text;
+    for (const auto& [name, value] : now) {
+        if (then.at(name) != value) {
+            text += name + ": " + value + " for " + then.at(name) + "; ";
+        }
+    }
+    return text;
+}
+
+/// All that a panel is to who looks at it and to the chip.
+Everything everythingOf(ChipPanel& panel) {
+    Everything all;
+    for (const Element* element : panel.elements()) {
+        ElementState state = stateOf(*element, keepsAll);
+        std::string text = state.text + "|" + state.caption + "|" + std::to_string(state.number) + "|" +
+                           (state.visible ? "v" : "-") + (state.enabled ? "e" : "-") +
+                           (state.readOnly ? "r" : "-");
+        for (const std::string& entry : state.entries) {
+            text += "|" + entry;
+        }
+        for (int code : state.codes) {
+            text += "|" + std::to_string(code);
+        }
+        if (state.background) {
+            text +=
+                "|" + std::to_string(state.background->red) + " " + std::to_string(state.background->green);
+        }
+        all[element->name()] = text;
+    }
+    for (const ControlWord* word : panel.words()) {
+        all["value of " + word->name()] = std::to_string(word->value());
+        all["chip's " + word->name()] = word->lastSent();
+    }
+    all["file"] = panel.savedConfiguration();
+    all["crystal"] = std::to_string(panel.GetXtalFrequency());
+    all["frequency"] = panel.frequencyText(1234, panel.bandField());
+    return all;
+}
+
+/// Somebody who does anything that sets something.
+class Walker {
+  public:
+    Walker(ChipPanel& ownPanel, unsigned seed)
+        : panel(ownPanel)
+        , random(seed) {
+        for (Element* element : panel.elements()) {
+            if (panel.isSetting(*element) || dynamic_cast<UpDown*>(element) != nullptr) {
+                settings.push_back(element);
+            }
+        }
+    }
+
+    [[nodiscard]] bool typing() const {
+        return std::any_of(settings.begin(), settings.end(), [](const Element* element) {
+            const auto* field = dynamic_cast<const TextField*>(element);
+            return field != nullptr && field->typedIn();
+        });
+    }
+    void step() { act(*settings[static_cast<std::size_t>(upTo(static_cast<int>(settings.size()) - 1))]); }
+
+  private:
+    int upTo(int highest) { return std::uniform_int_distribution<int>(0, highest)(random); }
+
+    void act(Element& element) {
+        if (auto* list = dynamic_cast<ListBox*>(&element)) {
+            list->choosePosition(upTo(static_cast<int>(list->entries().size()) - 1));
+        } else if (auto* tick = dynamic_cast<TickBox*>(&element)) {
+            tick->click();
+        } else if (auto* option = dynamic_cast<Option*>(&element)) {
+            option->click();
+        } else if (auto* slider = dynamic_cast<Slider*>(&element)) {
+            slider->slide(slider->minimum() + upTo(slider->maximum() - slider->minimum()));
+        } else if (auto* arrows = dynamic_cast<UpDown*>(&element)) {
+            upTo(1) == 1 ? arrows->stepUp() : arrows->stepDown();
+        } else if (auto* field = dynamic_cast<TextField*>(&element)) {
+            static const int scales[] = {1, 6, 12, 260, 1000, 20000};
+            std::string number = std::to_string(upTo(scales[upTo(5)])) + "." + std::to_string(upTo(9999));
+            switch (upTo(5)) {
+            case 0:
+                field->edit(number);
+                break;
+            case 1:
+                field->edit(number);
+                field->leave();
+                break;
+            case 2:
+                field->type("odd " + number);
+                break;
+            default:
+                field->type(number);
+                break;
+            }
+        }
+    }
+
+    ChipPanel& panel;
+    std::mt19937 random;
+    std::vector<Element*> settings;
+};
+
+} // namespace
+
+template <class Panel>
+class UndoOnPanels : public ::testing::Test {
+  protected:
+    Panel& open(PanelBench<Panel>& bench) {
+        Panel& panel = bench.open();
+        panel.history()->forget();
+        return panel;
+    }
+};
+
+TYPED_TEST_SUITE(UndoOnPanels, testing::AllPanels, testing::PanelNames);
+
+TYPED_TEST(UndoOnPanels, AWalkUndoneToItsBeginningAndDoneAgainIsExact) {
+    for (bool variant : {false, true}) {
+        PanelBench<TypeParam> bench;
+        bench.shared().SetBijakuMode(variant);
+        auto& panel = this->open(bench);
+        History& history = *panel.history();
+        Walker walker(panel, variant ? 2 : 1);
+        auto first = everythingOf(panel);
+        // By the steps' numbers: what a step is like when it is made, before notices come and go.
+        std::map<std::uint64_t, Everything> onTheWay;
+        for (int made = 0; made < (variant ? 2000 : 10000); ++made) {
+            std::size_t before = history.count();
+            walker.step();
+            if (made % 20 == 0 && history.count() > before && !walker.typing()) {
+                onTheWay[history.number(history.count() - 1)] = everythingOf(panel);
+            }
+        }
+        auto last = everythingOf(panel);
+        EXPECT_GT(history.count(), variant ? 1000U : 5000U);
+        bench.dialogs.boxes.clear();
+        std::size_t seen = 0;
+        auto looksAsThen = [&] {
+            std::size_t position = history.position();
+            auto then = position == 0 ? onTheWay.end() : onTheWay.find(history.number(position - 1));
+            if (then != onTheWay.end()) {
+                ++seen;
+                ASSERT_EQ(differences(everythingOf(panel), then->second), "") << "step " << position;
+            }
+        };
+        while (!history.undo().empty()) {
+            looksAsThen();
+        }
+        ASSERT_EQ(differences(everythingOf(panel), first), "");
+        while (!history.redo().empty()) {
+            looksAsThen();
+        }
+        ASSERT_EQ(differences(everythingOf(panel), last), "");
+        EXPECT_GT(seen, variant ? 20U : 100U);
+        EXPECT_TRUE(bench.takeSent().empty());
+        EXPECT_TRUE(bench.dialogs.boxes.empty());
+    }
+}
+
+} // namespace zor
