@@ -50,7 +50,7 @@ TEST(DesktopWindow, TheMenusHaveTheirKeys) {
     for (const QAction* menu : program.window.menuBar()->actions()) {
         captions += menu->text();
     }
-    EXPECT_EQ(captions, (QStringList{"&File", "&View", "&Panel", "&Tools", "&Window", "&Help"}));
+    EXPECT_EQ(captions, (QStringList{"&File", "&Edit", "&View", "&Panel", "&Tools", "&Window", "&Help"}));
 }
 
 TEST(DesktopWindow, AMenuEntryOpensAWindowInsideTheMainOne) {

@@ -55,8 +55,7 @@ TEST_F(UndoKeysTest, TakeTheLastCommitBackAndBringItAgain) {
 }
 
 TEST_F(UndoKeysTest, AreTheFieldsWhileItIsTypedIn) {
-    typeInto("LBD", "4\r");
-    line("FreqCenter").setFocus();
+    panel->Cxtal.chooseText("9.0 pF");
     QLineEdit& field = typeInto("FreqCenter", "31");
     ASSERT_EQ(panel->FreqCenter.text(), "31");
     std::size_t steps = panel->history()->count();

@@ -112,6 +112,20 @@ class ByteArea : public QPlainTextEdit {
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
   protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride) {
+            const auto& key = *static_cast<QKeyEvent*>(event);
+            bool steps =
+                key.modifiers() == Qt::ControlModifier && (key.key() == Qt::Key_Z || key.key() == Qt::Key_Y);
+            if (steps) {
+                // It keeps none of its own; not accepted, the key is the window's.
+                event->ignore();
+                return true;
+            }
+        }
+        return QPlainTextEdit::event(event);
+    }
+
     void keyPressEvent(QKeyEvent* event) override {
         char key = typedKey(*event);
         if (field() != nullptr && key != 0 && (field()->readOnly() || key == '\r')) {

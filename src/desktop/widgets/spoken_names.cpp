@@ -21,6 +21,7 @@ const std::map<std::string, const char*, std::less<>>& names() {
         {"main.LoadBoard", "Connected board"},
         {"main.LoadboardList", "Boards found"},
         {"main.CB_Mode", "Data selector"},
+        {"main.Steps", "Steps"},
         {"TabStrip1", "Pages"},
         {"STATEFILT", "DQD parameter"},
         {"ITLEVEL", "FIFO IT level"},
