@@ -98,7 +98,7 @@ bool Eeprom::loadFile() {
 }
 
 void Eeprom::takeFile(std::string text, const std::string& name) {
-    nameOfAction = "Load " + std::filesystem::path(name).filename().string();
+    nameOfAction = "Load " + nameOf(pathOf(name).filename());
     WorkSheet.setText(std::move(text));
     showFile();
     setFileTitle(name);

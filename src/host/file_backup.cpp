@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "host/file_backup.h"
 
-#include "host/files.h"
 #include "support/error.h"
 
 #include <string>
@@ -34,7 +33,10 @@ class OldFile {
         if (failed || !std::filesystem::is_regular_file(file, failed)) {
             return;
         }
-        second = file.parent_path() / (".zor-" + file.filename().string() + "-before~");
+        std::filesystem::path name = ".zor-";
+        name += file.filename();
+        name += "-before~";
+        second = file.parent_path() / name;
         // A save that was killed between its two steps has left one.
         std::filesystem::remove(second, failed);
         std::filesystem::create_hard_link(file, second, failed);
@@ -74,7 +76,9 @@ class OldFile {
 } // namespace
 
 std::filesystem::path backupOf(const std::filesystem::path& path) {
-    return std::filesystem::path(path.string() + "~");
+    std::filesystem::path backup = path;
+    backup += "~";
+    return backup;
 }
 
 void saveUserFile(const std::filesystem::path& path, std::string_view bytes) {

@@ -138,7 +138,7 @@ void KeptSettings::look() {
     std::filesystem::path folder = ownFile().parent_path();
     for (std::filesystem::directory_iterator entry(folder, failed), end; !failed && entry != end;
          entry.increment(failed)) {
-        std::int32_t process = processOf(entry->path().filename().string());
+        std::int32_t process = processOf(nameOf(entry->path().filename()));
         if (process != 0 && process != ownProcess() && !processRuns(process)) {
             std::error_code unknown;
             left.emplace_back(std::filesystem::last_write_time(entry->path(), unknown), entry->path());

@@ -103,7 +103,7 @@ void ChipPanel::loadFile(const std::string& path) {
 
 void ChipPanel::takeFile(const std::string& path) {
     readConfiguration(readFile(path));
-    nameOfAction = "Load " + std::filesystem::path(path).filename().string();
+    nameOfAction = "Load " + nameOf(pathOf(path).filename());
     // In force; what the board says to the supply does not change that.
     setUsedFile({path, savedConfiguration()});
     bench.recentFiles.use(path);
