@@ -69,6 +69,7 @@ void DemoTour::play() {
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }
+    visitCompare();
     boxCloser.stop();
     main.userClose();
 }

@@ -54,6 +54,7 @@ class DemoTour {
     void visitHeaderGenerator();
     void visitContentEditor();
     void visitRegisters();
+    void visitCompare();
     void visitForm(Form& form);
     /// What an engineer does on a chip's panel: set, update, read the status, calibrate, look at the current.
     void workOn(ChipPanel& panel);

@@ -32,6 +32,8 @@ enum class Tool {
     frm_TxSearch,
     frm_WireLog,
     frm_Guide,
+    frm_SetFrom,
+    frm_Compare,
 };
 
 /// Opens and closes the tools for those who may not know them: panels, other tools, the link. One window a

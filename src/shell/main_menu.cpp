@@ -44,6 +44,7 @@ MainMenu::MainMenu(Form& main)
     , mnutoolsTxSearch(main, &mnuAdv, "mnutoolsTxSearch", "Transmitter Auto Search")
     , mnutoolsSniffer(main, &Tools, "mnutoolsSniffer", "VireoMac Packet Sniffer")
     , mnutoolsWireLog(main, &Tools, "mnutoolsWireLog", "Wire Log")
+    , mnutoolsCompare(main, &Tools, "mnutoolsCompare", "Compare")
     , windows(main)
     , Help(main, nullptr, "Help", "Help")
     , mnuHelpSWguide(main, &Help, "mnuHelpSWguide", "ZOR Software Guide")
@@ -88,6 +89,7 @@ MainMenu::MainMenu(Form& main)
                              &mnuload,
                              &mnutoolsTxSearch,
                              &mnutoolsSniffer,
+                             &mnutoolsCompare,
                              &mnutoolsWireLog}) {
         entry->setEnabled(false);
     }

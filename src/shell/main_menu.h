@@ -58,6 +58,7 @@ struct MainMenu {
     MenuEntry mnutoolsTxSearch;
     MenuEntry mnutoolsSniffer;
     MenuEntry mnutoolsWireLog;
+    MenuEntry mnutoolsCompare;
 
     WindowMenu windows;
 

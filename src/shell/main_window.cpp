@@ -119,8 +119,8 @@ void MainWindow::wireMenu() {
         openTool(ownBench.link.LoadBoardRev == 2 ? Tool::AmberV1rflink_LB2 : Tool::AmberV1rflink);
     });
     // Those that need neither a panel nor a board; mnuload is enabled while a loader is connected.
-    for (Tool tool :
-         {Tool::SPI, Tool::Frm_GenHeader, Tool::frm_VireoMacSniffer, Tool::frm_TxSearch, Tool::frm_WireLog}) {
+    for (Tool tool : {Tool::SPI, Tool::Frm_GenHeader, Tool::frm_VireoMacSniffer, Tool::frm_TxSearch,
+                      Tool::frm_WireLog, Tool::frm_Compare}) {
         (menu.*rowOf(tool).entry).setEnabled(tools.exists(tool));
     }
     wire(menu.mnuHelpSWguide, [this] { openGuide({}); });

@@ -31,7 +31,8 @@ PanelMenu::PanelMenu(Form& main)
     , mnuPanelLoad(main, &mnuPanel, "mnuPanelLoad", "Load...")
     , mnuPanelSave(main, &mnuPanel, "mnuPanelSave", "Save...")
     , mnuPanelCopyWords(main, &mnuPanel, "mnuPanelCopyWords", "Copy words")
-    , mnuPanelCopyArray(main, &mnuPanel, "mnuPanelCopyArray", "Copy as C array") {
+    , mnuPanelCopyArray(main, &mnuPanel, "mnuPanelCopyArray", "Copy as C array")
+    , mnuPanelSetFrom(main, &mnuPanel, "mnuPanelSetFrom", "Set from a header...") {
     mnuPanelUpdate.setShortcut(ChipPanel::updateKey);
     mnuPanelReadStatus.setShortcut(ChipPanel::readStatusKey);
     mnuPanelLoad.setShortcut(ChipPanel::loadKey);
@@ -52,6 +53,7 @@ void PanelMenu::wire(Bench& bench) {
     wireTo(mnuPanelSave, &ChipPanel::ConfSave);
     wireTo(mnuPanelCopyWords, &ChipPanel::CopyWords);
     wireTo(mnuPanelCopyArray, &ChipPanel::CopyArray);
+    wireTo(mnuPanelSetFrom, &ChipPanel::SetFromHeader);
     refresh(bench);
 }
 

@@ -26,6 +26,7 @@ class PanelMenu {
     MenuEntry mnuPanelSave;
     MenuEntry mnuPanelCopyWords;
     MenuEntry mnuPanelCopyArray;
+    MenuEntry mnuPanelSetFrom;
 };
 
 } // namespace zor

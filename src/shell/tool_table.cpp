@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "shell/tool_table.h"
 
+#include "compare/frm_compare.h"
+#include "compare/frm_set_from.h"
 #include "eeprom/ecet.h"
 #include "eeprom/eeprom.h"
 #include "eeprom/frm_cmd_sequence.h"
@@ -68,6 +70,8 @@ const std::vector<ToolRow>& toolRows() {
         {Tool::frm_TxSearch,           "frm_TxSearch",           nullptr,                   &Menu::mnutoolsTxSearch,       make<TxSearch>},
         {Tool::frm_WireLog,            "frm_WireLog",            nullptr,                   &Menu::mnutoolsWireLog,        make<WireLog>},
         {Tool::frm_Guide,              "frm_Guide",              nullptr,                   nullptr,                       make<Guide>},
+        {Tool::frm_SetFrom,            "frm_SetFrom",            nullptr,                   nullptr,                       make<frm_SetFrom>},
+        {Tool::frm_Compare,            "frm_Compare",            nullptr,                   &Menu::mnutoolsCompare,        make<frm_Compare>},
     };
     // clang-format on
     return rows;

@@ -59,6 +59,8 @@ constexpr std::array pageRows = {
     PageRow{"Frm_AmberTestFunctions", testModes},
     PageRow{"Frm_BerylTestFunctions", testModes},
     PageRow{"Frm_GenHeader", "guide/header-generator.md"},
+    PageRow{"frm_SetFrom", "guide/set-from.md"},
+    PageRow{"frm_Compare", "guide/compare.md"},
     PageRow{"SPI", registers},
     PageRow{"SPIsub2", registers},
 };

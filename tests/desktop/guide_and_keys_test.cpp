@@ -181,7 +181,9 @@ TEST(Words, AreCopiedAllAtOnceFromTheirColumnsMenu) {
     ASSERT_NE(column, nullptr);
     EXPECT_EQ(column->contextMenuPolicy(), Qt::ActionsContextMenu);
     EXPECT_TRUE(column->isAncestorOf(content.findChild<QWidget*>("Freqw")));
-    EXPECT_EQ(content.findChild<QWidget*>("Freqw")->contextMenuPolicy(), Qt::NoContextMenu);
+    // A word has a menu of its own, with the column's entries behind its own.
+    EXPECT_EQ(content.findChild<QWidget*>("Freqw")->contextMenuPolicy(), Qt::ActionsContextMenu);
+    EXPECT_EQ(content.findChild<QWidget*>("Freqw")->actions().size(), 4);
     copy->trigger();
     EXPECT_EQ(program.main.Notice.caption(), "Copied 6 words");
 }

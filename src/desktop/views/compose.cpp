@@ -275,6 +275,15 @@ QWidget* wordsGroup(const QString& title, const std::vector<std::pair<QString, Q
     return box;
 }
 
+QWidget* folding(Label& element, Tone tone) {
+    QWidget* text = label(element, tone);
+    auto* inner = static_cast<QLabel*>(text);
+    inner->setWordWrap(true);
+    constexpr int narrowest = 36;
+    inner->setMinimumWidth(inner->fontMetrics().averageCharWidth() * narrowest);
+    return text;
+}
+
 QWidget* keepRoom(QWidget* widget) {
     QSizePolicy room = widget->sizePolicy();
     room.setRetainSizeWhenHidden(true);

@@ -100,6 +100,9 @@ template <class... Cells>
 [[nodiscard]] QWidget* wordsGroup(const QString& title,
                                   const std::vector<std::pair<QString, QWidget*>>& words);
 
+/// A text of any length: it folds rather than widens its window.
+[[nodiscard]] QWidget* folding(Label& element, Tone tone = Tone::Normal);
+
 /// For what comes and goes: its room stays, so that nothing moves with it.
 [[nodiscard]] QWidget* keepRoom(QWidget* widget);
 

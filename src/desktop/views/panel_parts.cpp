@@ -41,10 +41,11 @@ QWidget* wordsColumn(ChipPanel& panel) {
         rows.emplace_back(toQt(control->caption()), word(*control));
     }
     QWidget* column = wordsGroup("Control words", rows);
-    addContextEntries(*column, {&panel.CopyWords, &panel.CopyArray});
-    for (const auto& row : rows) {
-        // The column's menu opens over its words too.
-        row.second->setContextMenuPolicy(Qt::NoContextMenu);
+    addContextEntries(*column, {&panel.SetFromHeader, &panel.CopyWords, &panel.CopyArray});
+    for (std::size_t place = 0; place < rows.size(); ++place) {
+        // A word's own menu has what the column's has.
+        addContextEntries(*rows[place].second, {&panel.setFromWord(place), &panel.SetFromHeader,
+                                                &panel.CopyWords, &panel.CopyArray});
     }
     return column;
 }

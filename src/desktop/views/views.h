@@ -21,6 +21,8 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* berylView(Form& form);
 [[nodiscard]] QWidget* commandEditorView(Form& form);
 [[nodiscard]] QWidget* contentEditorView(Form& form);
+[[nodiscard]] QWidget* compareView(Form& form);
+[[nodiscard]] QWidget* setFromView(Form& form);
 [[nodiscard]] QWidget* coralView(Form& form);
 [[nodiscard]] QWidget* topazView(Form& form);
 [[nodiscard]] QWidget* carrierView(Form& form);

@@ -84,9 +84,13 @@ const std::map<std::string, const char*, std::less<>>& names() {
         {"Terminal.Text1", "Terminal"},
         {"Terminal.Script", "Script"},
         {"eeprom.WorkSheet", "EEPROM image in hexadecimal digits"},
+        {"frm_Compare.GR_Differences", "Differences"},
         {"frm_Guide.Contents", "Contents"},
         {"frm_Guide.Search", "Search in the guide"},
         {"frm_Guide.Page", "Guide"},
+        {"frm_SetFrom.GR_Refused", "What no setting gives"},
+        {"frm_SetFrom.TB_HeaderText", "C header"},
+        {"frm_SetFrom.TB_Word", "Value of the word"},
         {"frm_VireoMacSniffer.Incoming", "Received packets"},
         {"frm_WireLog.Log", "Exchanges"},
     };

@@ -64,6 +64,7 @@ ChipPanel::ChipPanel(Bench& ownBench, const PanelTraits& panelTraits)
     , ShowStatus(*this, "ShowStatus", "Show Status")
     , CopyWords(*this, nullptr, "CopyWords", "Copy words")
     , CopyArray(*this, nullptr, "CopyArray", "Copy as C array")
+    , SetFromHeader(*this, nullptr, "SetFromHeader", "Set from a header...")
     , OnColor(*this, "OnColor", litColour)
     , OffColor(*this, "OffColor", buttonFace)
     , IRQ(*this, "IRQ", "IRQ")
@@ -138,6 +139,10 @@ void ChipPanel::wireCommon() {
         bench.platform.surroundings.copyText(wordArray());
         bench.notice("Copied " + std::to_string(allWords.size()) + " words as a C array");
     };
+    SetFromHeader.onClick = [this] {
+        askedWord = nullptr;
+        bench.tools.open(Tool::frm_SetFrom);
+    };
     ReadStatus.onClick = [this] { ReadStatus_Click(); };
     ReadStatus.onDoubleClick = [this] { RepStatusReadTimer.start(); };
     ReadStatus.onLeave = [this] { RepStatusReadTimer.stop(); };
@@ -160,13 +165,22 @@ void ChipPanel::wireCommon() {
         }
     });
     feed(Cxtal, Ctrlw);
-    Freqw.define(0xA000,
-                 {explained(bits(
+    Freqw.define(
+        0xA000,
+        {readBack(explained(bits(
                                 11, 0, "frequency parameter", [this] { return frequencyField(FreqCode); },
                                 [this] { return FreqCenter.text() + " MHz"; }),
-                            [this](int code) { return frequencyText(code, BandCode); })});
-    Wkupw.define(0xE000, {bits(12, 8, "R", [this] { return wakeUp.exponent; }),
-                          bits(7, 0, "M", [this] { return wakeUpLowByte(wakeUp.mantissa); })});
+                            [this](int code) { return frequencyText(code, BandCode); }),
+                  numberSetting(
+                      FreqCenter, [this] { return frequencyField(FreqCode); },
+                      IntegerRange{static_cast<std::int32_t>(minimumFrequencyCode),
+                                   static_cast<std::int32_t>(maximumFrequencyCode)},
+                      [this](int code) {
+                          return shownFrequency(static_cast<float>(code), frequencyScale()).megahertz.text;
+                      }))});
+    Wkupw.define(0xE000, {readBack(bits(12, 8, "R", [this] { return wakeUp.exponent; }), wakeUpExponent()),
+                          readBack(bits(7, 0, "M", [this] { return wakeUpLowByte(wakeUp.mantissa); }),
+                                   wakeUpMantissa())});
 }
 
 void ChipPanel::setWords(std::vector<ControlWord*> sentByUpdate, std::vector<ControlWord*> notSent) {
@@ -175,6 +189,13 @@ void ChipPanel::setWords(std::vector<ControlWord*> sentByUpdate, std::vector<Con
     allWords.insert(allWords.end(), notSent.begin(), notSent.end());
     for (ControlWord* word : allWords) {
         wordSubscriptions.push_back(word->rewritten.subscribe([this] { LabelUpdate.setVisible(true); }));
+        setFromEntries.push_back(std::make_unique<MenuEntry>(
+            *this, nullptr, "SetFromWord(" + std::to_string(setFromEntries.size() + 1) + ")",
+            "Set from a word..."));
+        setFromEntries.back()->onClick = [this, word] {
+            askedWord = word;
+            bench.tools.open(Tool::frm_SetFrom);
+        };
     }
 }
 

@@ -116,6 +116,8 @@ class ChipPanel : public Form, public Undoable {
     /// The words on the clipboard, a line each: what stands in the word, its name; or as an array in C.
     MenuEntry CopyWords;
     MenuEntry CopyArray;
+    /// Opens the window that sets the panel from a header.
+    MenuEntry SetFromHeader;
     Swatch OnColor;
     Swatch OffColor;
     Lamp IRQ;
@@ -158,6 +160,12 @@ class ChipPanel : public Form, public Undoable {
     [[nodiscard]] std::string meaningOfLine(std::string_view line) const;
     /// All control words in the order in which Update sends them; then those it does not send.
     [[nodiscard]] const std::vector<ControlWord*>& words() const { return allWords; }
+    /// Opens the window that sets a word's settings from a value, for the word of that place.
+    [[nodiscard]] MenuEntry& setFromWord(std::size_t place) const { return *setFromEntries[place]; }
+    /// The word whose entry the user chose last; nullptr for none, or for the header's.
+    [[nodiscard]] const ControlWord* wordToSet() const { return askedWord; }
+    /// A status read has the chip, and with it some of the settings for a moment.
+    [[nodiscard]] bool readingStatus() const { return chipSelected || statusRead.claim.held(); }
     [[nodiscard]] const PanelTraits& traits() const { return ownTraits; }
     /// The status area is folded out.
     [[nodiscard]] bool statusShown() const { return extent().height != ownTraits.foldedHeight; }
@@ -233,10 +241,13 @@ class ChipPanel : public Form, public Undoable {
     /// Enables what a tick governs, or shows the label that says why not.
     static void govern(bool on, const std::vector<Element*>& governed, Label& reason);
     // Fields of the words that several chips hold, at their places.
-    [[nodiscard]] BitField bandBits(int lowBit = 11) const;
-    [[nodiscard]] BitField capacitanceBits(int lowBit = 4) const;
+    [[nodiscard]] BitField bandBits(int lowBit = 11);
+    [[nodiscard]] BitField capacitanceBits(int lowBit = 4);
     /// The low battery threshold, down to bit 0.
-    [[nodiscard]] BitField thresholdBits(int highBit) const;
+    [[nodiscard]] BitField thresholdBits(int highBit);
+    /// M of the wake-up timer, whose bits stand in two words on some chips, and R.
+    [[nodiscard]] WordSetting wakeUpMantissa();
+    [[nodiscard]] WordSetting wakeUpExponent();
     [[nodiscard]] FrequencyScale frequencyScale() const;
     /// Caption of the chosen band.
     [[nodiscard]] std::string bandCaption() const;
@@ -328,6 +339,8 @@ class ChipPanel : public Form, public Undoable {
     /// The click that ended the repeats came in the midst of one; another read follows it.
     bool readOnceMore = false;
     bool sayingFarewell = false;
+    std::vector<std::unique_ptr<MenuEntry>> setFromEntries;
+    const ControlWord* askedWord = nullptr;
     Timer RepStatusReadTimer;
     Timer SRVisualTimer;
     std::unique_ptr<Forecast> ownForecast;

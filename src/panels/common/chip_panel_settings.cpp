@@ -167,8 +167,22 @@ std::string ChipPanel::wakeUpText(const WakeUpSetting& setting) const {
     return time.shown.text + " " + std::string(time.unit);
 }
 
-BitField ChipPanel::bandBits(int lowBit) const {
-    return explained(
+WordSetting ChipPanel::wakeUpMantissa() {
+    return numberSetting(
+        WKUPM, [this] { return wakeUp.mantissa; }, ownTraits.wakeUp.mantissa);
+}
+
+WordSetting ChipPanel::wakeUpExponent() {
+    return numberSetting(
+        WKUPR, [this] { return wakeUp.exponent; }, ownTraits.wakeUp.exponent);
+}
+
+BitField ChipPanel::bandBits(int lowBit) {
+    std::vector<std::pair<int, Option*>> options;
+    for (Band which : ownTraits.offeredBands) {
+        options.emplace_back(bandConstants(*ownTraits.bands, which).code, band(which));
+    }
+    BitField field = explained(
         bits(
             lowBit + 1, lowBit, "band", [this] { return BandCode; }, [this] { return bandCaption(); }),
         [this](int code) {
@@ -179,17 +193,21 @@ BitField ChipPanel::bandBits(int lowBit) const {
             }
             return "code " + std::to_string(code) + ", not a band of the chip";
         });
+    return readBack(std::move(field), optionSetting([this] { return BandCode; }, std::move(options)));
 }
 
-BitField ChipPanel::capacitanceBits(int lowBit) const {
+BitField ChipPanel::capacitanceBits(int lowBit) {
     return bits(lowBit + 3, lowBit, "load capacitance", Cxtal);
 }
 
-BitField ChipPanel::thresholdBits(int highBit) const {
-    return explained(
-        bits(
-            highBit, 0, "threshold", [this] { return lowBattery; }, [this] { return LBDV.text() + " V"; }),
-        [this](int code) { return thresholdVoltage(code, ownTraits.threshold).text + " V"; });
+BitField ChipPanel::thresholdBits(int highBit) {
+    return readBack(
+        explained(bits(
+                      highBit, 0, "threshold", [this] { return lowBattery; },
+                      [this] { return LBDV.text() + " V"; }),
+                  [this](int code) { return thresholdVoltage(code, ownTraits.threshold).text + " V"; }),
+        numberSetting(
+            LBD, [this] { return lowBattery; }, ownTraits.threshold.range));
 }
 
 void ChipPanel::showStep() {

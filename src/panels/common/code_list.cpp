@@ -28,13 +28,21 @@ void CodeList::fill(const std::vector<std::string>& texts) {
 }
 
 std::optional<std::string> CodeList::textOfCode(int code) const {
+    std::optional<int> row = rowOfCode(code);
+    return row ? std::optional(entries()[static_cast<std::size_t>(*row)]) : std::nullopt;
+}
+
+std::optional<int> CodeList::rowOfCode(int code) const {
     for (std::size_t row = 0; row < codes.size(); ++row) {
-        const std::string& entry = entries()[row];
-        if ((codeOfText ? codeOfText(entry).value_or(-1) : codes[row]) == code) {
-            return entry;
+        if (codeOfRow(row) == code) {
+            return static_cast<int>(row);
         }
     }
     return std::nullopt;
+}
+
+std::optional<int> CodeList::codeOfRow(std::size_t row) const {
+    return codeOfText ? codeOfText(entries()[row]) : std::optional(codes[row]);
 }
 
 void CodeList::takeCode() {

@@ -30,6 +30,10 @@ class CodeList : public ListBox {
     [[nodiscard]] int code() const { return ownCode; }
     /// The entry that stands for a code; nothing if there is none.
     [[nodiscard]] std::optional<std::string> textOfCode(int code) const;
+    /// The first row that stands for a code; nothing if there is none.
+    [[nodiscard]] std::optional<int> rowOfCode(int code) const;
+    /// What a row stands for; nothing for a text that stands for nothing.
+    [[nodiscard]] std::optional<int> codeOfRow(std::size_t row) const;
 
     /// For a list whose code comes from the text itself; nothing keeps the code.
     std::function<std::optional<int>(const std::string& text)> codeOfText;

@@ -25,7 +25,7 @@ std::string bitRange(const BitField& field) {
 
 } // namespace
 
-BitField bits(int high, int low, std::string name, const CodeList& list, std::string unit) {
+BitField bits(int high, int low, std::string name, CodeList& list, std::string unit) {
     auto withUnit = [unit = std::move(unit)](const std::string& text) {
         return unit.empty() ? text : text + " " + unit;
     };
@@ -39,7 +39,8 @@ BitField bits(int high, int low, std::string name, const CodeList& list, std::st
                 return entry ? withUnit(*entry) : "code " + std::to_string(code) + ", not in the list";
             },
             BitField::Kind::Number,
-            &list};
+            &list,
+            {{listSetting(list), 0, 0, high - low + 1}}};
 }
 
 BitField bits(int high, int low, std::string name, std::function<int()> value,
@@ -52,7 +53,12 @@ BitField explained(BitField field, std::function<std::string(int code)> meaningO
     return field;
 }
 
-BitField bit(int position, std::string name, const TickBox& tick) {
+BitField readBack(BitField field, WordSetting setting, int settingLow) {
+    field.parts = {{std::move(setting), 0, settingLow, field.highBit - field.lowBit + 1}};
+    return field;
+}
+
+BitField bit(int position, std::string name, TickBox& tick) {
     return {position,
             position,
             std::move(name),
@@ -60,7 +66,8 @@ BitField bit(int position, std::string name, const TickBox& tick) {
             [&tick] { return std::string(tick.ticked() ? "on" : "off"); },
             {},
             BitField::Kind::Tick,
-            &tick};
+            &tick,
+            {{tickSetting(tick), 0, 0, 1}}};
 }
 
 BitField fixedBit(int position, std::string name) {

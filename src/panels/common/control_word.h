@@ -5,6 +5,7 @@
 #include "elements/text_field.h"
 #include "elements/tick_box.h"
 #include "panels/common/code_list.h"
+#include "panels/common/word_setting.h"
 
 #include <cstdint>
 #include <functional>
@@ -28,17 +29,22 @@ struct BitField {
     Kind kind = Kind::Number;
     /// The list or tick that the field's value comes from; nullptr if it is another's.
     const Element* source = nullptr;
+    /// The settings that its bits are put into when a word is read backwards; nothing for a bit that is
+    /// fixed.
+    std::vector<FieldPart> parts = {};
 };
 
 /// Bits high to low that hold a list's code.
-[[nodiscard]] BitField bits(int high, int low, std::string name, const CodeList& list, std::string unit = {});
+[[nodiscard]] BitField bits(int high, int low, std::string name, CodeList& list, std::string unit = {});
 /// Bits high to low that hold a number.
 [[nodiscard]] BitField bits(int high, int low, std::string name, std::function<int()> value,
                             std::function<std::string()> meaning = {});
 /// The field with what each of its values means.
 [[nodiscard]] BitField explained(BitField field, std::function<std::string(int code)> meaningOf);
+/// The field with the setting whose number, from one of its bits on, it holds.
+[[nodiscard]] BitField readBack(BitField field, WordSetting setting, int settingLow = 0);
 /// One bit that a tick sets.
-[[nodiscard]] BitField bit(int position, std::string name, const TickBox& tick);
+[[nodiscard]] BitField bit(int position, std::string name, TickBox& tick);
 /// One bit that does not depend on a setting.
 [[nodiscard]] BitField fixedBit(int position, std::string name);
 
@@ -61,6 +67,7 @@ class ControlWord : public TextField {
     [[nodiscard]] std::uint32_t base() const { return ownBase; }
     [[nodiscard]] const std::vector<BitField>& fields() const { return table; }
     [[nodiscard]] Size size() const { return ownSize; }
+    [[nodiscard]] int bitCount() const { return ownSize == Size::OneByte ? 8 : 16; }
     /// Base and fields as the settings stand now.
     [[nodiscard]] std::uint32_t value() const;
 

@@ -107,21 +107,27 @@ void Coral::wireFeatures() {
 }
 
 void Coral::defineWords() {
-    EWkupw.define(0xC300,
-                  {bits(7, 6, "D", [this] { return wakeUp.divisor; }),
-                   bits(5, 0, "M, high bits", [this] { return wakeUpHighBitsBy255(wakeUp.mantissa); })});
+    EWkupw.define(
+        0xC300, {readBack(bits(7, 6, "D", [this] { return wakeUp.divisor; }),
+                          numberSetting(
+                              WKUPD, [this] { return wakeUp.divisor; }, extendedWakeUp.divisor)),
+                 readBack(bits(5, 0, "M, high bits", [this] { return wakeUpHighBitsBy255(wakeUp.mantissa); }),
+                          wakeUpMantissa(), 8)});
     LBDw.define(0xC200, {bits(7, 5, "clock output", CLKout, "MHz"), bit(4, "32 kHz in sleep", CB32kHz),
                          thresholdBits(3)});
     Datafiltw.define(0xC400, {bits(7, 6, "clock recovery", ClkRecMode), bit(5, "no autosleep", DFILTbit5),
                               bits(4, 4, "filter", FILTTYPE), bit(3, "wake-up on interrupt", cb_ewi),
                               filterParameterBits()});
-    EFw.define(0xB000, {bit(7, "low power oscillator", CB_exlp),
-                        bits(
-                            6, 6, "clock tail", [this] { return OB_512bit.chosen() ? 1 : 0; },
-                            [this] { return (OB_512bit.chosen() ? OB_512bit : OB_128bit).caption(); }),
-                        bit(5, "external resistor", CB_exr), bit(4, "no autocalibration", CB_dcal),
-                        bits(3, 2, "PLL bandwidth", CB_PllBW),
-                        bits(1, 0, "FIFO level, high bits", [this] { return upperLevelBits(); })});
+    auto tail = [this] { return OB_512bit.chosen() ? 1 : 0; };
+    EFw.define(0xB000,
+               {bit(7, "low power oscillator", CB_exlp),
+                readBack(bits(6, 6, "clock tail", tail,
+                              [this] { return (OB_512bit.chosen() ? OB_512bit : OB_128bit).caption(); }),
+                         optionSetting(tail, {{0, &OB_128bit}, {1, &OB_512bit}})),
+                bit(5, "external resistor", CB_exr), bit(4, "no autocalibration", CB_dcal),
+                bits(3, 2, "PLL bandwidth", CB_PllBW),
+                readBack(bits(1, 0, "FIFO level, high bits", [this] { return upperLevelBits(); }),
+                         fifoLevelSetting(), 4)});
 }
 
 void Coral::setDefaults() {

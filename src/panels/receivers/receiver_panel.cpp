@@ -113,9 +113,10 @@ void ReceiverPanel::defineWords() {
                           bits(3, 1, "bandwidth", BasebandBW, "kHz"), bit(0, "clock output off", disclk)});
     Recw.define(0xC000, {bits(7, 6, "VDI", VDI), bits(5, 4, "LNA gain", LNAgain),
                          bits(3, 1, "DRSSI threshold", DRSSI), bit(0, "receiver chain", enrec)});
-    FIFOw.define(0xCE00, {bits(
-                              7, 4, "FIFO level", [this] { return ITLEVEL.value() & 0xF; },
-                              [this] { return ITlevelNr.text(); }),
+    FIFOw.define(0xCE00, {readBack(bits(
+                                       7, 4, "FIFO level", [this] { return ITLEVEL.value() & 0xF; },
+                                       [this] { return ITlevelNr.text(); }),
+                                   fifoLevelSetting()),
                           bits(3, 2, "fill start", FIFOstrt), bit(1, "synchron latch", ffillen),
                           bit(0, "FIFO mode", fmodeen)});
 }

@@ -138,30 +138,43 @@ void ReceivingPanel::wireFifo() {
 }
 
 void ReceivingPanel::defineWords() {
-    Dutyw.define(receiving.dutyBase,
-                 {bits(
-                      7, 1, "D", [this] { return duty; }, [this] { return DUTY_CALC.text() + " %"; }),
-                  bit(0, "low duty-cycle", enlowdc)});
+    Dutyw.define(receiving.dutyBase, {readBack(bits(
+                                                   7, 1, "D", [this] { return duty; },
+                                                   [this] { return DUTY_CALC.text() + " %"; }),
+                                               numberSetting(
+                                                   DUTY, [this] { return duty; }, dutyRange)),
+                                      bit(0, "low duty-cycle", enlowdc)});
     AFCw.define(receiving.frequencyControlBase, frequencyControlFields());
     Dataratew.define(receiving.dataRateBase, dataRateFields());
 }
 
-std::vector<BitField> ReceivingPanel::frequencyControlFields() const {
+std::vector<BitField> ReceivingPanel::frequencyControlFields() {
     return {bits(7, 6, "mode", AFCauto), bits(5, 4, "range", AFCres), bit(3, "strobe", afcst),
             bit(2, "fine", afcfi),       bit(1, "output", afcoen),    bit(0, "enable", afcen)};
 }
 
-std::vector<BitField> ReceivingPanel::dataRateFields() const {
+std::vector<BitField> ReceivingPanel::dataRateFields() {
     return {bit(7, "prescaler", dataratepresc), dividerBits(6)};
 }
 
-BitField ReceivingPanel::dividerBits(int highBit) const {
-    return bits(
-        highBit, 0, "R", [this] { return dataRateDivider; }, [this] { return DATARATE.text() + " kbps"; });
+BitField ReceivingPanel::dividerBits(int highBit) {
+    return readBack(bits(
+                        highBit, 0, "R", [this] { return dataRateDivider; },
+                        [this] { return DATARATE.text() + " kbps"; }),
+                    numberSetting(
+                        DATARATEDIV, [this] { return dataRateDivider; }, [this] { return dataRateRange(); }));
 }
 
-BitField ReceivingPanel::filterParameterBits() const {
-    return bits(2, 0, "DQD parameter", [this] { return STATEFILT.value(); });
+BitField ReceivingPanel::filterParameterBits() {
+    return readBack(
+        bits(2, 0, "DQD parameter", [this] { return STATEFILT.value(); }),
+        numberSetting(
+            StatefiltNr, [this] { return STATEFILT.value(); }, IntegerRange{0, highestFilterParameter}));
+}
+
+WordSetting ReceivingPanel::fifoLevelSetting() {
+    return numberSetting(
+        ITlevelNr, [this] { return ITLEVEL.value(); }, fifoLevels(receiving));
 }
 
 void ReceivingPanel::begin(CodeList& list, const Choices& choices) {

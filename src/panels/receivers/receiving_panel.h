@@ -125,11 +125,13 @@ class ReceivingPanel : public ChipPanel {
     /// Fills a list and selects the entry it starts with.
     static void begin(CodeList& list, const Choices& choices);
     /// Frequency control word, mode and range on top.
-    [[nodiscard]] std::vector<BitField> frequencyControlFields() const;
-    [[nodiscard]] std::vector<BitField> dataRateFields() const;
+    [[nodiscard]] std::vector<BitField> frequencyControlFields();
+    [[nodiscard]] std::vector<BitField> dataRateFields();
     /// The data rate divider, down to bit 0.
-    [[nodiscard]] BitField dividerBits(int highBit) const;
-    [[nodiscard]] BitField filterParameterBits() const;
+    [[nodiscard]] BitField dividerBits(int highBit);
+    [[nodiscard]] BitField filterParameterBits();
+    /// The FIFO's interrupt level, whose bits stand in two words on some chips.
+    [[nodiscard]] WordSetting fifoLevelSetting();
     void governLowBattery(const TickBox& tick);
     void governWakeUp(const TickBox& tick);
     /// The word of an Update behind which the data line is taken or given back.

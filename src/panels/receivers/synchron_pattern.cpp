@@ -17,7 +17,12 @@ SynchronPattern::SynchronPattern(Form& owner, std::uint32_t base)
     , SynchPatt(owner, "SynchPatt", "Synchron Pattern Command:") {
     TB_SP.setCaption("Byte 0 of Synchron Pattern");
     TB_SP.onCommit = [this] { TB_SP_LostFocus(); };
-    SynchPatt.define(base, {bits(7, 0, "byte 0", [this] { return static_cast<int>(pattern); })});
+    // Zero stands for the chips' own pattern, so the byte itself cannot be zero.
+    auto number = [this] { return static_cast<int>(pattern); };
+    SynchPatt.define(base, {readBack(bits(7, 0, "byte 0", number),
+                                     numberSetting(TB_SP, number, IntegerRange{1, 0xFF}, [](int byte) {
+                                         return hexText(static_cast<std::uint32_t>(byte), digits);
+                                     }))});
 }
 
 KeptPart SynchronPattern::kept() {

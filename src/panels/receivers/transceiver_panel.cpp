@@ -141,11 +141,13 @@ void TransceiverPanel::defineWords() {
                            bit(5, "transmitter", chb_et), bit(4, "synthesizer", chb_es),
                            bit(3, "oscillator", chb_ex), bit(2, "low battery detector", chb_eb),
                            bit(1, "wake-up timer", chb_ew), bit(0, "clock output off", chb_dc)});
-    Recw.define(0x9000, {bits(
-                             10, 10, "pin 16", [this] { return Pin8IsVDI.chosen() ? 1 : 0; },
-                             [this] { return (Pin8IsVDI.chosen() ? Pin8IsVDI : Pin8IsInt).caption(); }),
-                         bits(9, 8, "VDI", VDI), bits(7, 5, "bandwidth", BasebandBW, "kHz"),
-                         bits(4, 3, "LNA gain", LNAgain), bits(2, 0, "DRSSI threshold", DRSSI)});
+    auto pin = [this] { return Pin8IsVDI.chosen() ? 1 : 0; };
+    Recw.define(0x9000,
+                {readBack(bits(10, 10, "pin 16", pin,
+                               [this] { return (Pin8IsVDI.chosen() ? Pin8IsVDI : Pin8IsInt).caption(); }),
+                          optionSetting(pin, {{0, &Pin8IsInt}, {1, &Pin8IsVDI}})),
+                 bits(9, 8, "VDI", VDI), bits(7, 5, "bandwidth", BasebandBW, "kHz"),
+                 bits(4, 3, "LNA gain", LNAgain), bits(2, 0, "DRSSI threshold", DRSSI)});
     TXCtrlw.define(0x9800, {bits(8, 8, "polarity", ModPol), bits(7, 4, "deviation", ModFreq, "kHz"),
                             bits(2, 0, "output power", OutputPower)});
     LBDw.define(0xC000, {bits(7, 5, "clock output", CLKout, "MHz"), thresholdBits(4)});
@@ -154,9 +156,10 @@ void TransceiverPanel::defineWords() {
     FIFOw.define(fifoBase, fifoFields());
 }
 
-std::vector<BitField> TransceiverPanel::fifoFields() const {
-    return {bits(7, 4, "FIFO level", [this] { return ITLEVEL.value(); }), bits(2, 2, "fill start", FIFOstrt),
-            bit(1, "synchron latch", ffillen), bit(0, "sensitive reset off", SensResEn)};
+std::vector<BitField> TransceiverPanel::fifoFields() {
+    return {readBack(bits(7, 4, "FIFO level", [this] { return ITLEVEL.value(); }), fifoLevelSetting()),
+            bits(2, 2, "fill start", FIFOstrt), bit(1, "synchron latch", ffillen),
+            bit(0, "sensitive reset off", SensResEn)};
 }
 
 void TransceiverPanel::setDefaults() {

@@ -57,7 +57,7 @@ class TransceiverPanel : public ReceivingPanel {
     [[nodiscard]] bool needsDataLine() const override { return EnTXLatch.ticked() || EnRxFIFO.ticked(); }
     [[nodiscard]] std::vector<TickBox*> resetTicks() override { return {&ffillen}; }
     /// The FIFO word's bits; a chip may have more of them.
-    [[nodiscard]] std::vector<BitField> fifoFields() const;
+    [[nodiscard]] std::vector<BitField> fifoFields();
 
     static constexpr std::uint32_t fifoBase = 0xCA00;
 

@@ -6,6 +6,7 @@ namespace zor {
 namespace {
 
 constexpr double deviationStep = 30;
+constexpr int powerBitsAtStart = 3;
 
 /// The automatic ticks and the manual ones exclude each other; the latest wins.
 const std::vector<PowerTick> ticks = {
@@ -33,14 +34,18 @@ AutoPowerTransmitter::AutoPowerTransmitter(Bench& ownBench, const PanelTraits& p
 
     Ctrlw.define(0x8000, {bandBits(), bits(10, 8, "clock output", CLKout, "MHz"), capacitanceBits(),
                           bits(3, 3, "polarity", ModPol), bits(2, 0, "deviation", ModFreq, "kHz")});
-    OutPowerw.define(
-        0xB0,
-        {explained(bits(
-                       3, 0, "output power and keying",
-                       [this] { return OutputPower.code() + (Modulation.code() != 0 ? ookMark() : 0); },
-                       [this] { return OutputPower.text() + ", " + Modulation.text(); }),
-                   [this](int code) { return powerText(code); })},
-        ControlWord::Size::OneByte);
+    definePowerWord(powerBitsAtStart);
+}
+
+void AutoPowerTransmitter::definePowerWord(int powerBits) {
+    BitField field =
+        explained(bits(
+                      3, 0, "output power and keying",
+                      [this] { return OutputPower.code() + (Modulation.code() != 0 ? ookMark() : 0); },
+                      [this] { return OutputPower.text() + ", " + Modulation.text(); }),
+                  [this](int code) { return powerText(code); });
+    field.parts = {{listSetting(OutputPower), 0, 0, powerBits}, {listSetting(Modulation), powerBits, 0, 1}};
+    OutPowerw.define(0xB0, {std::move(field)}, ControlWord::Size::OneByte);
 }
 
 std::string AutoPowerTransmitter::powerText(int code) const {

@@ -20,6 +20,9 @@ class AutoPowerTransmitter : public TransmitterPanel {
     /// What a power word's field means: power step and keying.
     [[nodiscard]] std::string powerText(int code) const;
     void powerChanged() { OutPowerw.rebuild(); }
+    /// Declares the power word.
+    /// @param powerBits  how many of its bits hold the power step; the keying's stands above them
+    void definePowerWord(int powerBits);
 };
 
 } // namespace zor

@@ -68,13 +68,14 @@ JadeV1::JadeV1(Bench& ownBench)
 void JadeV1::defineWords() {
     LBDw.define(0xC200, {bit(7, "wake-up timer calibration off", CB_dwc),
                          bit(5, "bit synchronisation", CB_ebs), thresholdBits(4)});
-    Dataratew.define(0xC800, {explained(bits(
-                                            7, 0, "divider", [this] { return dataRateDivider; },
-                                            [this] { return DATARATE.text() + " kbps"; }),
-                                        [this](int divider) {
-                                            return dataRate(divider, Prescaler::Off, CrystalRatio).text +
-                                                   " kbps";
-                                        })});
+    BitField divider =
+        explained(bits(
+                      7, 0, "divider", [this] { return dataRateDivider; },
+                      [this] { return DATARATE.text() + " kbps"; }),
+                  [this](int code) { return dataRate(code, Prescaler::Off, CrystalRatio).text + " kbps"; });
+    Dataratew.define(0xC800, {readBack(std::move(divider),
+                                       numberSetting(
+                                           DATARATEDIV, [this] { return dataRateDivider; }, dividerRange))});
     TB_PLLCmd.define(0xD200, {bits(7, 6, "highest data rate", CB_MaxDataRate, "kbps")});
     setWords({&Ctrlw, &Freqw, &OutPowerw, &PowerMw, &LBDw, &Wkupw, &Dataratew, &TB_PLLCmd});
 }

@@ -117,18 +117,30 @@ void KT1102::wire() {
 void KT1102::defineWords() {
     Ctrlw.define(0x8000, {bandBits(), bits(10, 8, "output power", OutputPower), capacitanceBits(),
                           bits(3, 3, "polarity", ModPol), bits(2, 0, "deviation", ModFreq, "kHz")});
-    TB_FIFOcmd.define(0xCE00, {bit(7, "transmit FIFO", CB_EnFIFO),
-                               bits(5, 0, "interrupt level", [this] { return fifoLevel.value(); })});
-    TB_DataRateCmd.define(0xC800, {bit(7, "prescaler", CB_Prescaler),
-                                   bits(
-                                       6, 0, "divider", [this] { return dataRateDivider.value(); },
-                                       [this] { return TB_DataRateValue.text() + " kbps"; })});
+    TB_FIFOcmd.define(0xCE00,
+                      {bit(7, "transmit FIFO", CB_EnFIFO),
+                       readBack(bits(5, 0, "interrupt level", [this] { return fifoLevel.value(); }),
+                                numberSetting(
+                                    TB_FIFOITLevel, [this] { return fifoLevel.value(); }, levelRange))});
+    TB_DataRateCmd.define(
+        0xC800, {bit(7, "prescaler", CB_Prescaler),
+                 readBack(bits(
+                              6, 0, "divider", [this] { return dataRateDivider.value(); },
+                              [this] { return TB_DataRateValue.text() + " kbps"; }),
+                          numberSetting(
+                              TB_DataRate, [this] { return dataRateDivider.value(); }, dividerRange))});
     LBDw.define(0xC200, {bits(7, 5, "clock output", CLKout, "MHz"), bit(4, "32 kHz clock in sleep", CB_ebs),
                          thresholdBits(3)});
-    Wkupw.define(0xE000, {bits(11, 8, "R", [this] { return wakeUp.exponent; }),
-                          bits(7, 0, "low byte of M", [this] { return wakeUpLowByte(wakeUp.mantissa); })});
-    EWkupw.define(0xC300, {bits(7, 6, "D", [this] { return wakeUp.divisor; }),
-                           bits(5, 0, "high bits of M", [this] { return wakeUpHighBits(wakeUp.mantissa); })});
+    Wkupw.define(0xE000,
+                 {readBack(bits(11, 8, "R", [this] { return wakeUp.exponent; }), wakeUpExponent()),
+                  readBack(bits(7, 0, "low byte of M", [this] { return wakeUpLowByte(wakeUp.mantissa); }),
+                           wakeUpMantissa())});
+    EWkupw.define(0xC300,
+                  {readBack(bits(7, 6, "D", [this] { return wakeUp.divisor; }),
+                            numberSetting(
+                                WKUPD, [this] { return wakeUp.divisor; }, extendedWakeUp.divisor)),
+                   readBack(bits(5, 0, "high bits of M", [this] { return wakeUpHighBits(wakeUp.mantissa); }),
+                            wakeUpMantissa(), 8)});
     EFCmd.define(0xB000, {bit(7, "low power crystal oscillator", CB_EnLowPowerXtal),
                           bit(6, "clock tail of 512 bits", CB_512ClockTail),
                           bit(4, "wake-up timer calibration off", CB_DisWUTAutocal),

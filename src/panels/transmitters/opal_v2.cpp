@@ -67,17 +67,18 @@ int OpalV2::ookMark() const {
 
 void OpalV2::Revision_Click() {
     if (Revision.text() == oldRevision && revisionFlag != 0) {
-        switchRevision(0, 4, Yellow);
+        switchRevision(0, 2, Yellow);
     }
     if (Revision.text() == newRevision && revisionFlag != 1) {
-        switchRevision(1, 8, Green);
+        switchRevision(1, 3, Green);
     }
     powerChanged();
 }
 
-void OpalV2::switchRevision(int flag, std::size_t powerSteps, const Swatch& colour) {
+void OpalV2::switchRevision(int flag, int powerBits, const Swatch& colour) {
     revisionFlag = flag;
-    OutputPower.fill(outputPowers(powerSteps));
+    definePowerWord(powerBits);
+    OutputPower.fill(outputPowers(std::size_t{1} << static_cast<unsigned>(powerBits)));
     OutputPower.selectText("Pmax");
     Revision.setBackground(colour.background());
 }

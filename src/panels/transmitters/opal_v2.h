@@ -30,7 +30,7 @@ class OpalV2 : public AutoPowerTransmitter {
 
   private:
     void Revision_Click();
-    void switchRevision(int flag, std::size_t powerSteps, const Swatch& colour);
+    void switchRevision(int flag, int powerBits, const Swatch& colour);
 
     /// 0 for "'C' or below", 1 for "'D' or above".
     int revisionFlag = 1;
