@@ -5,7 +5,7 @@
 #include "elements/form.h"
 #include "shell/main_window.h"
 #include "soak/random_engineer.h"
-#include "transcript_runner/statements.h"
+#include "transcript_runner/world.h"
 
 #include <chrono>
 #include <exception>
@@ -83,7 +83,7 @@ class Bench {
     std::string tryOut(const std::string& text) {
         try {
             for (const Statement& statement : readTranscript(text + "\n")) {
-                testing::carryOut(world, statement);
+                transcript::carryOut(world, statement);
             }
         } catch (const Failure&) {
             // Out of a user's reach, or not there at all.

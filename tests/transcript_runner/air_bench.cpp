@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/air_bench.h"
 
-#include "transcript_runner/transcript.h"
+#include "transcript/transcript.h"
 
 #include <string>
 
 namespace zor::testing {
+
+using transcript::Failure;
 
 AirBench::AirBench(EventLoop& eventLoop, sim::Board& nearBoard)
     : loop(eventLoop) {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "transcript_runner/statements.h"
+#include "transcript_runner/bench_statements.h"
 
 #include "shell/main_window.h"
 #include "transcript_runner/air_bench.h"
+#include "transcript_runner/board_checks.h"
 #include "transcript_runner/register_statements.h"
 
 #include <algorithm>
@@ -220,41 +221,29 @@ void file(World& world, const Arguments& arguments) {
     write(world.file(arguments.text(0)), bytes);
 }
 
-void answer(World& world, const Arguments& arguments) {
-    ScriptedDialogs& dialogs = world.machine.dialogs;
-    if (arguments.isWord(0, "file")) {
-        arguments.expectCount(2, 2);
-        dialogs.files.emplace_back(world.file(arguments.text(1)).string());
-        return;
-    }
-    arguments.expectCount(1, 1);
-    if (arguments.isWord(0, "cancel")) {
-        dialogs.files.emplace_back(std::nullopt);
-    } else if (arguments.isWord(0, "yes")) {
-        dialogs.answers.push_back(Answer::Yes);
-    } else if (arguments.isWord(0, "no")) {
-        dialogs.answers.push_back(Answer::No);
-    } else {
-        throw Failure("expected file, cancel, yes or no, found " + arguments.text(0));
-    }
+void start(World& world, const Arguments&) {
+    world.start();
 }
 
-void run(World& world, const Arguments& arguments) {
-    world.machine.loop.runFor(arguments.milliseconds(0));
+/// A row of the common table hands over the scene, which is a world here.
+template <void (*carryOut)(World&, const Arguments&)>
+void inWorld(transcript::Scene& scene, const Arguments& arguments) {
+    carryOut(static_cast<World&>(scene), arguments);
 }
 
 // clang-format off
 constexpr StatementRow rows[] = {
-    {"board",  2, 5, board},
-    {"air",    2, 4, air},
-    {"usb",    3, 4, usb},
-    {"file",   1, 3, file},
-    {"answer", 1, 2, answer},
-    {"database", 0, 0, makeDatabase},
-    {"start",  0, 0, [](World& world, const Arguments&) { world.start(); }},
-    {"run",    1, 1, run},
-    {"linger", 1, 1, [](World& world, const Arguments& a) { world.linger = a.milliseconds(0); }},
-    {"clock",  0, 0, [](World& world, const Arguments&) { world.clockMark = world.machine.loop.now(); }},
+    {"board",    2, 5, inWorld<board>},
+    {"air",      2, 4, inWorld<air>},
+    {"usb",      3, 4, inWorld<usb>},
+    {"file",     1, 3, inWorld<file>},
+    {"database", 0, 0, inWorld<makeDatabase>},
+    {"start",    0, 0, inWorld<start>},
+    {"eeprom",   3, 3, inWorld<expectEeprom>},
+    {"asked",    1, 1, inWorld<expectAsked>},
+    {"register", 3, 3, inWorld<expectRegister>},
+    {"fifo",     3, 3, inWorld<expectFifo>},
+    {"image",    3, 3, inWorld<expectImage>},
 };
 // clang-format on
 

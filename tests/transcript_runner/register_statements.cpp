@@ -5,11 +5,14 @@
 #include "store/sqlite_register_store.h"
 #include "support/numbers.h"
 #include "support/register_list.h"
-#include "transcript_runner/checks.h"
+#include "transcript/checks.h"
 
 #include <algorithm>
 
 namespace zor::testing {
+
+using transcript::expectLines;
+using transcript::expectText;
 
 namespace {
 

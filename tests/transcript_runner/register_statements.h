@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "transcript_runner/statements.h"
+#include "transcript_runner/world.h"
 
 namespace zor::testing {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "transcript_runner/runner.h"
 
-#include "transcript_runner/statements.h"
+#include "transcript_runner/world.h"
 
 #include <fstream>
 #include <iterator>
@@ -11,27 +11,9 @@ namespace zor::testing {
 
 namespace {
 
-void checkEnd(World& world, int line) {
-    if (!world.waitingLines.empty()) {
-        throw LineFailure(world.waitingLines.front(),
-                          "expected this to be carried out, found the transcript at its end before");
-    }
-    if (!world.machine.dialogs.boxes.empty()) {
-        const Box& box = world.machine.dialogs.boxes.front();
-        throw LineFailure(line, "expected no box left at the end, found " + asQuoted(box.title) + " " +
-                                    asQuoted(box.text));
-    }
-}
-
 /// Throws LineFailure.
 void play(World& world, const std::vector<Statement>& statements) {
-    for (const Statement& statement : statements) {
-        try {
-            checkForm(statement);
-        } catch (const Failure& failure) {
-            throw LineFailure(statement.line, failure.what());
-        }
-    }
+    checkForms(world, statements);
     for (const Statement& statement : statements) {
         try {
             carryOut(world, statement);

@@ -4,7 +4,7 @@
 #include "elements/desk.h"
 #include "elements/form.h"
 #include "shell/main_window.h"
-#include "transcript_runner/statements.h"
+#include "transcript_runner/world.h"
 #include "virtual/virtual_machine.h"
 
 #include <gtest/gtest.h>

@@ -2,12 +2,10 @@
 #include "transcript_runner/world.h"
 
 #include "elements/desk.h"
-#include "elements/element.h"
+#include "link/connect.h"
 #include "shell/main_window.h"
 #include "transcript_runner/air_bench.h"
-#include "transcript_runner/statements.h"
-
-#include <algorithm>
+#include "transcript_runner/bench_statements.h"
 
 namespace zor::testing {
 
@@ -30,20 +28,6 @@ void World::end() {
     desk.reset();
 }
 
-void World::letLinger() {
-    if (linger.count() == 0) {
-        return;
-    }
-    auto answered = std::make_shared<bool>(false);
-    auto timer = machine.loop.startTimer(linger, EventLoop::Repeat::Once, [answered] { *answered = true; });
-    EventLoop::Waiting inside(machine.loop);
-    // A program that is being left takes its boxes with it.
-    while (!*answered && !machine.loop.leaving()) {
-        machine.loop.runOnce();
-    }
-    machine.loop.stopTimer(timer);
-}
-
 void World::start() {
     if (machine.loop.acting()) {
         throw Failure("a program cannot be started in the middle of an action");
@@ -62,47 +46,29 @@ MainWindow& World::program() const {
     return *mainWindow;
 }
 
-Form* World::findWindow(const std::string& name) const {
-    return program().desk().find(name);
+std::span<const StatementRow> World::ownStatements() const {
+    return benchStatements();
 }
 
-Form& World::window(const std::string& name) const {
-    Form* form = findWindow(name);
-    if (form == nullptr) {
-        throw Failure("there is no window " + name);
-    }
-    return *form;
-}
-
-Element& World::element(const std::string& name) const {
-    std::size_t point = name.find('.');
-    if (point == std::string::npos) {
-        throw Failure("expected an element as Window.Element, found " + name);
-    }
-    Element* found = window(name.substr(0, point)).find(std::string_view(name).substr(point + 1));
-    if (found == nullptr) {
-        throw Failure("there is no element " + name);
-    }
-    return *found;
-}
-
-void World::later(std::chrono::milliseconds time, const Statement& statement) {
-    waitingLines.push_back(statement.line);
-    machine.loop.startTimer(time, EventLoop::Repeat::Once, [this, statement] {
-        waitingLines.erase(std::find(waitingLines.begin(), waitingLines.end(), statement.line));
-        try {
-            carryOut(*this, statement);
-        } catch (const Failure& failure) {
-            // The action in whose wait this came goes on; the transcript ends behind it.
-            if (!lateFailure) {
-                lateFailure.emplace(statement.line, failure.what());
-            }
+std::vector<std::string> World::sentLines(std::optional<int> port) const {
+    std::vector<std::string> lines;
+    for (const VirtualPorts::SentLine& line : machine.ports.sent) {
+        if (!port || line.port == *port) {
+            lines.push_back(line.text);
         }
-    });
+    }
+    return lines;
 }
 
-std::filesystem::path World::file(const std::string& name) const {
-    return machine.platform.programFolder / name;
+void World::forgetSent(std::optional<int> port) {
+    std::erase_if(machine.ports.sent,
+                  [&](const VirtualPorts::SentLine& line) { return !port || line.port == *port; });
+}
+
+std::string World::lineFormat() const {
+    const Connect& connect = *program().bench().connect;
+    const VirtualSeat* seat = connect.isOpen() ? machine.ports.find(connect.portNumber()) : nullptr;
+    return seat == nullptr ? connect.settings().format : seat->format();
 }
 
 } // namespace zor::testing

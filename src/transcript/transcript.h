@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zor::testing {
+namespace zor::transcript {
 
 /// What was expected and what was found; the runner puts the file and line in front.
 struct Failure : std::runtime_error {
@@ -46,4 +46,4 @@ struct Statement {
 /// A text as it would stand in a transcript, with quotes and escapes.
 [[nodiscard]] std::string asQuoted(std::string_view text);
 
-} // namespace zor::testing
+} // namespace zor::transcript

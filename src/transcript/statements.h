@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "transcript_runner/transcript.h"
-#include "transcript_runner/world.h"
+#include "transcript/scene.h"
+#include "transcript/transcript.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <span>
 #include <string>
@@ -14,7 +15,7 @@ namespace zor {
 class Grid;
 } // namespace zor
 
-namespace zor::testing {
+namespace zor::transcript {
 
 /// What stands behind a statement's name.
 class Arguments {
@@ -59,10 +60,11 @@ struct StatementRow {
     std::string_view name;
     std::size_t least;
     std::size_t most;
-    void (*carryOut)(World& world, const Arguments& arguments);
+    void (*carryOut)(Scene& scene, const Arguments& arguments);
 };
 
-[[nodiscard]] std::span<const StatementRow> benchStatements();
+/// Time, and the answers laid ready for boxes and dialogs.
+[[nodiscard]] std::span<const StatementRow> commonStatements();
 /// Gestures, which `refused` may stand in front of.
 [[nodiscard]] std::span<const StatementRow> gestureStatements();
 [[nodiscard]] std::span<const StatementRow> checkStatements();
@@ -73,14 +75,22 @@ struct Refused : Failure {
 };
 
 /// Throws Failure if the element is no grid.
-[[nodiscard]] Grid& gridNamed(World& world, const std::string& name);
+[[nodiscard]] Grid& gridNamed(Scene& scene, const std::string& name);
 /// The column's position. Throws Failure if the grid has none of that caption.
 [[nodiscard]] std::size_t columnNamed(const Grid& grid, const std::string& caption);
 
 /// Carries one statement out. Throws Failure.
-void carryOut(World& world, const Statement& statement);
+void carryOut(Scene& scene, const Statement& statement);
 
-/// Throws Failure if the statement is none of the language, whatever the world.
-void checkForm(const Statement& statement);
+/// Throws Failure if the statement is none that this scene knows, or has too little or too much behind it.
+void checkForm(const Scene& scene, const Statement& statement);
+/// The same for all statements of a transcript. Throws LineFailure.
+void checkForms(const Scene& scene, const std::vector<Statement>& statements);
+/// What must not be left when a transcript has come to its end: a box that was not seen, a statement whose
+/// time has not come. Throws LineFailure.
+void checkEnd(Scene& scene, int lastLine);
 
-} // namespace zor::testing
+/// The statement is one that a simulated bench alone can carry out.
+[[nodiscard]] bool needsSimulatedBench(std::string_view statement);
+
+} // namespace zor::transcript

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "transcript_runner/statements.h"
-#include "transcript_runner/variables.h"
+#include "transcript/statements.h"
+#include "transcript/variables.h"
 
 #include "elements/desk.h"
 #include "elements/grid.h"
@@ -15,18 +15,17 @@
 #include "elements/tick_box.h"
 #include "link/connect.h"
 #include "shell/main_window.h"
-#include "transcript_runner/checks.h"
-#include "transcript_runner/register_statements.h"
+#include "transcript/checks.h"
 
 #include <algorithm>
 
-namespace zor::testing {
+namespace zor::transcript {
 
 namespace {
 
 template <class Kind>
-Kind& as(World& world, const Arguments& arguments, const char* kind) {
-    auto* fitting = dynamic_cast<Kind*>(&world.element(arguments.text(0)));
+Kind& as(Scene& scene, const Arguments& arguments, const char* kind) {
+    auto* fitting = dynamic_cast<Kind*>(&scene.element(arguments.text(0)));
     if (fitting == nullptr) {
         throw Failure("expected " + std::string(kind) + ", but " + arguments.text(0) + " is none");
     }
@@ -40,8 +39,8 @@ void expectThat(bool found, const Arguments& arguments, const char* expected, co
     }
 }
 
-void text(World& world, const Arguments& arguments) {
-    std::string shown = world.element(arguments.text(0)).text();
+void text(Scene& scene, const Arguments& arguments) {
+    std::string shown = scene.element(arguments.text(0)).text();
     if (arguments.isWord(1, "~")) {
         expectPart("in " + arguments.text(0), arguments.text(2), shown);
         return;
@@ -50,59 +49,59 @@ void text(World& world, const Arguments& arguments) {
     expectText("text of " + arguments.text(0), arguments.text(1), shown);
 }
 
-void lacks(World& world, const Arguments& arguments) {
-    std::string shown = world.element(arguments.text(0)).text();
+void lacks(Scene& scene, const Arguments& arguments) {
+    std::string shown = scene.element(arguments.text(0)).text();
     if (shown.find(arguments.text(1)) != std::string::npos) {
         throw Failure("expected no " + asQuoted(arguments.text(1)) + " in " + arguments.text(0) + ", found " +
                       asQuoted(shown));
     }
 }
 
-void caption(World& world, const Arguments& arguments) {
+void caption(Scene& scene, const Arguments& arguments) {
     const std::string& name = arguments.text(0);
     bool isWindow = name.find('.') == std::string::npos;
     expectText("caption of " + name, arguments.text(1),
-               isWindow ? world.window(name).title() : world.element(name).caption());
+               isWindow ? scene.window(name).title() : scene.element(name).caption());
 }
 
-void tip(World& world, const Arguments& arguments) {
-    expectText("tip of " + arguments.text(0), arguments.text(1), world.element(arguments.text(0)).tip());
+void tip(Scene& scene, const Arguments& arguments) {
+    expectText("tip of " + arguments.text(0), arguments.text(1), scene.element(arguments.text(0)).tip());
 }
 
-void hint(World& world, const Arguments& arguments) {
-    expectText("hint of " + arguments.text(0), arguments.text(1), world.element(arguments.text(0)).hint());
+void hint(Scene& scene, const Arguments& arguments) {
+    expectText("hint of " + arguments.text(0), arguments.text(1), scene.element(arguments.text(0)).hint());
 }
 
-void document(World& world, const Arguments& arguments) {
+void document(Scene& scene, const Arguments& arguments) {
     expectText("document of " + arguments.text(0), arguments.text(1),
-               world.window(arguments.text(0)).document());
+               scene.window(arguments.text(0)).document());
 }
 
-void index(World& world, const Arguments& arguments) {
-    const auto* strip = dynamic_cast<TabStrip*>(&world.element(arguments.text(0)));
-    int position = strip != nullptr ? strip->page() - 1 : as<ListBox>(world, arguments, "a list").position();
+void index(Scene& scene, const Arguments& arguments) {
+    const auto* strip = dynamic_cast<TabStrip*>(&scene.element(arguments.text(0)));
+    int position = strip != nullptr ? strip->page() - 1 : as<ListBox>(scene, arguments, "a list").position();
     expectNumber("position of " + arguments.text(0), arguments.integer(1, -1, 32767), position);
 }
 
-void entries(World& world, const Arguments& arguments) {
+void entries(Scene& scene, const Arguments& arguments) {
     std::vector<std::string> found;
-    if (auto* button = dynamic_cast<BarButton*>(&world.element(arguments.text(0)))) {
+    if (auto* button = dynamic_cast<BarButton*>(&scene.element(arguments.text(0)))) {
         for (const DropDownEntry& entry : button->entries()) {
             found.push_back(entry.key);
         }
-    } else if (const auto* strip = dynamic_cast<TabStrip*>(&world.element(arguments.text(0)))) {
+    } else if (const auto* strip = dynamic_cast<TabStrip*>(&scene.element(arguments.text(0)))) {
         found = strip->titles();
     } else {
-        found = as<ListBox>(world, arguments, "a list").entries();
+        found = as<ListBox>(scene, arguments, "a list").entries();
     }
     expectLines("entries of " + arguments.text(0), arguments.rest(1), found);
 }
 
-bool ticked(World& world, const Arguments& arguments) {
-    if (auto* entry = dynamic_cast<MenuEntry*>(&world.element(arguments.text(0)))) {
+bool ticked(Scene& scene, const Arguments& arguments) {
+    if (auto* entry = dynamic_cast<MenuEntry*>(&scene.element(arguments.text(0)))) {
         return entry->checked();
     }
-    return as<TickBox>(world, arguments, "a tick box").ticked();
+    return as<TickBox>(scene, arguments, "a tick box").ticked();
 }
 
 std::string colourText(const Colour& colour) {
@@ -110,9 +109,9 @@ std::string colourText(const Colour& colour) {
            std::to_string(colour.blue);
 }
 
-void back(World& world, const Arguments& arguments) {
+void back(Scene& scene, const Arguments& arguments) {
     auto backgroundOf = [&](std::size_t at) {
-        return world.element(arguments.text(at)).background().value_or(buttonFace);
+        return scene.element(arguments.text(at)).background().value_or(buttonFace);
     };
     Colour found = backgroundOf(0);
     Colour expected;
@@ -131,17 +130,17 @@ void back(World& world, const Arguments& arguments) {
     }
 }
 
-void value(World& world, const Arguments& arguments) {
-    if (auto* arrows = dynamic_cast<UpDown*>(&world.element(arguments.text(0)))) {
+void value(Scene& scene, const Arguments& arguments) {
+    if (auto* arrows = dynamic_cast<UpDown*>(&scene.element(arguments.text(0)))) {
         expectNumber("value of " + arguments.text(0), arguments.number(1), arrows->value());
         return;
     }
     expectNumber("value of " + arguments.text(0), arguments.number(1),
-                 as<Ranged>(world, arguments, "a slider, progress or up-down").value());
+                 as<Ranged>(scene, arguments, "a slider, progress or up-down").value());
 }
 
-void limit(World& world, const Arguments& arguments) {
-    std::optional<std::size_t> found = as<TextField>(world, arguments, "a text field").limit();
+void limit(Scene& scene, const Arguments& arguments) {
+    std::optional<std::size_t> found = as<TextField>(scene, arguments, "a text field").limit();
     if (!found) {
         throw Failure("expected a limit of " + arguments.text(1) + " characters in " + arguments.text(0) +
                       ", found none");
@@ -149,18 +148,18 @@ void limit(World& world, const Arguments& arguments) {
     expectNumber("limit of " + arguments.text(0), arguments.number(1), static_cast<double>(*found));
 }
 
-bool locked(World& world, const Arguments& arguments) {
-    if (auto* list = dynamic_cast<ListBox*>(&world.element(arguments.text(0)))) {
+bool locked(Scene& scene, const Arguments& arguments) {
+    if (auto* list = dynamic_cast<ListBox*>(&scene.element(arguments.text(0)))) {
         return list->locked();
     }
-    if (auto* received = dynamic_cast<Monitor*>(&world.element(arguments.text(0)))) {
+    if (auto* received = dynamic_cast<Monitor*>(&scene.element(arguments.text(0)))) {
         return received->locked();
     }
-    return as<TextField>(world, arguments, "a field or list").readOnly();
+    return as<TextField>(scene, arguments, "a field or list").readOnly();
 }
 
-bool isOpen(World& world, const Arguments& arguments) {
-    Form* form = world.findWindow(arguments.text(0));
+bool isOpen(Scene& scene, const Arguments& arguments) {
+    Form* form = scene.findWindow(arguments.text(0));
     return form != nullptr && form->isOpen();
 }
 
@@ -173,23 +172,23 @@ void expectPair(const Arguments& arguments, const char* what, double first, doub
     }
 }
 
-void at(World& world, const Arguments& arguments) {
-    Place place = world.window(arguments.text(0)).place();
+void at(Scene& scene, const Arguments& arguments) {
+    Place place = scene.window(arguments.text(0)).place();
     expectPair(arguments, "place", place.top, place.left);
 }
 
-void sized(World& world, const Arguments& arguments) {
-    Extent extent = world.window(arguments.text(0)).extent();
+void sized(Scene& scene, const Arguments& arguments) {
+    Extent extent = scene.window(arguments.text(0)).extent();
     expectPair(arguments, "size", extent.height, extent.width);
 }
 
-void rowCount(World& world, const Arguments& arguments) {
+void rowCount(Scene& scene, const Arguments& arguments) {
     expectNumber("rows of " + arguments.text(0), arguments.integer(1, 0, 1'000'000),
-                 static_cast<double>(gridNamed(world, arguments.text(0)).rowCount()));
+                 static_cast<double>(gridNamed(scene, arguments.text(0)).rowCount()));
 }
 
-void seen(World& world, const Arguments& arguments) {
-    Grid& grid = gridNamed(world, arguments.text(0));
+void seen(Scene& scene, const Arguments& arguments) {
+    Grid& grid = gridNamed(scene, arguments.text(0));
     std::size_t column = columnNamed(grid, arguments.text(2));
     auto row = static_cast<std::size_t>(arguments.integer(1, 1, 1'000'000));
     if (row > grid.rowCount()) {
@@ -200,15 +199,15 @@ void seen(World& world, const Arguments& arguments) {
                arguments.text(3), grid.cell(row - 1, column).text);
 }
 
-void pickedRow(World& world, const Arguments& arguments) {
-    auto picked = gridNamed(world, arguments.text(0)).picked();
+void pickedRow(Scene& scene, const Arguments& arguments) {
+    auto picked = gridNamed(scene, arguments.text(0)).picked();
     std::string expected =
         arguments.isWord(1, "none") ? "none" : std::to_string(arguments.integer(1, 1, 1'000'000));
     expectText("row of " + arguments.text(0), expected, picked ? std::to_string(*picked + 1) : "none");
 }
 
-void state(World& world, const Arguments& arguments) {
-    auto found = variable(world.program(), arguments.text(0));
+void state(Scene& scene, const Arguments& arguments) {
+    auto found = variable(scene.program(), arguments.text(0));
     if (!found) {
         throw Failure("there is no variable " + arguments.text(0));
     }
@@ -225,25 +224,25 @@ constexpr StatementRow rows[] = {
     {"document", 2, 2, document},
     {"index",    2, 2, index},
     {"entries",  1, StatementRow::anyCount, entries},
-    {"pressed",  1, 1, [](World& w, const Arguments& a) { expectThat(as<BarButton>(w, a, "a bar button").pressed(), a, "pressed", "released"); }},
-    {"released", 1, 1, [](World& w, const Arguments& a) { expectThat(!as<BarButton>(w, a, "a bar button").pressed(), a, "released", "pressed"); }},
-    {"focused",  1, 1, [](World& w, const Arguments& a) { expectThat(w.element(a.text(0)).focused(), a, "focused", "without the focus"); }},
-    {"ticked",   1, 1, [](World& w, const Arguments& a) { expectThat(ticked(w, a), a, "ticked", "unticked"); }},
-    {"unticked", 1, 1, [](World& w, const Arguments& a) { expectThat(!ticked(w, a), a, "unticked", "ticked"); }},
-    {"chosen",   1, 1, [](World& w, const Arguments& a) { expectThat(as<Option>(w, a, "an option").chosen(), a, "chosen", "not chosen"); }},
-    {"enabled",  1, 1, [](World& w, const Arguments& a) { expectThat(w.element(a.text(0)).active(), a, "enabled", "disabled"); }},
-    {"disabled", 1, 1, [](World& w, const Arguments& a) { expectThat(!w.element(a.text(0)).active(), a, "disabled", "enabled"); }},
-    {"shown",    1, 1, [](World& w, const Arguments& a) { expectThat(w.element(a.text(0)).shown(), a, "shown", "hidden"); }},
-    {"hidden",   1, 1, [](World& w, const Arguments& a) { expectThat(!w.element(a.text(0)).shown(), a, "hidden", "shown"); }},
-    {"lit",      1, 1, [](World& w, const Arguments& a) { expectThat(as<Lamp>(w, a, "a lamp").lit(), a, "lit", "dark"); }},
-    {"dark",     1, 1, [](World& w, const Arguments& a) { expectThat(!as<Lamp>(w, a, "a lamp").lit(), a, "dark", "lit"); }},
+    {"pressed",  1, 1, [](Scene& w, const Arguments& a) { expectThat(as<BarButton>(w, a, "a bar button").pressed(), a, "pressed", "released"); }},
+    {"released", 1, 1, [](Scene& w, const Arguments& a) { expectThat(!as<BarButton>(w, a, "a bar button").pressed(), a, "released", "pressed"); }},
+    {"focused",  1, 1, [](Scene& w, const Arguments& a) { expectThat(w.element(a.text(0)).focused(), a, "focused", "without the focus"); }},
+    {"ticked",   1, 1, [](Scene& w, const Arguments& a) { expectThat(ticked(w, a), a, "ticked", "unticked"); }},
+    {"unticked", 1, 1, [](Scene& w, const Arguments& a) { expectThat(!ticked(w, a), a, "unticked", "ticked"); }},
+    {"chosen",   1, 1, [](Scene& w, const Arguments& a) { expectThat(as<Option>(w, a, "an option").chosen(), a, "chosen", "not chosen"); }},
+    {"enabled",  1, 1, [](Scene& w, const Arguments& a) { expectThat(w.element(a.text(0)).active(), a, "enabled", "disabled"); }},
+    {"disabled", 1, 1, [](Scene& w, const Arguments& a) { expectThat(!w.element(a.text(0)).active(), a, "disabled", "enabled"); }},
+    {"shown",    1, 1, [](Scene& w, const Arguments& a) { expectThat(w.element(a.text(0)).shown(), a, "shown", "hidden"); }},
+    {"hidden",   1, 1, [](Scene& w, const Arguments& a) { expectThat(!w.element(a.text(0)).shown(), a, "hidden", "shown"); }},
+    {"lit",      1, 1, [](Scene& w, const Arguments& a) { expectThat(as<Lamp>(w, a, "a lamp").lit(), a, "lit", "dark"); }},
+    {"dark",     1, 1, [](Scene& w, const Arguments& a) { expectThat(!as<Lamp>(w, a, "a lamp").lit(), a, "dark", "lit"); }},
     {"back",     3, 4, back},
     {"value",    2, 2, value},
     {"limit",    2, 2, limit},
-    {"locked",   1, 1, [](World& w, const Arguments& a) { expectThat(locked(w, a), a, "locked", "unlocked"); }},
-    {"unlocked", 1, 1, [](World& w, const Arguments& a) { expectThat(!locked(w, a), a, "unlocked", "locked"); }},
-    {"open",     1, 1, [](World& w, const Arguments& a) { expectThat(isOpen(w, a), a, "open", "closed"); }},
-    {"closed",   1, 1, [](World& w, const Arguments& a) { expectThat(!isOpen(w, a), a, "closed", "open"); }},
+    {"locked",   1, 1, [](Scene& w, const Arguments& a) { expectThat(locked(w, a), a, "locked", "unlocked"); }},
+    {"unlocked", 1, 1, [](Scene& w, const Arguments& a) { expectThat(!locked(w, a), a, "unlocked", "locked"); }},
+    {"open",     1, 1, [](Scene& w, const Arguments& a) { expectThat(isOpen(w, a), a, "open", "closed"); }},
+    {"closed",   1, 1, [](Scene& w, const Arguments& a) { expectThat(!isOpen(w, a), a, "closed", "open"); }},
     {"rows",     2, 2, rowCount},
     {"seen",     4, 4, seen},
     {"row",      2, 2, pickedRow},
@@ -254,18 +253,13 @@ constexpr StatementRow rows[] = {
     {"lines",    2, 2, expectNoLogLines},
     {"sent",     0, StatementRow::anyCount, expectSent},
     {"box",      2, 3, expectBox},
-    {"nobox",    0, 0, [](World& w, const Arguments&) { expectNoBox(w); }},
+    {"nobox",    0, 0, [](Scene& w, const Arguments&) { expectNoBox(w); }},
     {"dialog",   3, 3, expectDialog},
     {"content",  1, 3, expectContent},
     {"nofile",   1, 1, expectNoFile},
     {"port",     1, 1, expectPort},
-    {"eeprom",   3, 3, expectEeprom},
     {"elapsed",  2, 2, expectElapsed},
-    {"asked",    1, 1, expectAsked},
-    {"register", 3, 3, expectRegister},
-    {"fifo",     3, 3, expectFifo},
     {"speed",    1, 1, expectSpeed},
-    {"image",    3, 3, expectImage},
 };
 // clang-format on
 
@@ -275,4 +269,4 @@ std::span<const StatementRow> checkStatements() {
     return rows;
 }
 
-} // namespace zor::testing
+} // namespace zor::transcript

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "transcript_runner/statements.h"
+#include "transcript/statements.h"
 
 #include "elements/form.h"
 #include "elements/grid.h"
@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace zor::testing {
+namespace zor::transcript {
 
 namespace {
 
@@ -28,8 +28,8 @@ void demand(bool done, const Arguments& arguments) {
 
 /// The element as the kind that the gesture needs: an unfit gesture is a mistake, not a refusal.
 template <class Kind>
-Kind& as(World& world, const Arguments& arguments, const char* kind) {
-    Element& element = world.element(arguments.text(0));
+Kind& as(Scene& scene, const Arguments& arguments, const char* kind) {
+    Element& element = scene.element(arguments.text(0));
     auto* fitting = dynamic_cast<Kind*>(&element);
     if (fitting == nullptr) {
         throw Failure("expected " + std::string(kind) + ", but " + arguments.text(0) + " is none");
@@ -41,51 +41,51 @@ bool namesWindow(const Arguments& arguments) {
     return arguments.text(0).find('.') == std::string::npos;
 }
 
-void click(World& world, const Arguments& arguments) {
-    demand(namesWindow(arguments) ? world.window(arguments.text(0)).userClick()
-                                  : world.element(arguments.text(0)).click(),
+void click(Scene& scene, const Arguments& arguments) {
+    demand(namesWindow(arguments) ? scene.window(arguments.text(0)).userClick()
+                                  : scene.element(arguments.text(0)).click(),
            arguments);
 }
 
-void doubleclick(World& world, const Arguments& arguments) {
-    demand(namesWindow(arguments) ? world.window(arguments.text(0)).userDoubleClick()
-                                  : world.element(arguments.text(0)).doubleClick(),
+void doubleclick(Scene& scene, const Arguments& arguments) {
+    demand(namesWindow(arguments) ? scene.window(arguments.text(0)).userDoubleClick()
+                                  : scene.element(arguments.text(0)).doubleClick(),
            arguments);
 }
 
 /// A field, or a text that takes its keys one by one.
-Element& typedInto(World& world, const Arguments& arguments) {
-    Element& element = world.element(arguments.text(0));
+Element& typedInto(Scene& scene, const Arguments& arguments) {
+    Element& element = scene.element(arguments.text(0));
     if (dynamic_cast<Monitor*>(&element) == nullptr) {
-        as<TextField>(world, arguments, "a field that takes keys");
+        as<TextField>(scene, arguments, "a field that takes keys");
     }
     return element;
 }
 
-void type(World& world, const Arguments& arguments) {
-    demand(typedInto(world, arguments).type(arguments.text(1)), arguments);
+void type(Scene& scene, const Arguments& arguments) {
+    demand(typedInto(scene, arguments).type(arguments.text(1)), arguments);
 }
 
-void edit(World& world, const Arguments& arguments) {
-    demand(typedInto(world, arguments).edit(arguments.text(1)), arguments);
+void edit(Scene& scene, const Arguments& arguments) {
+    demand(typedInto(scene, arguments).edit(arguments.text(1)), arguments);
 }
 
-void key(World& world, const Arguments& arguments) {
-    typedInto(world, arguments);
+void key(Scene& scene, const Arguments& arguments) {
+    typedInto(scene, arguments);
     for (char c : arguments.text(1)) {
-        demand(world.element(arguments.text(0)).press(c), arguments);
+        demand(scene.element(arguments.text(0)).press(c), arguments);
     }
 }
 
-void caret(World& world, const Arguments& arguments) {
-    auto& field = as<TextField>(world, arguments, "a text field");
+void caret(Scene& scene, const Arguments& arguments) {
+    auto& field = as<TextField>(scene, arguments, "a text field");
     int last = static_cast<int>(field.text().size());
     demand(field.placeCaret(static_cast<std::size_t>(arguments.integer(1, 0, last))), arguments);
 }
 
-void chooseEntry(World& world, const Arguments& arguments) {
+void chooseEntry(Scene& scene, const Arguments& arguments) {
     const std::string& entry = arguments.text(1);
-    if (auto* button = dynamic_cast<BarButton*>(&world.element(arguments.text(0)))) {
+    if (auto* button = dynamic_cast<BarButton*>(&scene.element(arguments.text(0)))) {
         auto has = [&entry](const DropDownEntry& candidate) { return candidate.key == entry; };
         if (std::none_of(button->entries().begin(), button->entries().end(), has)) {
             throw Failure("there is no entry " + asQuoted(entry) + " at " + arguments.text(0));
@@ -93,37 +93,37 @@ void chooseEntry(World& world, const Arguments& arguments) {
         demand(button->chooseText(entry), arguments);
         return;
     }
-    auto& list = as<ListBox>(world, arguments, "a list");
+    auto& list = as<ListBox>(scene, arguments, "a list");
     if (list.find(entry) < 0) {
         throw Failure("there is no entry " + asQuoted(entry) + " in " + arguments.text(0));
     }
     demand(list.chooseText(entry), arguments);
 }
 
-void choose(World& world, const Arguments& arguments) {
+void choose(Scene& scene, const Arguments& arguments) {
     if (arguments.count() == 1) {
-        demand(as<Option>(world, arguments, "an option").click(), arguments);
+        demand(as<Option>(scene, arguments, "an option").click(), arguments);
         return;
     }
     // A quoted text is an entry, even one that begins with the mark of a position.
     const Token& choice = arguments.whole().tokens.back();
     if (choice.quoted || !choice.text.starts_with('#')) {
-        chooseEntry(world, arguments);
+        chooseEntry(scene, arguments);
         return;
     }
-    auto& list = as<ListBox>(world, arguments, "a list");
+    auto& list = as<ListBox>(scene, arguments, "a list");
     Statement position{0, {{"choose", false}, {choice.text.substr(1), false}}, {}};
     int last = static_cast<int>(list.entries().size()) - 1;
     demand(list.choosePosition(Arguments(position).integer(0, 0, last)), arguments);
 }
 
-void slide(World& world, const Arguments& arguments) {
-    auto& slider = as<Slider>(world, arguments, "a slider");
+void slide(Scene& scene, const Arguments& arguments) {
+    auto& slider = as<Slider>(scene, arguments, "a slider");
     demand(slider.slide(arguments.integer(1, slider.minimum(), slider.maximum())), arguments);
 }
 
-void page(World& world, const Arguments& arguments) {
-    auto& strip = as<TabStrip>(world, arguments, "a tab strip");
+void page(Scene& scene, const Arguments& arguments) {
+    auto& strip = as<TabStrip>(scene, arguments, "a tab strip");
     demand(strip.choosePosition(arguments.integer(1, 1, static_cast<int>(strip.titles().size()))), arguments);
 }
 
@@ -132,29 +132,29 @@ std::size_t rowOf(const Arguments& arguments, std::size_t position) {
     return static_cast<std::size_t>(arguments.integer(position, 1, 1'000'000) - 1);
 }
 
-void pick(World& world, const Arguments& arguments) {
+void pick(Scene& scene, const Arguments& arguments) {
     if (!arguments.isWord(0, "row")) {
         throw Failure("expected pick row, found pick " + arguments.text(0));
     }
-    Grid& grid = gridNamed(world, arguments.text(1));
+    Grid& grid = gridNamed(scene, arguments.text(1));
     demand(grid.pickRow(rowOf(arguments, 2)), Arguments(arguments.whole(), 2));
 }
 
-void cell(World& world, const Arguments& arguments) {
-    Grid& grid = gridNamed(world, arguments.text(0));
+void cell(Scene& scene, const Arguments& arguments) {
+    Grid& grid = gridNamed(scene, arguments.text(0));
     std::size_t column = columnNamed(grid, arguments.text(2));
     demand(grid.editCell(rowOf(arguments, 1), column, arguments.text(3)), arguments);
 }
 
-void move(World& world, const Arguments& arguments) {
-    demand(world.window(arguments.text(0))
+void move(Scene& scene, const Arguments& arguments) {
+    demand(scene.window(arguments.text(0))
                .userMove({static_cast<Twips>(arguments.number(1)), static_cast<Twips>(arguments.number(2))}),
            arguments);
 }
 
-void size(World& world, const Arguments& arguments) {
+void size(Scene& scene, const Arguments& arguments) {
     demand(
-        world.window(arguments.text(0))
+        scene.window(arguments.text(0))
             .userResize({static_cast<Twips>(arguments.number(1)), static_cast<Twips>(arguments.number(2))}),
         arguments);
 }
@@ -165,19 +165,19 @@ constexpr StatementRow rows[] = {
     {"doubleclick", 1, 1, doubleclick},
     {"type",        2, 2, type},
     {"edit",        2, 2, edit},
-    {"leave",       1, 1, [](World& w, const Arguments& a) { demand(w.element(a.text(0)).leave(), a); }},
-    {"focus",       1, 1, [](World& w, const Arguments& a) { demand(w.element(a.text(0)).takeFocus(), a); }},
+    {"leave",       1, 1, [](Scene& w, const Arguments& a) { demand(w.element(a.text(0)).leave(), a); }},
+    {"focus",       1, 1, [](Scene& w, const Arguments& a) { demand(w.element(a.text(0)).takeFocus(), a); }},
     {"choose",      1, 2, choose},
-    {"tick",        1, 1, [](World& w, const Arguments& a) { demand(as<TickBox>(w, a, "a tick box").tick(true), a); }},
-    {"untick",      1, 1, [](World& w, const Arguments& a) { demand(as<TickBox>(w, a, "a tick box").tick(false), a); }},
+    {"tick",        1, 1, [](Scene& w, const Arguments& a) { demand(as<TickBox>(w, a, "a tick box").tick(true), a); }},
+    {"untick",      1, 1, [](Scene& w, const Arguments& a) { demand(as<TickBox>(w, a, "a tick box").tick(false), a); }},
     {"slide",       2, 2, slide},
-    {"up",          1, 1, [](World& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepUp(), a); }},
-    {"down",        1, 1, [](World& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepDown(), a); }},
+    {"up",          1, 1, [](Scene& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepUp(), a); }},
+    {"down",        1, 1, [](Scene& w, const Arguments& a) { demand(as<UpDown>(w, a, "an up-down control").stepDown(), a); }},
     {"key",         2, 2, key},
     {"caret",       2, 2, caret},
     {"pick",        3, 3, pick},
     {"cell",        4, 4, cell},
-    {"close",       1, 1, [](World& w, const Arguments& a) { demand(w.window(a.text(0)).userClose(), a); }},
+    {"close",       1, 1, [](Scene& w, const Arguments& a) { demand(w.window(a.text(0)).userClose(), a); }},
     {"move",        3, 3, move},
     {"size",        3, 3, size},
     {"page",        2, 2, page},
@@ -190,4 +190,4 @@ std::span<const StatementRow> gestureStatements() {
     return rows;
 }
 
-} // namespace zor::testing
+} // namespace zor::transcript

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "transcript_runner/variables.h"
+#include "transcript/variables.h"
 
 #include "registertool/spi.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace zor::testing {
+namespace zor::transcript {
 
 namespace {
 
@@ -116,4 +116,4 @@ std::optional<std::string> variable(MainWindow& program, std::string_view name) 
     return row->value(program);
 }
 
-} // namespace zor::testing
+} // namespace zor::transcript

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "transcript_runner/transcript.h"
+#include "transcript/transcript.h"
 
 #include "support/numbers.h"
 
@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <utility>
 
-namespace zor::testing {
+namespace zor::transcript {
 
 namespace {
 
@@ -165,4 +165,4 @@ std::string asQuoted(std::string_view text) {
     return shown + '"';
 }
 
-} // namespace zor::testing
+} // namespace zor::transcript

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "transcript_runner/statements.h"
+#include "transcript/statements.h"
 
 #include "elements/form.h"
 #include "elements/grid.h"
@@ -7,9 +7,10 @@
 #include "support/numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
-namespace zor::testing {
+namespace zor::transcript {
 
 namespace {
 
@@ -26,13 +27,22 @@ Statement without(const Statement& statement, std::size_t tokens) {
     return inner;
 }
 
-const StatementRow& rowOf(const Statement& statement) {
+/// In the order of the alphabet.
+constexpr std::array<std::string_view, 11> simulatedBench = {
+    "air", "asked", "board", "database", "eeprom", "fifo", "file", "image", "register", "start", "usb"};
+
+const StatementRow& rowOf(const Scene& scene, const Statement& statement) {
     const Token& name = statement.tokens.front();
-    for (std::span<const StatementRow> table : {benchStatements(), gestureStatements(), checkStatements()}) {
+    for (std::span<const StatementRow> table :
+         {scene.ownStatements(), commonStatements(), gestureStatements(), checkStatements()}) {
         const StatementRow* row = name.quoted ? nullptr : findRow(table, name.text);
         if (row != nullptr) {
             return *row;
         }
+    }
+    if (!name.quoted && needsSimulatedBench(name.text)) {
+        throw Failure(name.text +
+                      " is for a simulated bench; this transcript cannot be played on a real one");
     }
     throw Failure("unknown statement " + name.text);
 }
@@ -50,16 +60,17 @@ const StatementRow& gestureOf(const Statement& statement) {
     return *row;
 }
 
+/// What stands behind `after MS` or `within MS`.
 Statement delayed(const Statement& statement) {
     Arguments(statement).expectCount(2, StatementRow::anyCount);
     return without(statement, 2);
 }
 
 /// A mouse that reaches for something in a window brings the window to the front.
-void bringToFront(World& world, const Arguments& gesture) {
+void bringToFront(Scene& scene, const Arguments& gesture) {
     // "pick row GRID N" is the one gesture that names what it is for in front.
     const std::string& name = gesture.text(gesture.isWord(0, "row") ? 1 : 0);
-    Form* form = world.findWindow(name.substr(0, name.find('.')));
+    Form* form = scene.findWindow(name.substr(0, name.find('.')));
     if (form != nullptr) {
         form->userActivate();
     }
@@ -150,8 +161,8 @@ void Arguments::expectCount(std::size_t least, std::size_t most) const {
     }
 }
 
-Grid& gridNamed(World& world, const std::string& name) {
-    auto* grid = dynamic_cast<Grid*>(&world.element(name));
+Grid& gridNamed(Scene& scene, const std::string& name) {
+    auto* grid = dynamic_cast<Grid*>(&scene.element(name));
     if (grid == nullptr) {
         throw Failure("expected a grid, but " + name + " is none");
     }
@@ -166,44 +177,95 @@ std::size_t columnNamed(const Grid& grid, const std::string& caption) {
     return *column;
 }
 
-void checkForm(const Statement& statement) {
+namespace {
+
+const StatementRow& checkOf(const Statement& statement) {
+    const StatementRow* row = findRow(checkStatements(), statement.tokens.front().text);
+    if (row == nullptr || statement.tokens.front().quoted) {
+        throw Failure("expected a check behind within");
+    }
+    return *row;
+}
+
+/// A check that may take its time: it is made again whenever something has happened.
+void carryOutWithin(Scene& scene, const Statement& statement) {
+    Statement check = delayed(statement);
+    const StatementRow& row = checkOf(check);
+    std::string last;
+    auto holds = [&] {
+        try {
+            row.carryOut(scene, Arguments(check));
+            return true;
+        } catch (const Failure& failure) {
+            last = failure.what();
+            return false;
+        }
+    };
+    std::chrono::milliseconds time = Arguments(statement).milliseconds(0);
+    if (!scene.waitFor(holds, time)) {
+        throw Failure("within " + std::to_string(time.count()) + " ms: " + last);
+    }
+}
+
+} // namespace
+
+bool needsSimulatedBench(std::string_view statement) {
+    return std::ranges::find(simulatedBench, statement) != simulatedBench.end();
+}
+
+void checkForm(const Scene& scene, const Statement& statement) {
     if (begins(statement, "refused")) {
         Statement gesture = without(statement, 1);
         const StatementRow& row = gestureOf(gesture);
         Arguments(gesture).expectCount(row.least, row.most);
         return;
     }
-    if (begins(statement, "after")) {
+    if (begins(statement, "after") || begins(statement, "within")) {
         if (!statement.block.empty()) {
             throw Failure("a statement with lines of its own cannot wait");
         }
         Statement inner = delayed(statement);
         (void)Arguments(statement).milliseconds(0);
-        checkForm(inner);
+        if (begins(statement, "within")) {
+            (void)checkOf(inner);
+        }
+        checkForm(scene, inner);
         return;
     }
-    const StatementRow& row = rowOf(statement);
+    const StatementRow& row = rowOf(scene, statement);
     Arguments(statement).expectCount(row.least, row.most);
 }
 
-namespace {} // namespace
+void checkForms(const Scene& scene, const std::vector<Statement>& statements) {
+    for (const Statement& statement : statements) {
+        try {
+            checkForm(scene, statement);
+        } catch (const Failure& failure) {
+            throw LineFailure(statement.line, failure.what());
+        }
+    }
+}
 
-void carryOut(World& world, const Statement& statement) {
-    checkForm(statement);
+void carryOut(Scene& scene, const Statement& statement) {
+    checkForm(scene, statement);
     if (begins(statement, "after")) {
-        world.later(Arguments(statement).milliseconds(0), delayed(statement));
+        scene.later(Arguments(statement).milliseconds(0), delayed(statement));
+        return;
+    }
+    if (begins(statement, "within")) {
+        carryOutWithin(scene, statement);
         return;
     }
     if (!begins(statement, "refused")) {
         if (findRow(gestureStatements(), statement.tokens.front().text) != nullptr) {
-            bringToFront(world, Arguments(statement));
+            bringToFront(scene, Arguments(statement));
         }
-        rowOf(statement).carryOut(world, Arguments(statement));
+        rowOf(scene, statement).carryOut(scene, Arguments(statement));
         return;
     }
     Statement gesture = without(statement, 1);
     try {
-        gestureOf(gesture).carryOut(world, Arguments(gesture));
+        gestureOf(gesture).carryOut(scene, Arguments(gesture));
     } catch (const Refused&) {
         return;
     }
@@ -211,4 +273,16 @@ void carryOut(World& world, const Statement& statement) {
                   " to be refused, found that a user can do it");
 }
 
-} // namespace zor::testing
+void checkEnd(Scene& scene, int lastLine) {
+    if (!scene.waitingLines.empty()) {
+        throw LineFailure(scene.waitingLines.front(),
+                          "expected this to be carried out, found the transcript at its end before");
+    }
+    if (!scene.dialogs().boxes.empty()) {
+        const Box& box = scene.dialogs().boxes.front();
+        throw LineFailure(lastLine, "expected no box left at the end, found " + asQuoted(box.title) + " " +
+                                        asQuoted(box.text));
+    }
+}
+
+} // namespace zor::transcript

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "virtual/scripted_dialogs.h"
+#include "transcript/scripted_dialogs.h"
 
-namespace zor::testing {
+namespace zor::transcript {
 
 Answer ScriptedDialogs::show(const Box& box) {
     boxes.push_back(box);
@@ -35,4 +35,4 @@ FileChoice ScriptedDialogs::chooseFile(const FileRequest& request) {
             .readOnly = chosen.has_value() && readOnly};
 }
 
-} // namespace zor::testing
+} // namespace zor::transcript
