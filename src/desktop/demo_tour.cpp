@@ -25,10 +25,10 @@ using namespace std::chrono_literals;
 namespace {
 
 /// Entries that open no window of ours: dialogs of the system, files, the end of the program.
-const std::set<std::string> notVisited{"mnuFileExit",      "mnuSaveWorkspace", "mnuViewToolbar",
-                                       "mnuHelpBrowseDoc", "mnuHelpBrowseEx",  "mnuHelpSWguide",
-                                       "mnuHelp1100DS",    "mnuHelp2100DS",    "mnutoolsTerminal",
-                                       "mnutoolsEEPROM",   "mnutoolsWireLog",  "mnutoolsSniffer"};
+const std::set<std::string> notVisited{
+    "mnuFileExit",     "mnuSaveWorkspace", "mnuViewToolbar", "mnuHelpBrowseDoc", "mnuHelpBrowseEx",
+    "mnuHelpSWguide",  "mnuHelp1100DS",    "mnuHelp2100DS",  "mnutoolsTerminal", "mnutoolsEEPROM",
+    "mnutoolsWireLog", "mnutoolsSniffer",  "mnuFileRecord",  "mnuFilePlay"};
 
 } // namespace
 
@@ -66,6 +66,7 @@ void DemoTour::play() {
     visitEeprom();
     visitLinks();
     visitRegisters();
+    visitPlay();
     for (MenuEntry* menu : {&main.menu.File, &main.menu.View, &main.menu.Tools, &main.menu.Help}) {
         visit(*menu);
     }

@@ -25,6 +25,9 @@ class DemoTour {
     /// Gives the simulated board a statement of its bench.
     std::function<void(const QString& statement)> tellBoard;
 
+    /// Loads a transcript into the player.
+    std::function<void(const std::string& file)> loadTranscript;
+
     /// Runs it from the program's start to its end, and closes the program.
     void play();
     /// A picture could not be written.
@@ -55,6 +58,8 @@ class DemoTour {
     void visitContentEditor();
     void visitRegisters();
     void visitCompare();
+    /// Plays a short transcript with a check that does not hold.
+    void visitPlay();
     void visitForm(Form& form);
     /// What an engineer does on a chip's panel: set, update, read the status, calibrate, look at the current.
     void workOn(ChipPanel& panel);

@@ -11,6 +11,7 @@
 #include "desktop/first_paint.h"
 #include "desktop/program_folders.h"
 #include "desktop/start_page.h"
+#include "desktop/transcript_run.h"
 #include "desktop/views/pictures.h"
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/instrument_style.h"
@@ -19,6 +20,7 @@
 #include "shell/about.h"
 #include "shell/main_window.h"
 #include "store/sqlite_register_store.h"
+#include "transcript/station.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -31,6 +33,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 
 namespace {
@@ -49,6 +52,8 @@ struct Switches {
     QString file;
     /// What the simulated board is to be like.
     QStringList board;
+    /// A transcript to play without a window.
+    zor::TranscriptRun::Switches run;
 };
 
 /// Options of the simulated board that the demo takes over, by the same names.
@@ -95,7 +100,19 @@ Switches readSwitches(const QCoreApplication& application) {
                             QStringLiteral("Offer this serial device as the first port, for example "
                                            "/dev/ttyUSB3 or a name in /dev/serial/by-id."),
                             QStringLiteral("PATH"));
-    parser.addOptions({demo, port, light, dark, play, exitWhenShown});
+    QCommandLineOption transcript(
+        QStringLiteral("play"),
+        QStringLiteral("Play this transcript without a window and end; the exit status "
+                       "is 0 if everything in it was found as it says, 1 if not, 2 if "
+                       "it cannot be played."),
+        QStringLiteral("TRANSCRIPT"));
+    QCommandLineOption report(QStringLiteral("report"),
+                              QStringLiteral("With --play: write the results there as a JUnit report."),
+                              QStringLiteral("FILE.xml"));
+    QCommandLineOption limit(QStringLiteral("limit"),
+                             QStringLiteral("With --play: break off after so many seconds (3600)."),
+                             QStringLiteral("SECONDS"), QStringLiteral("3600"));
+    parser.addOptions({demo, port, light, dark, play, exitWhenShown, transcript, report, limit});
     for (const BoardOption& option : boardOptions) {
         parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.meaning),
                           QString::fromLatin1(option.value)});
@@ -134,6 +151,23 @@ Switches readSwitches(const QCoreApplication& application) {
         switches.scheme = zor::Scheme::Light;
     }
     switches.farEnd = parser.value(farEnd);
+    bool isNumber = false;
+    switches.run = {parser.value(transcript), parser.value(report),
+                    std::chrono::seconds(parser.value(limit).toInt(&isNumber))};
+    bool plays = parser.isSet(transcript);
+    if (plays ? !switches.pictures.isEmpty() || switches.exitWhenShown
+              : parser.isSet(report) || parser.isSet(limit)) {
+        std::fputs(plays ? "zor: --play cannot be combined with --play-demo and --exit-when-shown\n"
+                         : "zor: --report and --limit need --play\n",
+                   stderr);
+        std::exit(2);
+    }
+    if (!isNumber || switches.run.limit.count() < 1 || (plays && switches.run.file.isEmpty())) {
+        std::fputs(plays && switches.run.file.isEmpty() ? "zor: --play needs a transcript\n"
+                                                        : "zor: --limit needs a number of seconds\n",
+                   stderr);
+        std::exit(2);
+    }
     return switches;
 }
 
@@ -165,6 +199,13 @@ bool wantsText(int argc, char** argv) {
     });
 }
 
+/// A transcript is played where there may be no display.
+bool playsTranscript(int argc, char** argv) {
+    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+        return argument == "--play" || argument.starts_with("--play=");
+    });
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -175,6 +216,9 @@ int main(int argc, char** argv) {
         nameProgram();
         readSwitches(application);
         return 0;
+    }
+    if (playsTranscript(argc, argv)) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
     nameProgram();
@@ -253,8 +297,9 @@ int main(int argc, char** argv) {
         mounting = mountOnOpening(desk, board, registers);
     }
     MainWindow main(platform, desk);
+    transcript::Station station(main, watchedDialogs);
     // Pictures and measurements are of the window as it is meant, whatever screen there is.
-    bool asMeant = !switches.pictures.isEmpty() || switches.exitWhenShown;
+    bool asMeant = !switches.pictures.isEmpty() || switches.exitWhenShown || !switches.run.file.isEmpty();
     DesktopWindow desktopWindow(main, asMeant ? [] { return std::vector<QRect>(); }
                                               : DesktopWindow::Screens(availableScreens));
     if (!switches.demo) {
@@ -273,8 +318,16 @@ int main(int argc, char** argv) {
                   schemeOf(application.palette()) == Scheme::Dark ? QStringLiteral("dark-")
                                                                   : QStringLiteral("light-"));
     tour.tellBoard = [&board](const QString& statement) { board.tell(statement); };
+    tour.loadTranscript = [&station](const std::string& file) { station.player().load(file); };
     if (!switches.pictures.isEmpty()) {
         QTimer::singleShot(0, [&] { loop.perform([&] { tour.play(); }); });
+    }
+    std::unique_ptr<TranscriptRun> run;
+    if (!switches.run.file.isEmpty()) {
+        run = std::make_unique<TranscriptRun>(main, station, watchedDialogs, switches.run);
+        if (!run->load()) {
+            return 2;
+        }
     }
     // Closing during the start-up ends the program too; there is nothing to run then.
     loop.perform([&] {
@@ -283,6 +336,9 @@ int main(int argc, char** argv) {
             main.openFile(fromQt(QFileInfo(switches.file).absoluteFilePath()));
         }
     });
+    if (run) {
+        run->begin();
+    }
     if (switches.exitWhenShown) {
         new FirstPaint(desktopWindow, [&] { main.userClose(); });
     }
@@ -292,5 +348,5 @@ int main(int argc, char** argv) {
                      switches.pictures.toLocal8Bit().constData());
         return 1;
     }
-    return ending;
+    return run ? run->finish() : ending;
 }

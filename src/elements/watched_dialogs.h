@@ -4,6 +4,8 @@
 #include "elements/signal.h"
 #include "platform/dialogs.h"
 
+#include <utility>
+
 namespace zor {
 
 /// Hands boxes and file dialogs on and tells what was asked and what came back. Owned by main, beside the
@@ -17,7 +19,8 @@ class WatchedDialogs : public Dialogs {
     FileChoice chooseFile(const FileRequest& request) override;
 
     /// Somebody else answers in the user's place from now on; nullptr gives him his place back.
-    void answerBy(Dialogs* other) { standIn = other; }
+    /// @return who answered until now; nullptr if the user did
+    Dialogs* answerBy(Dialogs* other) { return std::exchange(standIn, other); }
 
     /// It is about to stand on the screen.
     Signal<const Box&> boxComes;

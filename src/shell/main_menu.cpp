@@ -8,6 +8,8 @@ MainMenu::MainMenu(Form& main)
     , mnuSaveWorkspace(main, &File, "mnuSaveWorkspace", "Save workspace")
     , mnuFilePreferences(main, &File, "mnuFilePreferences", "&Preferences...")
     , recent(main, File)
+    , mnuFileRecord(main, &File, "mnuFileRecord", "Record...")
+    , mnuFilePlay(main, &File, "mnuFilePlay", "Play...")
     , mnuFileExit(main, &File, "mnuFileExit", "Exit")
     , edit(main)
     , View(main, nullptr, "View", "View")
@@ -58,8 +60,9 @@ MainMenu::MainMenu(Form& main)
     mnuViewToolbar.setChecked(true);
     mnutoolsWireLog.setShortcut("Ctrl+L");
     mnuHelpWindow.setShortcut("F1");
-    for (MenuEntry* entry : {&recent.mnuRecent, &mnuFileExit, &mnuViewRx, &mnuViewTRx, &mnuViewToolbar,
-                             &EETools, &mnuAdv, &mnuHelp1100DS, &mnuHelpBrowseDoc, &mnuHelpProducts}) {
+    for (MenuEntry* entry :
+         {&recent.mnuRecent, &mnuFileRecord, &mnuFileExit, &mnuViewRx, &mnuViewTRx, &mnuViewToolbar, &EETools,
+          &mnuAdv, &mnuHelp1100DS, &mnuHelpBrowseDoc, &mnuHelpProducts}) {
         entry->setBeginsSection(true);
     }
     mnuAdv.setVisible(false);
@@ -90,7 +93,9 @@ MainMenu::MainMenu(Form& main)
                              &mnutoolsTxSearch,
                              &mnutoolsSniffer,
                              &mnutoolsCompare,
-                             &mnutoolsWireLog}) {
+                             &mnutoolsWireLog,
+                             &mnuFileRecord,
+                             &mnuFilePlay}) {
         entry->setEnabled(false);
     }
 }

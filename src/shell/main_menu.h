@@ -18,6 +18,9 @@ struct MainMenu {
     MenuEntry mnuSaveWorkspace;
     MenuEntry mnuFilePreferences;
     RecentMenu recent;
+    /// Enabled by who records and plays.
+    MenuEntry mnuFileRecord;
+    MenuEntry mnuFilePlay;
     MenuEntry mnuFileExit;
 
     EditMenu edit;

@@ -252,7 +252,7 @@ constexpr StatementRow rows[] = {
     {"line",     3, 3, expectLogLine},
     {"lines",    2, 2, expectNoLogLines},
     {"sent",     0, StatementRow::anyCount, expectSent},
-    {"box",      2, 3, expectBox},
+    {"box",      1, 3, expectBox},
     {"nobox",    0, 0, [](Scene& w, const Arguments&) { expectNoBox(w); }},
     {"dialog",   3, 3, expectDialog},
     {"content",  1, 3, expectContent},

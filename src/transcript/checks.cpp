@@ -83,6 +83,13 @@ void expectSent(Scene& scene, const Arguments& arguments) {
 
 void expectBox(Scene& scene, const Arguments& arguments) {
     std::deque<Box>& boxes = scene.dialogs().boxes;
+    if (arguments.count() == 1) {
+        if (!arguments.isWord(0, "*")) {
+            throw Failure("box needs more behind it");
+        }
+        boxes.clear();
+        return;
+    }
     if (boxes.empty()) {
         throw Failure("expected a box, found none");
     }

@@ -25,14 +25,14 @@ void answer(Scene& scene, const Arguments& arguments) {
 }
 
 void run(Scene& scene, const Arguments& arguments) {
-    scene.letPass(arguments.milliseconds(0));
+    scene.letPass(arguments.time(0));
 }
 
 // clang-format off
 constexpr StatementRow rows[] = {
     {"answer", 1, 2, answer},
     {"run",    1, 1, run},
-    {"linger", 1, 1, [](Scene& scene, const Arguments& a) { scene.linger = a.milliseconds(0); }},
+    {"linger", 1, 1, [](Scene& scene, const Arguments& a) { scene.linger = a.time(0); }},
     {"clock",  0, 0, [](Scene& scene, const Arguments&) { scene.clockMark = scene.loop().now(); }},
 };
 // clang-format on

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "transcript/statements.h"
 
+#include "elements/cell_picture.h"
+#include "elements/document.h"
 #include "elements/form.h"
 #include "elements/grid.h"
+#include "elements/kept_text.h"
 #include "elements/list_box.h"
 #include "elements/menu.h"
 #include "elements/monitor.h"
@@ -77,6 +80,26 @@ void key(Scene& scene, const Arguments& arguments) {
     }
 }
 
+/// The whole text at once, as a paste puts it there.
+void put(Scene& scene, const Arguments& arguments) {
+    auto& field = as<TextField>(scene, arguments, "a text field");
+    const std::string& text = arguments.text(1);
+    int last = static_cast<int>(text.size());
+    int position = arguments.count() == 3 ? arguments.integer(2, 0, last) : last;
+    demand(field.replace(text, static_cast<std::size_t>(position)), arguments);
+}
+
+void point(Scene& scene, const Arguments& arguments) {
+    auto& picture = as<CellPicture>(scene, arguments, "a picture of cells");
+    demand(picture.clickCell(static_cast<std::size_t>(arguments.integer(1, 0, 1'000'000))), arguments);
+}
+
+void recall(Scene& scene, const Arguments& arguments) {
+    demand(as<KeptText>(scene, arguments, "a text that keeps its lines")
+               .recall(arguments.integer(1, -1000, 1000)),
+           arguments);
+}
+
 void caret(Scene& scene, const Arguments& arguments) {
     auto& field = as<TextField>(scene, arguments, "a text field");
     int last = static_cast<int>(field.text().size());
@@ -91,6 +114,10 @@ void chooseEntry(Scene& scene, const Arguments& arguments) {
             throw Failure("there is no entry " + asQuoted(entry) + " at " + arguments.text(0));
         }
         demand(button->chooseText(entry), arguments);
+        return;
+    }
+    if (auto* document = dynamic_cast<Document*>(&scene.element(arguments.text(0)))) {
+        demand(document->chooseText(entry), arguments);
         return;
     }
     auto& list = as<ListBox>(scene, arguments, "a list");
@@ -140,9 +167,20 @@ void pick(Scene& scene, const Arguments& arguments) {
     demand(grid.pickRow(rowOf(arguments, 2)), Arguments(arguments.whole(), 2));
 }
 
+/// A column's caption, or its bare position from 0 behind the mark of one.
+std::size_t columnOf(const Grid& grid, const Arguments& arguments) {
+    const std::string& name = arguments.text(2);
+    if (!name.starts_with('#') || !arguments.isWord(2, name)) {
+        return columnNamed(grid, name);
+    }
+    Statement position{0, {{"cell", false}, {name.substr(1), false}}, {}};
+    return static_cast<std::size_t>(
+        Arguments(position).integer(0, 0, static_cast<int>(grid.columns().size()) - 1));
+}
+
 void cell(Scene& scene, const Arguments& arguments) {
     Grid& grid = gridNamed(scene, arguments.text(0));
-    std::size_t column = columnNamed(grid, arguments.text(2));
+    std::size_t column = columnOf(grid, arguments);
     demand(grid.editCell(rowOf(arguments, 1), column, arguments.text(3)), arguments);
 }
 
@@ -165,6 +203,11 @@ constexpr StatementRow rows[] = {
     {"doubleclick", 1, 1, doubleclick},
     {"type",        2, 2, type},
     {"edit",        2, 2, edit},
+    {"put",         2, 3, put},
+    {"enter",       1, 1, [](Scene& w, const Arguments& a) { demand(as<TextField>(w, a, "a text field").enter(), a); }},
+    {"point",       2, 2, point},
+    {"recall",      2, 2, recall},
+    {"front",       1, 1, [](Scene& w, const Arguments& a) { demand(w.window(a.text(0)).userActivate(), a); }},
     {"leave",       1, 1, [](Scene& w, const Arguments& a) { demand(w.element(a.text(0)).leave(), a); }},
     {"focus",       1, 1, [](Scene& w, const Arguments& a) { demand(w.element(a.text(0)).takeFocus(), a); }},
     {"choose",      1, 2, choose},

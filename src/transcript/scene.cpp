@@ -37,7 +37,7 @@ Element& Scene::element(const std::string& name) const {
     return *found;
 }
 
-bool Scene::waitFor(const std::function<bool()>& condition, std::chrono::milliseconds time) {
+bool Scene::waitFor(const std::function<bool()>& condition, EventLoop::Duration time) {
     bool late = false;
     auto timer = loop().startTimer(time, EventLoop::Repeat::Once, [&late] { late = true; });
     bool held = false;
@@ -53,7 +53,7 @@ bool Scene::waitFor(const std::function<bool()>& condition, std::chrono::millise
     return held;
 }
 
-void Scene::later(std::chrono::milliseconds time, const Statement& statement) {
+void Scene::later(EventLoop::Duration time, const Statement& statement) {
     waitingLines.push_back(statement.line);
     laterTimers.push_back(loop().startTimer(time, EventLoop::Repeat::Once, [this, statement] {
         waitingLines.erase(std::find(waitingLines.begin(), waitingLines.end(), statement.line));
@@ -83,7 +83,7 @@ void Scene::letLinger() {
     auto timer = loop().startTimer(linger, EventLoop::Repeat::Once, [answered] { *answered = true; });
     EventLoop::Waiting inside(loop());
     // A program that is being left takes its boxes with it.
-    while (!*answered && !loop().leaving()) {
+    while (!*answered && !loop().leaving() && !lingerEnds()) {
         loop().runOnce();
     }
     loop().stopTimer(timer);

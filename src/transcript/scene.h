@@ -5,7 +5,6 @@
 #include "transcript/scripted_dialogs.h"
 #include "transcript/transcript.h"
 
-#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -44,9 +43,9 @@ class Scene {
     /// Names of files that are not absolute are meant in here.
     [[nodiscard]] virtual std::filesystem::path folder() const = 0;
     /// Lets that much time pass.
-    virtual void letPass(std::chrono::milliseconds time) = 0;
+    virtual void letPass(EventLoop::Duration time) = 0;
     /// Waits until the condition holds, at most that long. @return whether it came to hold
-    virtual bool waitFor(const std::function<bool()>& condition, std::chrono::milliseconds time);
+    virtual bool waitFor(const std::function<bool()>& condition, EventLoop::Duration time);
     /// Statements beside those that every scene knows.
     [[nodiscard]] virtual std::span<const StatementRow> ownStatements() const { return {}; }
 
@@ -67,14 +66,14 @@ class Scene {
     [[nodiscard]] std::filesystem::path file(const std::string& name) const { return folder() / name; }
 
     /// Carries a statement out when that much time has passed.
-    void later(std::chrono::milliseconds time, const Statement& statement);
+    void later(EventLoop::Duration time, const Statement& statement);
     /// The first failure of a statement that came by its own time.
     std::optional<LineFailure> lateFailure;
     /// Lines of the statements whose time has not come.
     std::vector<int> waitingLines;
 
     /// How long each box and dialog stays on the screen, time running, before it is answered.
-    std::chrono::milliseconds linger{0};
+    EventLoop::Duration linger{0};
 
     /// The mark of `clock`.
     std::optional<EventLoop::Duration> clockMark;
@@ -83,6 +82,8 @@ class Scene {
     std::map<const ColouredLog*, std::size_t> seenLines;
 
   protected:
+    /// Boxes that are on the screen are answered at once.
+    [[nodiscard]] virtual bool lingerEnds() const { return false; }
     /// A box or dialog stands on the screen: lets as much time pass as it is to stay.
     void letLinger();
     /// What waits for its time is not carried out any more.

@@ -143,6 +143,21 @@ std::chrono::milliseconds Arguments::milliseconds(std::size_t position) const {
     return std::chrono::milliseconds(integer(position, 0, 36'000'000));
 }
 
+EventLoop::Duration Arguments::time(std::size_t position) const {
+    const std::string& digits = text(position);
+    std::size_t point = digits.find('.');
+    std::string fraction = point == std::string::npos ? "" : digits.substr(point + 1);
+    bool decimal = !fraction.empty() && fraction.size() <= 3 &&
+                   std::ranges::all_of(fraction, [](char c) { return c >= '0' && c <= '9'; });
+    if (!decimal) {
+        return milliseconds(position);
+    }
+    fraction.append(3 - fraction.size(), '0');
+    Statement parts{0, {{digits.substr(0, point), false}, {fraction, false}}, {}};
+    Arguments numbers(parts, 0);
+    return numbers.milliseconds(0) + EventLoop::Duration(numbers.integer(1, 0, 999));
+}
+
 std::vector<std::string> Arguments::rest(std::size_t position) const {
     std::vector<std::string> texts;
     for (std::size_t at = begin + position; at < statement.tokens.size(); ++at) {
@@ -201,9 +216,8 @@ void carryOutWithin(Scene& scene, const Statement& statement) {
             return false;
         }
     };
-    std::chrono::milliseconds time = Arguments(statement).milliseconds(0);
-    if (!scene.waitFor(holds, time)) {
-        throw Failure("within " + std::to_string(time.count()) + " ms: " + last);
+    if (!scene.waitFor(holds, Arguments(statement).time(0))) {
+        throw Failure("within " + Arguments(statement).text(0) + " ms: " + last);
     }
 }
 
@@ -225,7 +239,7 @@ void checkForm(const Scene& scene, const Statement& statement) {
             throw Failure("a statement with lines of its own cannot wait");
         }
         Statement inner = delayed(statement);
-        (void)Arguments(statement).milliseconds(0);
+        (void)Arguments(statement).time(0);
         if (begins(statement, "within")) {
             (void)checkOf(inner);
         }
@@ -249,7 +263,7 @@ void checkForms(const Scene& scene, const std::vector<Statement>& statements) {
 void carryOut(Scene& scene, const Statement& statement) {
     checkForm(scene, statement);
     if (begins(statement, "after")) {
-        scene.later(Arguments(statement).milliseconds(0), delayed(statement));
+        scene.later(Arguments(statement).time(0), delayed(statement));
         return;
     }
     if (begins(statement, "within")) {

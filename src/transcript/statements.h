@@ -41,6 +41,8 @@ class Arguments {
     [[nodiscard]] double number(std::size_t position) const;
     /// Milliseconds, up to ten hours.
     [[nodiscard]] std::chrono::milliseconds milliseconds(std::size_t position) const;
+    /// Milliseconds as above, with up to three decimals.
+    [[nodiscard]] EventLoop::Duration time(std::size_t position) const;
     /// The arguments from this one on.
     [[nodiscard]] std::vector<std::string> rest(std::size_t position) const;
     [[nodiscard]] const std::vector<std::string>& block() const { return statement.block; }

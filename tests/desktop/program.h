@@ -4,8 +4,10 @@
 #include "desktop/adapters/qt_loop.h"
 #include "desktop/desktop_window.h"
 #include "elements/desk.h"
+#include "elements/watched_dialogs.h"
 #include "shell/main_window.h"
 #include "store/sqlite_register_store.h"
+#include "transcript/station.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -72,18 +74,20 @@ struct ProgramOn {
     Ports ports;
     NoUsb usb;
     QuietDialogs dialogs;
+    WatchedDialogs watchedDialogs{dialogs};
     NoSurroundings surroundings;
     store::SqliteRegisterStores registerStores;
     Platform platform{loop,
                       ports,
                       usb,
-                      dialogs,
+                      watchedDialogs,
                       surroundings,
                       registerStores,
                       folder.path().toStdString(),
                       folder.path().toStdString()};
     Desk desk{loop};
     MainWindow main{platform, desk};
+    transcript::Station station{main, watchedDialogs};
     /// What the screens have room for.
     std::vector<QRect> screens{{0, 0, 1920, 1080}};
     DesktopWindow window{main, [this] { return screens; }};

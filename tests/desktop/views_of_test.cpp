@@ -109,6 +109,7 @@ void openForm(Program& program, const std::string& formName, std::unique_ptr<For
         {"frmAbout", [&] { program.main.menu.mnuHelpAbout.click(); }},
         {"Preferences", [&] { program.main.menu.mnuFilePreferences.click(); }},
         {"Products", [&] { program.main.menu.mnuHelpProducts.click(); }},
+        {"frm_Play", [&] { program.main.menu.mnuFilePlay.click(); }},
         {"Terminal", [&] { program.main.menu.mnutoolsTerminal.click(); }},
         {"eeprom",
          [&] {

@@ -2,6 +2,7 @@
 // Lets random engineers work at the bench, each in a process of its own. What goes wrong (a fault that a
 // sanitizer sees, an exception that nobody caught, an action without an end, a port that stays taken) is
 // shrunk to a few statements and written down as a transcript.
+#include "soak/recorded_run.h"
 #include "soak/soak_run.h"
 
 #include <algorithm>
@@ -31,6 +32,8 @@ struct Options {
     int steps = 200;
     int minutes = 0;
     std::string play;
+    /// Gestures to record and play again, in sessions of so many steps.
+    std::size_t recorded = 0;
 };
 
 /// Does something in a process of its own.
@@ -130,6 +133,29 @@ bool run(unsigned seed, int steps) {
     return false;
 }
 
+/// Sessions of random engineers, recorded and played on a fresh bench, until so many gestures were made.
+/// @return whether none differs
+bool recordAndPlayAll(const Options& options) {
+    std::size_t gestures = 0;
+    int sessions = 0;
+    int endless = 0;
+    bool well = true;
+    for (unsigned seed = options.seed; gestures < options.recorded; ++seed) {
+        zor::testing::RecordedRun run = zor::testing::recordAndPlay(seed, options.steps);
+        ++(run.endless ? endless : sessions);
+        gestures += run.endless ? 0 : run.gestures;
+        if (!run.difference.empty()) {
+            well = false;
+            std::string name = "recorded-" + std::to_string(seed) + ".bench";
+            std::ofstream(name) << run.transcript;
+            std::cout << "seed " << seed << ": " << run.difference << "; kept in " << name << std::endl;
+        }
+    }
+    std::cout << gestures << " gestures in " << sessions << " sessions recorded and played; " << endless
+              << " sessions without an end of their own left out" << std::endl;
+    return well;
+}
+
 Options optionsOf(int count, char** arguments) {
     Options options;
     const std::map<std::string, std::function<void(const char*)>> known = {
@@ -137,12 +163,14 @@ Options optionsOf(int count, char** arguments) {
         {"--runs", [&](const char* value) { options.runs = std::atoi(value); }},
         {"--steps", [&](const char* value) { options.steps = std::atoi(value); }},
         {"--minutes", [&](const char* value) { options.minutes = std::atoi(value); }},
+        {"--recorded", [&](const char* value) { options.recorded = std::strtoul(value, nullptr, 10); }},
         {"--play", [&](const char* value) { options.play = value; }},
     };
     for (int at = 1; at + 1 < count; at += 2) {
         auto option = known.find(arguments[at]);
         if (option == known.end()) {
-            std::cerr << "usage: zor-soak [--seed N] [--runs N] [--steps N] [--minutes N] [--play FILE]\n";
+            std::cerr << "usage: zor-soak [--seed N] [--runs N] [--steps N] [--minutes N] [--play FILE] "
+                         "[--recorded GESTURES]\n";
             std::exit(2);
         }
         option->second(arguments[at + 1]);
@@ -156,6 +184,9 @@ int main(int count, char** arguments) {
     Options options = optionsOf(count, arguments);
     if (!options.play.empty()) {
         return goesWell(linesOf(options.play), false) ? 0 : 1;
+    }
+    if (options.recorded > 0) {
+        return recordAndPlayAll(options) ? 0 : 1;
     }
     auto begun = Clock::now();
     auto late = [&] {

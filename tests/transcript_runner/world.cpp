@@ -4,6 +4,7 @@
 #include "elements/desk.h"
 #include "link/connect.h"
 #include "shell/main_window.h"
+#include "transcript/station.h"
 #include "transcript_runner/air_bench.h"
 #include "transcript_runner/bench_statements.h"
 
@@ -22,6 +23,7 @@ void World::end() {
         return;
     }
     machine.loop.perform([this] { mainWindow->close(); });
+    station.reset();
     mainWindow.reset();
     // Windows that wait for their discarding must not outlive the desk.
     machine.loop.perform([] {});
@@ -36,6 +38,7 @@ void World::start() {
     machine.loop.restart();
     desk = std::make_unique<Desk>(machine.loop);
     mainWindow = std::make_unique<MainWindow>(machine.platform, *desk);
+    station = std::make_unique<transcript::Station>(*mainWindow, machine.watchedDialogs);
     machine.loop.perform([this] { mainWindow->start(); });
 }
 
@@ -44,6 +47,11 @@ MainWindow& World::program() const {
         throw Failure("the program was not started");
     }
     return *mainWindow;
+}
+
+transcript::Station& World::recordAndPlay() const {
+    (void)program();
+    return *station;
 }
 
 std::span<const StatementRow> World::ownStatements() const {

@@ -11,6 +11,10 @@ namespace zor {
 class Desk;
 } // namespace zor
 
+namespace zor::transcript {
+class Station;
+} // namespace zor::transcript
+
 namespace zor::testing {
 
 using transcript::Arguments;
@@ -39,11 +43,14 @@ class World : public transcript::Scene {
     [[nodiscard]] ScriptedDialogs& dialogs() override { return machine.dialogs; }
     /// The program's folder.
     [[nodiscard]] std::filesystem::path folder() const override { return machine.platform.programFolder; }
-    void letPass(std::chrono::milliseconds time) override { machine.loop.runFor(time); }
+    void letPass(EventLoop::Duration time) override { machine.loop.runFor(time); }
     [[nodiscard]] std::span<const StatementRow> ownStatements() const override;
     [[nodiscard]] std::vector<std::string> sentLines(std::optional<int> port) const override;
     void forgetSent(std::optional<int> port) override;
     [[nodiscard]] std::string lineFormat() const override;
+
+    /// What records the program's user and plays transcripts on it. Throws Failure before the start.
+    [[nodiscard]] transcript::Station& recordAndPlay() const;
 
     /// The air over a board, once a statement has brought it.
     std::unique_ptr<AirBench> air;
@@ -53,6 +60,7 @@ class World : public transcript::Scene {
 
     std::unique_ptr<Desk> desk;
     std::unique_ptr<MainWindow> mainWindow;
+    std::unique_ptr<transcript::Station> station;
 };
 
 } // namespace zor::testing

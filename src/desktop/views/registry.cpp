@@ -36,6 +36,7 @@ const std::map<std::string, View>& allViews() {
         {"frm_Guide", {guideView}},
         {"frm_Link", {carrierView}},
         {"frm_Link_RX", {dataOutputView}},
+        {"frm_Play", {playView, FormWindow::Frame::Titled}},
         {"frm_PowerSupply", {powerSupplyView}},
         {"frm_SetFrom", {setFromView}},
         {"frm_TxSearch", {txSearchView}},

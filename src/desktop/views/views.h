@@ -40,6 +40,7 @@ void addMainBars(QMainWindow& window, MainWindow& main);
 [[nodiscard]] QWidget* wireLogView(Form& form);
 /// The wire log may stand at an edge of the main window.
 extern const Docking wireLogDocking;
+[[nodiscard]] QWidget* playView(Form& form);
 [[nodiscard]] QWidget* powerSupplyView(Form& form);
 [[nodiscard]] QWidget* preferencesView(Form& form);
 [[nodiscard]] QWidget* productsView(Form& form);

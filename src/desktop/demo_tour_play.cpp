@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The tour's stop at the window that plays transcripts: one line of the transcript expects what is not there.
+#include "desktop/demo_tour.h"
+
+#include "desktop/adapters/qt_text.h"
+#include "shell/main_window.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace zor {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr const char* transcript = R"(# A transmitter is set up and checked.
+choose main.TX "Opal"
+type OpalV2.FreqCenter "868.3"
+text OpalV2.FreqCenter "868.3"
+run 200
+click OpalV2.Update
+text main.CommStatus "Comm. OK"
+type OpalV2.Crystalfreq "9.999"
+text OpalV2.Crystalfreq "10"
+click OpalV2.Update
+within 1500 text main.CommStatus "Comm. OK"
+)";
+
+} // namespace
+
+void DemoTour::visitPlay() {
+    QTemporaryDir place;
+    QString name = place.filePath(QStringLiteral("transmitter-check.bench"));
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(transcript) < 0 || !file.flush()) {
+        hasFailed = true;
+        return;
+    }
+    main.menu.mnuFilePlay.click();
+    Form* play = main.desk().find("frm_Play");
+    loadTranscript(fromQt(name));
+    play->find("PB_Play")->click();
+    main.loop().runUntil([&] { return play->find("PB_Report")->enabled(); });
+    settle(100ms);
+    for (Form* form : openForms()) {
+        if (form != play) {
+            form->userClose();
+        }
+    }
+    visitForm(*play);
+}
+
+} // namespace zor
