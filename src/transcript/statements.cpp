@@ -240,6 +240,9 @@ void checkForm(const Scene& scene, const Statement& statement) {
         }
         Statement inner = delayed(statement);
         (void)Arguments(statement).time(0);
+        if (begins(inner, "after")) {
+            throw Failure("after cannot stand behind " + statement.tokens.front().text);
+        }
         if (begins(statement, "within")) {
             (void)checkOf(inner);
         }

@@ -46,6 +46,7 @@ constexpr std::array pageRows = {
     PageRow{"frm_VireoMacSniffer", "guide/packet-sniffer.md"},
     PageRow{"frm_TxSearch", "guide/transmitter-search.md"},
     PageRow{"frm_WireLog", "guide/wire-log.md"},
+    PageRow{"frm_Play", "guide/record-and-play.md"},
     PageRow{"FirmLoad", "guide/firmware-loader.md"},
     PageRow{"eeprom", "guide/eeprom-programmer.md"},
     PageRow{"ECET", alone},
