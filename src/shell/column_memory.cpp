@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/column_memory.h"
 
+#include "elements/form.h"
 #include "link/bench.h"
 #include "shell/settings.h"
 

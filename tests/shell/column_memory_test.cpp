@@ -18,18 +18,18 @@ namespace {
 using testing::VirtualMachine;
 
 /// One run of the program on a machine, with the wire log open.
-class Run {
+class ProgramRun {
   public:
-    explicit Run(VirtualMachine& ownMachine)
+    explicit ProgramRun(VirtualMachine& ownMachine)
         : machine(ownMachine)
         , desk(machine.loop)
         , program(std::make_unique<MainWindow>(machine.platform, desk)) {
         machine.loop.perform([this] { program->start(); });
         program->bench().tools.open(Tool::frm_WireLog);
     }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
-    ~Run() {
+    ProgramRun(const ProgramRun&) = delete;
+    ProgramRun& operator=(const ProgramRun&) = delete;
+    ~ProgramRun() {
         program.reset();
         machine.loop.perform([] {});
     }
@@ -66,17 +66,17 @@ TEST(ColumnMemory, AColumnIsAsWideInTheNextRun) {
     VirtualMachine machine;
     std::vector<int> wanted;
     {
-        Run first(machine);
+        ProgramRun first(machine);
         wanted = first.widths();
         wanted[1] += 7;
         first.grid().setColumnWidth(1, wanted[1]);
     }
-    EXPECT_EQ(Run(machine).widths(), wanted);
+    EXPECT_EQ(ProgramRun(machine).widths(), wanted);
 }
 
 TEST(ColumnMemory, TheFileIsWrittenOnceTheColumnRests) {
     VirtualMachine machine;
-    Run run(machine);
+    ProgramRun run(machine);
     run.grid().setColumnWidth(1, 30);
     EXPECT_FALSE(std::filesystem::exists(fileOn(machine)));
     machine.loop.runFor(std::chrono::milliseconds(900));
@@ -89,18 +89,18 @@ TEST(ColumnMemory, TheFileIsWrittenOnceTheColumnRests) {
 
 TEST(ColumnMemory, WidthsOfAnotherTableOrBeyondAnyScreenAreTakenForWhatTheyAre) {
     VirtualMachine machine;
-    std::vector<int> own = Run(machine).widths();
+    std::vector<int> own = ProgramRun(machine).widths();
     std::ofstream(fileOn(machine), std::ios::binary)
         << "\"# ZOR more settings version 1\"\r\n#FALSE#\r\n\"Columns frm_WireLog."
-        << Run(machine).grid().name() << " 3 4\"\r\n";
-    EXPECT_EQ(Run(machine).widths(), own);
-    std::string line = "\"Columns frm_WireLog." + Run(machine).grid().name();
+        << ProgramRun(machine).grid().name() << " 3 4\"\r\n";
+    EXPECT_EQ(ProgramRun(machine).widths(), own);
+    std::string line = "\"Columns frm_WireLog." + ProgramRun(machine).grid().name();
     for (std::size_t column = 0; column < own.size(); ++column) {
         line += column == 0 ? " -5" : " 2000000000";
     }
     std::ofstream(fileOn(machine), std::ios::binary) << "\"# ZOR more settings version 1\"\r\n#FALSE#\r\n"
                                                      << line << "\"\r\n";
-    std::vector<int> taken = Run(machine).widths();
+    std::vector<int> taken = ProgramRun(machine).widths();
     EXPECT_EQ(taken.front(), 1);
     EXPECT_EQ(taken.back(), 500);
 }

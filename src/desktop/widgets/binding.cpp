@@ -34,7 +34,8 @@ void addLine(QString& tip, const std::string& line) {
 /// The element's own tip or what the control is for, the keys behind its first line, what the setting may be,
 /// and what belongs to the moment.
 QString wholeTip(const Element& element) {
-    QString tip = linesToQt(element.tip().empty() ? purposeOf(element) : element.tip());
+    bool hasOwn = !element.tip().empty() || !element.hint().empty();
+    QString tip = linesToQt(hasOwn ? element.tip() : purposeOf(element));
     if (!element.shortcut().empty()) {
         QString keys = QLatin1String(" (") + toQt(element.shortcut()) + QLatin1Char(')');
         if (tip.isEmpty()) {
