@@ -74,6 +74,7 @@ FrmPlay::FrmPlay(Bench& ownBench, Player& ownPlayer)
     , player(ownPlayer) {
     setExtent(startExtent);
     TX_File.setTip("The transcript that is played; names of files in it are meant in its folder");
+    GR_Lines.setTip("The transcript's statements with their lines, and what became of each");
     PB_Open.setTip("Chooses a transcript; nothing is carried out yet");
     PB_Play.setTip("Plays from the first line, or goes on from a pause");
     PB_Pause.setTip("Halts behind the line that runs; boxes are yours again meanwhile");
