@@ -192,6 +192,14 @@ bool Player::connected() const {
     return main.linkState() == LinkState::Connected || main.linkState() == LinkState::DataMode;
 }
 
+/// The program looks for boards, or takes the only one that it found; of several the transcript chooses.
+bool Player::searching() const {
+    LinkState state = main.linkState();
+    return state == LinkState::Searching || main.bench().link.CommState() != 0 ||
+           (state == LinkState::Choosing && main.linkBar.LoadboardList.entries().size() == 1) ||
+           (state != LinkState::Choosing && state != LinkState::DataMode && !main.menu.View.active());
+}
+
 /// Why the play cannot go on; empty if it can.
 std::string Player::hindrance() const {
     if (main.isClosed() || main.loop().leaving()) {
@@ -204,7 +212,7 @@ void Player::next() {
     if (ownState != State::Playing || busy) {
         return;
     }
-    if (main.linkState() == LinkState::Searching && at == 0 && main.loop().now() - begun < searchTime) {
+    if (at == 0 && searching() && main.loop().now() - begun < searchTime) {
         // The first statement finds the program as a user would who waited for its search.
         schedule(searchLook);
         return;

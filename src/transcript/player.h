@@ -93,6 +93,7 @@ class Player {
     void failLine(int line, const std::string& message);
     void finish(const std::string& reason = {});
     void setState(State state);
+    [[nodiscard]] bool searching() const;
     [[nodiscard]] bool connected() const;
     [[nodiscard]] std::string hindrance() const;
 
