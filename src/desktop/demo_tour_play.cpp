@@ -16,13 +16,14 @@ namespace {
 
 constexpr const char* transcript = R"(# A transmitter is set up and checked.
 choose main.TX "Opal"
-type OpalV2.FreqCenter "868.3"
-text OpalV2.FreqCenter "868.3"
+type OpalV2.FreqCenter "315"
+text OpalV2.FreqCenter "315"
 run 200
 click OpalV2.Update
 text main.CommStatus "Comm. OK"
-type OpalV2.Crystalfreq "9.999"
-text OpalV2.Crystalfreq "10"
+text OpalV2.Freqw "A7D0"
+type OpalV2.FreqCenter "317"
+text OpalV2.Freqw "A7D0"
 click OpalV2.Update
 within 1500 text main.CommStatus "Comm. OK"
 )";

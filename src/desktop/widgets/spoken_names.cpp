@@ -32,6 +32,8 @@ const std::map<std::string, const char*, std::less<>>& names() {
         {"OpalV2.Green", "Colour of the newer revision"},
         {"OpalV2.Yellow", "Colour of the older revision"},
         {"ProgressBar1", "Progress"},
+        {"frm_Play.GR_Lines", "Lines of the transcript"},
+        {"frm_Play.PR_Lines", "Lines carried out"},
         {"AmberV1rflink.Monitor", "Received text"},
         {"AmberV1rflink.Packets", "Received packets"},
         {"AmberV1rflink.Text1", "Received packet"},
