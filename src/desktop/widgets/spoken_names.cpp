@@ -55,8 +55,6 @@ const std::map<std::string, const char*, std::less<>>& names() {
         {"Frm_GenHeader.TB_Header", "C header"},
         {"Frm_GenHeader.TB_Literal", "Literal before every name"},
         {"OpalV2test.Test0w", "Test command"},
-        {"frm_Play.GR_Lines", "Lines of the transcript"},
-        {"frm_Play.PR_Lines", "Progress of playing"},
         {"frm_PowerSupply.CursorCurrent", "Current at the cursor"},
         {"frm_PowerSupply.MarkA", "Mark A in seconds"},
         {"frm_PowerSupply.MarkB", "Mark B in seconds"},
