@@ -228,21 +228,27 @@ void FormWindow::follow() {
                           (document.isEmpty() ? document : QLatin1String(" - ") + document));
     bool opens = form->isOpen() && outer->isHidden();
     QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
-    if (opens || (form->isOpen() && wanted != outer->size())) {
+    bool resizes = form->isOpen() && wanted != outer->size();
+    if (opens || resizes) {
         // A size of the form's own making leaves room for what has just come up in it.
         fitContent();
     }
     putGeometry();
     if (opens) {
         findPlace();
+    }
+    if (opens || resizes) {
+        // Where a small window found room a larger one may not have it.
         bringWithinReach();
     }
     if (outer->isHidden() == form->isOpen()) {
         outer->setVisible(form->isOpen());
     }
     following = false;
-    if (opens) {
+    if (opens || resizes) {
         tellPlace();
+    }
+    if (opens) {
         tellExtent();
         if (auto* window = qobject_cast<QMdiSubWindow*>(outer)) {
             mdi.setActiveSubWindow(window);

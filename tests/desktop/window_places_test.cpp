@@ -39,6 +39,23 @@ TEST(DesktopWindow, MovingAndSizingAnInnerWindowIsToldInTwips) {
     EXPECT_EQ(shell.pos(), QPoint(10, 20));
 }
 
+TEST(DesktopWindow, AToolThatUnfoldsStaysInSight) {
+    Program program;
+    startWithPanel(program, "BerylV3");
+    program.main.perform([&program] { program.main.bench().tools.open(Tool::frm_PowerSupply); });
+    Form& supply = *program.main.bench().tools.find(Tool::frm_PowerSupply);
+    FormWindow& window = *program.window.windowOf(supply);
+    QSize folded = window.shell().size();
+    supply.find("ShowPlot")->click();
+    QCoreApplication::processEvents();
+    QRect room(QPoint(), program.window.area().viewport()->size());
+    EXPECT_GT(window.shell().height(), folded.height());
+    EXPECT_TRUE(room.contains(window.shell().geometry()));
+    supply.find("ShowPlot")->click();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.shell().size(), folded);
+}
+
 TEST(DesktopWindow, AWindowAskedForAgainComesToTheFront) {
     Program program;
     startWithTwoTools(program);
