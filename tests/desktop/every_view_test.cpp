@@ -15,20 +15,14 @@ namespace zor {
 class EveryView : public testing::TestWithParam<std::string> {};
 
 TEST_P(EveryView, ShowsEveryElementOfItsForm) {
-    Program program;
-    program.start();
-    std::unique_ptr<Form> own;
-    openForm(program, GetParam(), own);
-    Form* form = program.desk.find(GetParam());
-    ASSERT_NE(form, nullptr);
-    FormWindow* window = program.window.windowOf(*form);
-    ASSERT_NE(window, nullptr);
-    EXPECT_TRUE(window->shell().isVisible());
-    EXPECT_EQ(unseenElements(*form, window->content()), QStringList());
-    EXPECT_EQ(wronglyHidden(window->content()), QStringList());
-    form->userClose();
+    OpenView view(GetParam());
+    FormWindow& window = view.window();
+    EXPECT_TRUE(window.shell().isVisible());
+    EXPECT_EQ(unseenElements(view.form(), window.content()), QStringList());
+    EXPECT_EQ(wronglyHidden(window.content()), QStringList());
+    view.form().userClose();
     // A window that is made anew at each opening has gone altogether.
-    Form* left = program.desk.find(GetParam());
+    Form* left = view.program.desk.find(GetParam());
     EXPECT_TRUE(left == nullptr || !left->isOpen());
 }
 

@@ -112,13 +112,7 @@ QStringList namelessOnAllPages(QWidget& root) {
 class EveryViewSpoken : public testing::TestWithParam<std::string> {};
 
 TEST_P(EveryViewSpoken, NamesEveryControl) {
-    Program program;
-    program.start();
-    std::unique_ptr<Form> own;
-    openForm(program, GetParam(), own);
-    Form* form = program.desk.find(GetParam());
-    ASSERT_NE(form, nullptr);
-    EXPECT_EQ(namelessOnAllPages(program.window.windowOf(*form)->shell()).join("; ").toStdString(), "");
+    EXPECT_EQ(namelessOnAllPages(OpenView(GetParam()).window().shell()).join("; ").toStdString(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Registry, EveryViewSpoken, testing::ValuesIn(everyForm()),

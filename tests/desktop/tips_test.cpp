@@ -34,13 +34,7 @@ QStringList withoutTip(const QWidget& root) {
 class EveryViewExplained : public testing::TestWithParam<std::string> {};
 
 TEST_P(EveryViewExplained, HasATipForEveryControl) {
-    Program program;
-    program.start();
-    std::unique_ptr<Form> own;
-    openForm(program, GetParam(), own);
-    Form* form = program.desk.find(GetParam());
-    ASSERT_NE(form, nullptr);
-    EXPECT_EQ(withoutTip(program.window.windowOf(*form)->content()).join(" ").toStdString(), "");
+    EXPECT_EQ(withoutTip(OpenView(GetParam()).window().content()).join(" ").toStdString(), "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Registry, EveryViewExplained, testing::ValuesIn(everyForm()),

@@ -18,6 +18,8 @@
 
 #include <algorithm>
 
+#include <stdexcept>
+
 namespace zor {
 
 QString name(const Element& element) {
@@ -136,6 +138,28 @@ void openForm(Program& program, const std::string& formName, std::unique_ptr<For
     if (own) {
         own->show();
     }
+}
+
+OpenView::OpenView(const std::string& ownName)
+    : formName(ownName) {
+    program.start();
+    openForm(program, formName, own);
+}
+
+Form& OpenView::form() const {
+    Form* found = program.desk.find(formName);
+    if (found == nullptr) {
+        throw std::logic_error(formName + " did not open");
+    }
+    return *found;
+}
+
+FormWindow& OpenView::window() const {
+    FormWindow* found = program.window.windowOf(form());
+    if (found == nullptr) {
+        throw std::logic_error(formName + " has no window");
+    }
+    return *found;
 }
 
 ChipPanel& startWithPanel(Program& program, const std::string& panelName) {

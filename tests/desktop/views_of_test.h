@@ -29,6 +29,19 @@ namespace zor {
 /// How each window of the registry comes onto the desk in a test.
 /// @param own  holds a form that the test itself must keep
 void openForm(Program& program, const std::string& formName, std::unique_ptr<Form>& own);
+/// The program, started, with one window of the registry open in it.
+class OpenView {
+  public:
+    explicit OpenView(const std::string& ownName);
+    [[nodiscard]] Form& form() const;
+    [[nodiscard]] FormWindow& window() const;
+
+    Program program;
+
+  private:
+    std::string formName;
+    std::unique_ptr<Form> own;
+};
 /// Starts the program and opens a chip's panel in it.
 ChipPanel& startWithPanel(Program& program, const std::string& panelName);
 /// Starts the program and opens the terminal and, in front of it, the supply tool.
