@@ -14,11 +14,15 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace zor {
 
 /// A column's value as text; nothing where the database holds null. A truth value is "True" or "False".
 using StoredValue = std::optional<std::string>;
+
+/// Values of some columns of one row.
+using StoredRow = std::vector<StoredValue>;
 
 /// A failure of the register database.
 struct StoreError : ToolError {
@@ -97,14 +101,17 @@ class RegisterStore {
 
     /// Runs a text that gives no rows. Throws StoreError.
     virtual void run(std::string_view sql) = 0;
-    /// When a source reads the values of its rows: with the query, or all of them when one is asked for.
-    /// Which rows there are, and their keys, is always the query's.
+    /// When a source reads: its rows with their values with the query; or which rows there are when it is
+    /// first asked about them, and the values of all when one is asked for.
     enum class Values { AtOnce, WhenAsked };
     /// A source of its own over this query; the store must outlive it. Throws StoreError.
     [[nodiscard]] virtual std::unique_ptr<RecordSource> select(std::string_view sql, Values values) = 0;
     [[nodiscard]] std::unique_ptr<RecordSource> select(std::string_view sql) {
         return select(sql, Values::AtOnce);
     }
+    /// These columns of each row that a query gives, in the order named; read and let go. Throws StoreError.
+    [[nodiscard]] virtual std::vector<StoredRow> read(std::string_view sql,
+                                                      std::span<const std::string_view> columns) = 0;
 
     /// Puts chips with their registers into the master tables, in place of chips of the same names, all or
     /// nothing. A replaced chip keeps its number and place. Throws StoreError.

@@ -93,33 +93,33 @@ std::string RegisterNaming::meaningOfWord(std::uint32_t word, std::string_view a
     if (!fifo.FifoSelectLine && address == (writes ? fifo.TxAddress : fifo.RxAddress)) {
         return writes ? "write " + value + " to the transmit FIFO" : "read the receive FIFO";
     }
-    std::string name = nameOf(address);
+    std::uint32_t carried = word & 0xFF;
+    if (!writes) {
+        std::string end = endOf(answer);
+        carried = readHex(answeredHighByte(end) + answeredByte(end)).value_or(0);
+    }
+    auto [name, bits] = namedAt(address, carried);
     if (name.empty()) {
         if (sender == Sender::Somebody) {
             return {};
         }
         return writes ? "write " + value + " to register " + address : "read register " + address;
     }
-    std::string answered = answeredHighByte(endOf(answer)) + answeredByte(endOf(answer));
-    std::string bits = namesOfSetBits(address, writes ? word & 0xFF : readHex(answered).value_or(0));
-    std::string meaning = writes ? "write " + name + " " + value : "read " + name;
-    return meaning + (bits.empty() ? "" : ": " + bits);
+    std::string meaning = (writes ? "write " : "read ") + std::string(name);
+    if (writes) {
+        meaning += " " + value;
+    }
+    return bits.empty() ? meaning : meaning + ": " + bits;
 }
 
-std::string RegisterNaming::nameOf(std::string_view address) const {
+RegisterNaming::Named RegisterNaming::namedAt(std::string_view address, std::uint32_t value) const {
     if (const Setting* setting = tool.table.at(address)) {
-        return setting->Name;
+        return {setting->Name, setBits(setting->bit, value & 0xFF)};
     }
-    const StatusViewer::StatusRegister* status = tool.status.at(address);
-    return status == nullptr ? std::string() : status->Name;
-}
-
-std::string RegisterNaming::namesOfSetBits(std::string_view address, std::uint32_t value) const {
-    if (const Setting* setting = tool.table.at(address)) {
-        return setBits(setting->bit, value & 0xFF);
+    if (const StatusViewer::StatusRegister* status = tool.status.at(address)) {
+        return {status->Name, setBits(status->bit, value)};
     }
-    const StatusViewer::StatusRegister* status = tool.status.at(address);
-    return status == nullptr ? std::string() : setBits(status->bit, value);
+    return {};
 }
 
 } // namespace zor

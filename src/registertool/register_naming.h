@@ -23,11 +23,15 @@ class RegisterNaming {
 
   private:
     enum class Sender { Tool, Somebody };
+    /// A register of the chip, and the names of those of its bits that are 1.
+    struct Named {
+        std::string_view name;
+        std::string bits;
+    };
 
     [[nodiscard]] std::string meaningOf(std::string_view line, std::string_view answer);
     [[nodiscard]] std::string meaningOfWord(std::uint32_t word, std::string_view answer, Sender sender) const;
-    [[nodiscard]] std::string nameOf(std::string_view address) const;
-    [[nodiscard]] std::string namesOfSetBits(std::string_view address, std::uint32_t value) const;
+    [[nodiscard]] Named namedAt(std::string_view address, std::uint32_t value) const;
 
     SPI& tool;
     /// The FIFO's select line is low.

@@ -39,6 +39,9 @@ constexpr ColumnOrigin takenColumns[] = {{"Name", "Name"},
 
 /// Letters of hexadecimal digits count alike in either case, as they do to the store.
 bool sameAddress(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) {
+        return false;
+    }
     auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
     return std::ranges::equal(a, b, {}, upper, upper);
 }
@@ -182,9 +185,14 @@ void SettingTable::takeRead(std::size_t row, const std::string& hexValue) {
     if (!attached()) {
         return;
     }
-    settings[row].readValue = hexValue;
-    take(row, hexValue);
+    Setting& setting = settings[row];
+    bool asBefore = setting.readValue == hexValue && setting.HexValue == hexValue;
+    setting.readValue = hexValue;
     unstored.push_back(row);
+    // A walk over a chip finds most registers as they were; nothing that is shown of them changes then.
+    if (!asBefore) {
+        take(row, hexValue);
+    }
 }
 
 void SettingTable::storeTaken() {

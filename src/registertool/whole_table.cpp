@@ -98,12 +98,10 @@ void WholeTable::UpdateChip_Click() {
     std::vector<Write> writes;
     if (tool.store) {
         tool.table.storeTaken();
-        auto rows = tool.store->select(allSettings);
-        for (; !rows->pastLast(); rows->moveNext()) {
-            std::string address = rows->value("Address").value_or(std::string());
-            std::string value = rows->value("HexValue").value_or(std::string());
-            writes.push_back({rows->value("Name").value_or(std::string()), writeLine(address, value),
-                              rows->value("W") == "True"});
+        constexpr std::string_view columns[] = {"Name", "Address", "HexValue", "W"};
+        for (const StoredRow& row : tool.store->read(allSettings, columns)) {
+            auto text = [&row](std::size_t column) { return row[column].value_or(std::string()); };
+            writes.push_back({text(0), writeLine(text(1), text(2)), row[3] == "True"});
         }
     }
     std::size_t done = 0;

@@ -29,6 +29,33 @@ extern "C" void makeValue(sqlite3_context* context, int /*count*/, sqlite3_value
 
 } // namespace
 
+std::vector<StoredRow> readColumns(Statements& statements, std::string_view sql,
+                                   std::span<const std::string_view> columns) {
+    Translation translation = translate(sql);
+    std::string wanted;
+    std::vector<ColumnKind> kinds;
+    for (std::string_view name : columns) {
+        const Column* column = translation.selects ? translation.table->column(name) : nullptr;
+        if (column == nullptr) {
+            throw StoreError(notOfThisStore, "\"" + std::string(sql) + "\" gives no " + std::string(name));
+        }
+        wanted += (wanted.empty() ? "\"" : ", \"") + std::string(column->name) + "\"";
+        kinds.push_back(column->kind);
+    }
+    std::vector<StoredRow> rows;
+    throughStore([&] {
+        CellReader reader(statements, theseOnly(translation, wanted), translation.values);
+        while (reader.next()) {
+            StoredRow& row = rows.emplace_back();
+            row.reserve(kinds.size());
+            for (ColumnKind kind : kinds) {
+                row.push_back(reader.value(static_cast<int>(row.size()), kind));
+            }
+        }
+    });
+    return rows;
+}
+
 void offerMaking(SQLite::Database& database) {
     int result = sqlite3_create_function_v2(database.getHandle(), makingFunction, 2, SQLITE_UTF8, nullptr,
                                             makeValue, nullptr, nullptr, nullptr);
@@ -53,12 +80,21 @@ void SqliteRecords::reread() {
 }
 
 void SqliteRecords::read(const Translation& translation) {
-    if (reads == RegisterStore::Values::AtOnce) {
-        readRows(translation);
+    bool later = reads == RegisterStore::Values::WhenAsked;
+    if (later) {
+        // A table or column that is not there is found now.
+        throughStore([&] { (void)statements.prepared(keysOnly(translation)); });
+        keys.clear();
+        values.clear();
+        heads.clear();
+        for (const Column& column : translation.table->columns) {
+            heads.push_back({std::string(column.name), column.kind});
+        }
     } else {
-        readKeys(translation);
+        readRows(translation);
     }
-    valuesWait = reads == RegisterStore::Values::WhenAsked;
+    keysWait = later;
+    valuesWait = later;
     if (std::exchange(table, translation.table) != translation.table) {
         saving = {};
     }
@@ -67,20 +103,20 @@ void SqliteRecords::read(const Translation& translation) {
     changes.clear();
 }
 
-void SqliteRecords::readKeys(const Translation& translation) {
-    std::vector<std::int64_t> newKeys;
-    throughStore([&] {
-        CellReader reader(statements, keysOnly(translation), translation.values);
-        while (reader.next()) {
-            newKeys.push_back(reader.key());
-        }
-    });
-    keys = std::move(newKeys);
-    values.clear();
-    heads.clear();
-    for (const Column& column : translation.table->columns) {
-        heads.push_back({std::string(column.name), column.kind});
+const std::vector<std::int64_t>& SqliteRecords::rowKeys() const {
+    if (keysWait) {
+        std::vector<std::int64_t> found;
+        throughStore([&] {
+            Translation translation = translate(query);
+            CellReader reader(statements, keysOnly(translation), translation.values);
+            while (reader.next()) {
+                found.push_back(reader.key());
+            }
+        });
+        keys = std::move(found);
+        keysWait = false;
     }
+    return keys;
 }
 
 void SqliteRecords::readRows(const Translation& translation) {
@@ -113,7 +149,7 @@ void SqliteRecords::readRows(const Translation& translation) {
 }
 
 void SqliteRecords::demandValues() const {
-    if (!valuesWait || keys.empty()) {
+    if (!valuesWait || rowKeys().empty()) {
         return;
     }
     SqliteRecords now(database, statements, RegisterStore::Values::AtOnce, {});
@@ -222,15 +258,23 @@ SQLite::Statement& SqliteRecords::savingStatement(bool adds, const std::vector<C
     std::string name = "\"" + std::string(table->name) + "\"";
     std::string columns;
     std::string marks;
+    std::string differences;
     saving = {adds, {}, {}};
     for (const Change& change : made) {
         saving.columns.push_back(change.column);
-        columns += (columns.empty() ? "\"" : ", \"") + heads[change.column].name + (adds ? "\"" : "\" = ?");
-        marks += marks.empty() ? "?" : ", ?";
+        std::string column = "\"" + heads[change.column].name + "\"";
+        std::string mark = "?" + std::to_string(saving.columns.size());
+        const char* comma = columns.empty() ? "" : ", ";
+        columns += comma + column + (adds ? "" : " = " + mark);
+        marks += comma + mark;
+        differences += (differences.empty() ? "" : " OR ") + column + " COLLATE BINARY IS NOT " + mark;
     }
-    saving.statement.emplace(database,
-                             adds ? "INSERT INTO " + name + " (" + columns + ") VALUES (" + marks + ")"
-                                  : "UPDATE " + name + " SET " + columns + " WHERE rowid = ?");
+    // A row that holds the values already is not written again.
+    std::string statement = adds ? "INSERT INTO " + name + " (" + columns + ") VALUES (" + marks + ")"
+                                 : "UPDATE " + name + " SET " + columns + " WHERE rowid = ?" +
+                                       std::to_string(saving.columns.size() + 1) + " AND (" + differences +
+                                       ")";
+    saving.statement.emplace(database, statement);
     return *saving.statement;
 }
 

@@ -14,6 +14,10 @@
 
 namespace zor::store {
 
+/// These columns of each row of a query. Throws StoreError.
+[[nodiscard]] std::vector<StoredRow> readColumns(Statements& statements, std::string_view sql,
+                                                 std::span<const std::string_view> columns);
+
 /// Gives a database what `addRowsOf` needs of it. Throws SQLite::Exception.
 void offerMaking(SQLite::Database& database);
 
@@ -33,18 +37,18 @@ class SqliteRecords : public RecordSource {
     void setQuery(std::string_view sql) override;
     void reread() override;
 
-    [[nodiscard]] std::size_t count() const override { return keys.size(); }
+    [[nodiscard]] std::size_t count() const override { return rowKeys().size(); }
     void moveFirst() override { place = 0; }
     void moveNext() override;
     [[nodiscard]] std::size_t position() const override { return place; }
-    void moveTo(std::size_t position) override { place = std::min(position, keys.size()); }
-    [[nodiscard]] bool beforeFirst() const override { return keys.empty(); }
-    [[nodiscard]] bool pastLast() const override { return place >= keys.size(); }
+    void moveTo(std::size_t position) override { place = std::min(position, rowKeys().size()); }
+    [[nodiscard]] bool beforeFirst() const override { return rowKeys().empty(); }
+    [[nodiscard]] bool pastLast() const override { return place >= rowKeys().size(); }
     [[nodiscard]] std::size_t columnNumber(std::string_view column) const override;
     void find(std::string_view criterion) override;
 
     [[nodiscard]] const StoredValue& value(std::size_t column) const override;
-    [[nodiscard]] std::int64_t key() const override { return keys.at(place); }
+    [[nodiscard]] std::int64_t key() const override { return rowKeys().at(place); }
 
     void addRow() override;
     void setValue(std::size_t column, StoredValue value) override;
@@ -68,7 +72,8 @@ class SqliteRecords : public RecordSource {
     };
 
     void read(const Translation& translation);
-    void readKeys(const Translation& translation);
+    /// The rows that there are, read now if that was left until somebody asks.
+    [[nodiscard]] const std::vector<std::int64_t>& rowKeys() const;
     void readRows(const Translation& translation);
     /// Reads the values of the rows that there are, if that was left until they are asked for.
     void demandValues() const;
@@ -85,7 +90,8 @@ class SqliteRecords : public RecordSource {
     std::string query;
     const Table* table = nullptr;
     std::vector<Head> heads;
-    std::vector<std::int64_t> keys;
+    mutable std::vector<std::int64_t> keys;
+    mutable bool keysWait = false;
     /// Row by row, as many as there are heads; nothing yet while they wait to be asked for.
     mutable std::vector<StoredValue> values;
     mutable bool valuesWait = false;

@@ -14,6 +14,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 namespace zor {
 
@@ -43,6 +45,19 @@ Format parseFormat(const std::string& text) {
 
 bool deviceExists(const std::string& path) {
     return !path.empty() && ::access(path.c_str(), F_OK) == 0;
+}
+
+/// Where the device file's coming and going shows: the folder of its name and, if that is a link, the folder
+/// of the file behind it. The file itself would tell of every line that is written to it as well.
+QStringList foldersOf(const std::string& path) {
+    std::error_code failed;
+    std::filesystem::path file = std::filesystem::canonical(path, failed);
+    QStringList folders{toQt(std::filesystem::path(path).parent_path().string())};
+    if (!failed) {
+        folders.append(toQt(file.parent_path().string()));
+    }
+    folders.removeDuplicates();
+    return folders;
 }
 
 /// Why a device file cannot be opened, told before the opening as the toolkit says "permission" for both a
@@ -97,7 +112,7 @@ QtSerialPort::QtSerialPort(EventLoop& eventLoop, SerialDevices& serialDevices)
             noticeGone();
         }
     });
-    QObject::connect(&watcher, &QFileSystemWatcher::fileChanged, &watcher, [this] {
+    QObject::connect(&watcher, &QFileSystemWatcher::directoryChanged, &watcher, [this] {
         if (isOpen() && !deviceExists(path)) {
             noticeGone();
         }
@@ -136,7 +151,7 @@ void QtSerialPort::open(int number, const LineSettings& settings) {
     path = device;
     gone = false;
     devices.hold(path);
-    watcher.addPath(toQt(path));
+    watcher.addPaths(foldersOf(path));
     configure(settings);
 }
 
@@ -169,7 +184,7 @@ void QtSerialPort::close() {
         port.close();
     }
     devices.release(path);
-    watcher.removePath(toQt(path));
+    watcher.removePaths(watcher.directories());
     path.clear();
     if (wasGone) {
         throw ToolError(invalidPort);
