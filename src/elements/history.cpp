@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "elements/history.h"
 
-#include "elements/button.h"
 #include "elements/desk.h"
 #include "elements/form.h"
-#include "elements/list_box.h"
-#include "elements/menu.h"
-#include "elements/options.h"
-#include "elements/range.h"
+#include "elements/step_name.h"
 #include "elements/text_field.h"
-#include "elements/tick_box.h"
 
 #include <algorithm>
 #include <utility>
@@ -18,50 +13,9 @@ namespace zor {
 
 namespace {
 
-/// Longer texts are cut in a step's name, in characters.
-constexpr std::size_t longestText = 24;
-
 std::uint64_t nextNumber() {
     static std::uint64_t last = 0;
     return ++last;
-}
-
-/// One line of it, not too long, its quotation clear where it is empty.
-std::string shortened(const std::string& text) {
-    std::string line = text.substr(0, text.find_first_of("\r\n"));
-    if (line.size() > longestText) {
-        std::size_t end = longestText - 3;
-        // Not in the midst of a character.
-        while (end > 0 && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80) {
-            --end;
-        }
-        line = line.substr(0, end) + "...";
-    } else if (line.size() < text.size()) {
-        line += "...";
-    }
-    return line.empty() ? "(empty)" : line;
-}
-
-/// A button's or entry's caption as a sentence names it.
-std::string plainCaption(const std::string& caption) {
-    std::string plain;
-    for (char c : caption) {
-        if (c != '&') {
-            plain += c;
-        }
-    }
-    while (plain.ends_with('.')) {
-        plain.pop_back();
-    }
-    return plain;
-}
-
-std::string valueText(const Element& element, const ElementState& state) {
-    if (dynamic_cast<const TickBox*>(&element) != nullptr) {
-        return state.number != 0 ? "on" : "off";
-    }
-    return dynamic_cast<const Slider*>(&element) != nullptr ? std::to_string(state.number)
-                                                            : shortened(state.text);
 }
 
 /// Marks something for as long as it lives.
@@ -77,13 +31,6 @@ struct Going {
 };
 
 } // namespace
-
-Undoable::Undoable() = default;
-Undoable::~Undoable() = default;
-
-void Undoable::beginHistory(Form& form) {
-    ownHistory = std::make_unique<History>(form, *this);
-}
 
 History::History(Form& historysForm, Undoable& formsRules)
     : ownForm(historysForm)
@@ -151,6 +98,11 @@ void History::touch(std::size_t place) {
     }
 }
 
+bool History::settingTouched() const {
+    return std::any_of(touched.begin(), touched.end(),
+                       [this](std::size_t place) { return elements[place].setting; });
+}
+
 bool History::settingsDiffer() const {
     return std::any_of(touched.begin(), touched.end(), [this](std::size_t place) {
         const Kept& kept = elements[place];
@@ -214,15 +166,18 @@ bool History::beingTyped(const Gesture& gesture) const {
     }
 }
 
-History::Step History::differences() const {
+/// What is as it was counts as untouched again.
+History::Step History::differences() {
     Step step;
-    for (std::size_t place : touched) {
-        const Kept& kept = elements[place];
+    std::erase_if(touched, [&](std::size_t place) {
+        Kept& kept = elements[place];
         ElementState now = rules.takeElement(*kept.element, kept.aspects);
-        if (now != kept.state) {
+        kept.touched = now != kept.state;
+        if (kept.touched) {
             step.elements.push_back({place, kept.state, std::move(now)});
         }
-    }
+        return !kept.touched;
+    });
     std::sort(step.elements.begin(), step.elements.end(),
               [](const ElementChange& one, const ElementChange& other) { return one.place < other.place; });
     for (std::size_t place = 0; place < parts.size(); ++place) {
@@ -257,7 +212,8 @@ bool History::changesSetting(const Step& step) const {
 
 void History::record(const Gesture* gesture) {
     std::string action = rules.actionName();
-    if (going || touched.empty()) {
+    // What only follows and shows waits for the setting that it goes with.
+    if (going || !settingTouched()) {
         return;
     }
     Step step = differences();
@@ -270,7 +226,7 @@ void History::record(const Gesture* gesture) {
         steps.pop_back();
     }
     if (!joins(step, gesture)) {
-        step.name = action.empty() ? stepName(step, gesture) : std::move(action);
+        step.name = action.empty() ? nameOf(step, gesture) : std::move(action);
         push(std::move(step));
     }
     done = steps.size();
@@ -321,64 +277,20 @@ bool History::joins(Step& step, const Gesture* gesture) {
         }
     }
     last.marksAfter = std::move(step.marksAfter);
-    last.name = stepName(last, gesture);
+    last.name = nameOf(last, gesture);
     last.number = nextNumber();
     return true;
 }
 
-std::string History::stepName(const Step& step, const Gesture* gesture) {
-    const Element* source = gesture == nullptr ? nullptr : gesture->element;
-    const ElementChange* named = nullptr;
-    std::size_t settings = 0;
+std::string History::nameOf(const Step& step, const Gesture* gesture) const {
+    std::vector<SettingChange> changes;
     for (const ElementChange& change : step.elements) {
         const Kept& kept = elements[change.place];
-        if (!kept.setting) {
-            continue;
-        }
-        ++settings;
-        std::string own = rules.changeName(*kept.element, change.before, change.after);
-        if (!own.empty()) {
-            return own;
-        }
-        if (kept.element == source) {
-            return changeName(change, step);
-        }
-        // A field says more than the slider beside it, the option chosen more than the one given up.
-        bool givenUp = dynamic_cast<const Option*>(kept.element) != nullptr && change.after.number == 0;
-        bool field = dynamic_cast<const TextField*>(kept.element) != nullptr;
-        if (named == nullptr ||
-            (field && dynamic_cast<const TextField*>(elements[named->place].element) == nullptr) ||
-            (!givenUp && dynamic_cast<const Option*>(elements[named->place].element) != nullptr &&
-             named->after.number == 0)) {
-            named = &change;
+        if (kept.setting) {
+            changes.push_back({*kept.element, change.before, change.after});
         }
     }
-    bool acts =
-        dynamic_cast<const Button*>(source) != nullptr || dynamic_cast<const MenuEntry*>(source) != nullptr;
-    if (acts && (settings > 1 || rules.buttonsNameSteps()) && !source->caption().empty()) {
-        return plainCaption(source->caption());
-    }
-    return changeName(*named, step);
-}
-
-std::string History::changeName(const ElementChange& change, const Step& step) const {
-    const Element& element = *elements[change.place].element;
-    std::string caption = rules.settingCaption(element);
-    if (const auto* option = dynamic_cast<const Option*>(&element)) {
-        std::string before = "none";
-        for (const ElementChange& other : step.elements) {
-            const auto* left = dynamic_cast<const Option*>(elements[other.place].element);
-            if (left != nullptr && &left->ownGroup() == &option->ownGroup() && other.before.number != 0) {
-                before = left->caption();
-            }
-        }
-        return caption + " " + before + " -> " + option->caption();
-    }
-    const auto* field = dynamic_cast<const TextField*>(&element);
-    if (field != nullptr && field->multiLine()) {
-        return caption;
-    }
-    return caption + " " + valueText(element, change.before) + " -> " + valueText(element, change.after);
+    return stepName(rules, changes, gesture);
 }
 
 void History::putFollowersBack() {

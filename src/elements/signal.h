@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -53,25 +52,25 @@ class Signal {
 
     Subscription subscribe(Action action) {
         auto slot = std::make_shared<Slot>(Slot{std::move(action), true});
-        slots->push_back(slot);
-        return Subscription([weak = std::weak_ptr<Slots>(slots), slot] {
+        changeable(*book).push_back(slot);
+        return Subscription([weak = std::weak_ptr<Book>(book), slot] {
             slot->live = false;
-            if (auto list = weak.lock()) {
-                list->erase(std::remove(list->begin(), list->end(), slot), list->end());
+            if (auto held = weak.lock()) {
+                std::erase(changeable(*held), slot);
             }
         });
     }
 
     /// Somebody listens.
-    [[nodiscard]] bool heard() const { return !slots->empty(); }
+    [[nodiscard]] bool heard() const { return !book->slots->empty(); }
 
     void emit(Args... args) const {
-        if (slots->empty()) {
+        if (!heard()) {
             return;
         }
-        // The copy keeps the list walkable whatever the subscribers do, and the slots alive to its end.
-        Slots now = *slots;
-        for (const auto& slot : now) {
+        // Whoever comes or goes meanwhile does so in a list of his own; this one stays as it is to its end.
+        std::shared_ptr<const Slots> now = book->slots;
+        for (const auto& slot : *now) {
             if (slot->live) {
                 slot->action(args...);
             }
@@ -84,8 +83,19 @@ class Signal {
         bool live;
     };
     using Slots = std::vector<std::shared_ptr<Slot>>;
+    struct Book {
+        std::shared_ptr<Slots> slots = std::make_shared<Slots>();
+    };
 
-    std::shared_ptr<Slots> slots = std::make_shared<Slots>();
+    /// The list for the next notification; a notification that runs keeps its own.
+    static Slots& changeable(Book& book) {
+        if (book.slots.use_count() > 1) {
+            book.slots = std::make_shared<Slots>(*book.slots);
+        }
+        return *book.slots;
+    }
+
+    std::shared_ptr<Book> book = std::make_shared<Book>();
 };
 
 } // namespace zor
