@@ -4,7 +4,6 @@
 #include <QByteArrayView>
 
 #include <algorithm>
-#include <utility>
 
 namespace zor {
 
@@ -30,49 +29,51 @@ std::size_t lengthOf(unsigned char first) {
     return first < 0x80 ? 1 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
 }
 
+/// A byte that is a character of its own.
+QChar ofByte(unsigned char byte) {
+    char16_t code = byte;
+    if (isControl(code) && code != '\t') {
+        code = byte == 0x7F ? deletePicture : static_cast<char16_t>(controlPictures + byte);
+    }
+    return code;
+}
+
 } // namespace
 
 ShownText::ShownText(std::string_view bytes, Lines lines)
     : lineForm(lines)
     , original(bytes) {
     isUtf8 = QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
-    shown.reserve(static_cast<qsizetype>(bytes.size()));
-    begins.reserve(bytes.size() + 1);
+    // No character has more of the toolkit's units than bytes.
+    shown.resize(static_cast<qsizetype>(bytes.size()));
+    begins.resize(bytes.size() + 1);
+    QChar* unit = shown.data();
+    std::size_t* begin = begins.data();
     std::size_t at = 0;
+    auto add = [&](QChar character) {
+        *unit++ = character;
+        *begin++ = at;
+    };
     while (at < original.size()) {
         auto byte = static_cast<unsigned char>(original[at]);
         if (lines == Lines::Many && (byte == '\r' || byte == '\n')) {
-            std::size_t length = original.compare(at, 2, "\r\n") == 0 ? 2 : 1;
-            addUnit(QStringLiteral("\n"), length);
-            at += length;
+            add(QLatin1Char('\n'));
+            at += original.compare(at, 2, "\r\n") == 0 ? 2 : 1;
         } else if (byte < 0x80 || !isUtf8) {
-            showByte(byte);
+            add(ofByte(byte));
             ++at;
         } else {
             std::size_t length = lengthOf(byte);
-            QString character = QString::fromUtf8(original.data() + at, static_cast<qsizetype>(length));
-            addUnit(isDocumentMark(character.front().unicode()) ? QString(QChar::ReplacementCharacter)
-                                                                : character,
-                    length);
+            // One beyond the basic plane takes two units; none ends between them.
+            for (QChar character : QString::fromUtf8(original.data() + at, static_cast<qsizetype>(length))) {
+                add(isDocumentMark(character.unicode()) ? QChar(QChar::ReplacementCharacter) : character);
+            }
             at += length;
         }
     }
-    begins.push_back(original.size());
-}
-
-void ShownText::addUnit(const QString& characters, std::size_t length) {
-    std::size_t begin = std::exchange(endOfLast, endOfLast + length);
-    // A character beyond the basic plane takes two of the toolkit's units; none ends between them.
-    begins.insert(begins.end(), static_cast<std::size_t>(characters.size()), begin);
-    shown += characters;
-}
-
-void ShownText::showByte(unsigned char byte) {
-    char16_t code = byte;
-    if (isControl(code) && code != '\t') {
-        code = byte == 0x7F ? deletePicture : static_cast<char16_t>(controlPictures + byte);
-    }
-    addUnit(QString(QChar(code)), 1);
+    *begin = original.size();
+    shown.truncate(unit - shown.constData());
+    begins.resize(static_cast<std::size_t>(shown.size()) + 1);
 }
 
 std::string ShownText::encoded(const QString& typed) const {

@@ -32,8 +32,6 @@ class ShownText {
     [[nodiscard]] qsizetype positionOf(std::size_t byte) const;
 
   private:
-    void addUnit(const QString& characters, std::size_t length);
-    void showByte(unsigned char byte);
     [[nodiscard]] std::string encoded(const QString& typed) const;
 
     Lines lineForm;
@@ -41,7 +39,6 @@ class ShownText {
     QString shown;
     /// Where the character of each of the toolkit's units begins in the original; one more for the end.
     std::vector<std::size_t> begins;
-    std::size_t endOfLast = 0;
     bool isUtf8 = true;
 };
 

@@ -210,8 +210,8 @@ void putCaret(TextField& held, const QString& text, int caret, Lines lines) {
     }
 }
 
-int caretIn(const TextField& held, Lines lines) {
-    return static_cast<int>(ShownText(held.text(), lines).positionOf(held.cursor()));
+int caretIn(const TextField& held, const ShownText& shown) {
+    return static_cast<int>(shown.positionOf(held.cursor()));
 }
 
 Binding& bindLine(LineField& line, TextField& element) {
@@ -232,7 +232,7 @@ Binding& bindLine(LineField& line, TextField& element) {
     });
     auto showCaret = [binding, &line] {
         const auto& held = *elementOf<TextField>(*binding);
-        int position = caretIn(held, Lines::One);
+        int position = caretIn(held, ShownText(held.text(), Lines::One));
         if (line.cursorPosition() != position) {
             line.setCursorPosition(position);
         }
@@ -255,8 +255,7 @@ QString rawText(const QPlainTextEdit& area) {
     return area.document()->toRawText().replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
 }
 
-void showCaret(QPlainTextEdit& area, const TextField& held) {
-    int position = caretIn(held, Lines::Many);
+void showCaret(QPlainTextEdit& area, int position) {
     QTextCursor cursor = area.textCursor();
     if (cursor.position() != position) {
         cursor.setPosition(position);
@@ -281,15 +280,17 @@ void bindArea(QPlainTextEdit& area, TextField& element) {
             putCaret(*held, rawText(area), area.textCursor().position(), Lines::Many);
         }
     });
-    binding->follow(element.cursorMoved,
-                    [binding, &area] { showCaret(area, *elementOf<TextField>(*binding)); });
+    binding->follow(element.cursorMoved, [binding, &area] {
+        const auto& held = *elementOf<TextField>(*binding);
+        showCaret(area, caretIn(held, ShownText(held.text(), Lines::Many)));
+    });
     binding->onDraw([binding, &area] {
         const auto& held = *elementOf<TextField>(*binding);
         area.setReadOnly(held.readOnly());
-        QString text = ShownText(held.text(), Lines::Many).text();
-        if (rawText(area) != text) {
-            area.setPlainText(text);
-            showCaret(area, held);
+        ShownText shown(held.text(), Lines::Many);
+        if (rawText(area) != shown.text()) {
+            area.setPlainText(shown.text());
+            showCaret(area, caretIn(held, shown));
         }
     });
 }
