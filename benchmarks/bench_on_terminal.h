@@ -11,11 +11,15 @@
 
 #include <QTemporaryDir>
 
+#include <array>
 #include <filesystem>
 #include <memory>
 #include <string>
 
 namespace zor::benchmarks {
+
+/// What somebody types into a panel's frequency, over and over.
+inline constexpr std::array<const char*, 4> typedFrequencies = {"315", "314.1234", "311.5", "318.9975"};
 
 /// The program's own adapters and core on one terminal, connected, with no window on the screen.
 class BenchOnTerminal {

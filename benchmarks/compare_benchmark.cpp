@@ -17,7 +17,6 @@ namespace {
 const DeclareRatio comparingRatio("ComparedPairs", "BareReading", 50);
 
 constexpr int pairs = 1000;
-constexpr std::array<const char*, 2> frequencies = {"315", "314.1234"};
 
 /// What a comparison cannot do without: each word's value and each field's part of it.
 void readBare(const ChipPanel& panel, std::vector<std::uint32_t>& values, std::vector<std::string>& texts) {
@@ -56,9 +55,9 @@ void ComparedPairs(benchmark::State& state) {
     AnsweringTerminal terminal;
     BenchOnTerminal bench(terminal.path());
     OpalV2& panel = bench.panel();
-    panel.FreqCenter.type(frequencies[0]);
+    panel.FreqCenter.type(typedFrequencies[0]);
     PanelState other = shownState(panel, bench.bench());
-    panel.FreqCenter.type(frequencies[1]);
+    panel.FreqCenter.type(typedFrequencies[1]);
     panel.pm(5)->tick(true);
     panel.WKUPM.type("200");
     for (auto _ : state) {

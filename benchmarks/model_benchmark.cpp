@@ -15,13 +15,11 @@ namespace {
 
 const DeclareRatio commitRatio("CommittedFrequency", "BareFrequency", 25);
 
-constexpr std::array<const char*, 4> typed = {"315", "314.1234", "311.5", "318.9975"};
-
 void BareFrequency(benchmark::State& state) {
     FrequencyScale scale;
     std::size_t turn = 0;
     for (auto _ : state) {
-        double megahertz = numericPrefix(typed[turn++ % typed.size()]);
+        double megahertz = numericPrefix(typedFrequencies[turn++ % typedFrequencies.size()]);
         double shown = centreFrequency(frequencyParameter(megahertz, scale), scale);
         benchmark::DoNotOptimize(numberText(shown));
         benchmark::DoNotOptimize(shownNumber(shown, 4).text);
@@ -35,7 +33,7 @@ void CommittedFrequency(benchmark::State& state) {
     OpalV2& panel = bench.panel();
     std::size_t turn = 0;
     for (auto _ : state) {
-        panel.FreqCenter.type(typed[turn++ % typed.size()]);
+        panel.FreqCenter.type(typedFrequencies[turn++ % typedFrequencies.size()]);
         benchmark::DoNotOptimize(panel.Freqw.text());
     }
 }

@@ -12,21 +12,7 @@ namespace zor::benchmarks {
 
 namespace {
 
-const DeclareRatio undoRatio("UndoneStep", "CommittedStep", 2);
-
-constexpr std::array<const char*, 4> typed = {"315", "314.1234", "311.5", "318.9975"};
-
-void CommittedStep(benchmark::State& state) {
-    AnsweringTerminal terminal;
-    BenchOnTerminal bench(terminal.path());
-    OpalV2& panel = bench.panel();
-    std::size_t turn = 0;
-    for (auto _ : state) {
-        panel.FreqCenter.type(typed[turn++ % typed.size()]);
-        benchmark::DoNotOptimize(panel.Freqw.text());
-    }
-}
-BENCHMARK(CommittedStep)->UseRealTime();
+const DeclareRatio undoRatio("UndoneStep", "CommittedFrequency", 2);
 
 /// Back to the beginning and forth again, step by step.
 void UndoneStep(benchmark::State& state) {
@@ -35,7 +21,7 @@ void UndoneStep(benchmark::State& state) {
     OpalV2& panel = bench.panel();
     History& history = *panel.history();
     for (std::size_t turn = 0; turn < 100; ++turn) {
-        panel.FreqCenter.type(typed[turn % typed.size()]);
+        panel.FreqCenter.type(typedFrequencies[turn % typedFrequencies.size()]);
     }
     bool back = true;
     for (auto _ : state) {
