@@ -52,7 +52,7 @@ class DemoTour {
     void visitTestModes();
     Form* openTool(Tool tool);
     /// Ten packets of the far end come to a window that its button has armed; the seventh fades away.
-    void hearTenPackets(Form& window, const char* button);
+    void hearTenPackets(Form& link, const char* button);
     void waitForEeprom(const Form& programmer);
     void visitHeaderGenerator();
     void visitContentEditor();

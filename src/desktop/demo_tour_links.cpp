@@ -83,10 +83,10 @@ void DemoTour::visitTransceiver() {
     main.menu.mnuViewTRx.click();
 }
 
-void DemoTour::hearTenPackets(Form& window, const char* button) {
+void DemoTour::hearTenPackets(Form& link, const char* button) {
     // Silence lets the far end count from the beginning.
     tellBoard(QStringLiteral("far silent"));
-    window.find(button)->click();
+    link.find(button)->click();
     settle(200ms);
     tellBoard(QStringLiteral("lose 7"));
     tellBoard(QStringLiteral("far numbered 300"));
@@ -104,8 +104,8 @@ void DemoTour::visitTestModes() {
                         {main.menu.mnuViewTRx, Tool::Frm_BerylTestFunctions}};
     for (const Row& row : rows) {
         row.panel.click();
-        if (Form* window = openTool(row.tool)) {
-            visitForm(*window);
+        if (Form* modes = openTool(row.tool)) {
+            visitForm(*modes);
         }
         row.panel.click();
     }

@@ -154,7 +154,7 @@ std::optional<Qt::DockWidgetArea> DesktopWindow::dockArea(const Form& form) cons
 }
 
 void DesktopWindow::placeDocks() {
-    for (const auto& [form, following] : dockable) {
+    for (const auto& [form, subscription] : dockable) {
         const DockWindow* dock = dockOf(*form);
         std::optional<Qt::DockWidgetArea> now = dock == nullptr ? std::nullopt : std::optional(dock->area());
         if (!form->isOpen() || now == dockArea(*form)) {

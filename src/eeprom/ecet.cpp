@@ -17,6 +17,7 @@ constexpr std::chrono::milliseconds secondClickInterval(1000);
 
 std::vector<std::string> tabTitles() {
     std::vector<std::string> titles;
+    titles.reserve(std::size(eventRows));
     for (const EventRow& row : eventRows) {
         titles.emplace_back(row.tab);
     }

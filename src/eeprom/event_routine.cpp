@@ -116,6 +116,7 @@ std::vector<std::string> routinesOf(std::string_view image) {
     double blocks = static_cast<double>(image.size()) / static_cast<double>(routineDigits);
     int count = std::min(roundToInt(blocks), eventCount);
     std::vector<std::string> routines;
+    routines.reserve(static_cast<std::size_t>(count));
     for (int event = 0; event < count; ++event) {
         routines.emplace_back(image.substr(static_cast<std::size_t>(event) * routineDigits, routineDigits));
     }

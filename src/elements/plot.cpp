@@ -98,7 +98,7 @@ void Plot::add(PlotPoint point) {
     changed.emit();
 }
 
-void Plot::setPoints(std::vector<PlotPoint> points) {
+void Plot::setPoints(const std::vector<PlotPoint>& points) {
     held.clear();
     for (const PlotPoint& point : points) {
         if (std::isfinite(point.x)) {

@@ -69,7 +69,7 @@ class Plot : public Element {
     /// Adds the newest point; the oldest goes where there is no more room. A value that is no finite number
     /// is a gap.
     void add(PlotPoint point);
-    void setPoints(std::vector<PlotPoint> points);
+    void setPoints(const std::vector<PlotPoint>& points);
     void clear();
     [[nodiscard]] const std::deque<PlotPoint>& points() const { return held; }
 

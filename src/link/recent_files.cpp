@@ -7,6 +7,7 @@
 #include <cctype>
 #include <filesystem>
 #include <iterator>
+#include <ranges>
 
 namespace zor {
 
@@ -48,8 +49,8 @@ void RecentFiles::forget(const std::string& path) {
 
 void RecentFiles::restore(const std::vector<std::string>& kept) {
     paths.clear();
-    for (auto path = kept.rbegin(); path != kept.rend(); ++path) {
-        put(*path);
+    for (const std::string& path : std::views::reverse(kept)) {
+        put(path);
     }
     changed.emit();
 }

@@ -4,6 +4,7 @@
 #include "support/vocabulary.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
 namespace zor {
@@ -60,8 +61,7 @@ const char* wordOf(WireEntry::Result result) {
 }
 
 WireRecorder::WireRecorder(Bench& ownBench, WireTap& tap)
-    : bench(ownBench)
-    , start(ownBench.platform.loop.now())
+    : start(ownBench.platform.loop.now())
     , wallStart(std::chrono::system_clock::now())
     , bytes(tap.bytes.subscribe([this](const WireBytes& crossed) { recordBytes(crossed); }))
     , exchanges(tap.exchanges.subscribe([this](const WireExchange& exchange) { recordExchange(exchange); })) {
@@ -129,8 +129,8 @@ void WireRecorder::recordExchange(const WireExchange& exchange) {
 std::string WireRecorder::meaningOf(const WireEntry& entry) const {
     std::string_view line = withoutLineEnd(entry.line);
     std::string meaning;
-    for (auto named = namings.rbegin(); named != namings.rend(); ++named) {
-        meaning = named->naming(line, entry.answer);
+    for (const Named& named : std::views::reverse(namings)) {
+        meaning = named.naming(line, entry.answer);
         if (!meaning.empty()) {
             break;
         }

@@ -82,7 +82,6 @@ class WireRecorder {
     void add(WireEntry entry);
     [[nodiscard]] std::string meaningOf(const WireEntry& entry) const;
 
-    Bench& bench;
     std::deque<WireEntry> history;
     std::uint64_t next = 0;
     EventLoop::Duration start;

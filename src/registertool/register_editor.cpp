@@ -11,7 +11,6 @@ namespace zor {
 
 namespace {
 
-constexpr std::size_t hexColumn = 2;
 /// Marks, address, value twice, name, eight bits, description, three flags, default.
 constexpr std::size_t columnCount = 18;
 

@@ -10,7 +10,7 @@
 
 namespace zor {
 
-class Bench;
+struct Bench;
 
 /// Remembers over the runs how wide the user made the columns of the program's grids, in ZOR-more.ini. It
 /// must go before the windows do.

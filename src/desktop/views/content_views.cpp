@@ -88,6 +88,7 @@ QWidget* lockedWord(TextField& element) {
 QWidget* contentEditorView(Form& form) {
     auto& e = static_cast<ECET&>(form);
     std::vector<QWidget*> pages;
+    pages.reserve(static_cast<std::size_t>(eventCount));
     for (int event = 0; event < eventCount; ++event) {
         pages.push_back(eventPage(e.tab(event)));
     }

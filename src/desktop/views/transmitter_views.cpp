@@ -50,8 +50,8 @@ QWidget* revisionGroup(OpalV2& p) {
     return box;
 }
 
-QWidget* columns(std::vector<QWidget*> left, std::vector<QWidget*> right) {
-    return across({column(std::move(left)), column(std::move(right))});
+QWidget* columns(const std::vector<QWidget*>& left, const std::vector<QWidget*>& right) {
+    return across({column(left), column(right)});
 }
 
 } // namespace

@@ -164,7 +164,8 @@ class CellPictureView : public QWidget, public Spoken {
     [[nodiscard]] std::size_t cellAt(const QPoint& place) const {
         int column = std::clamp((place.x() - left()) / cellWidth(), 0, columns - 1);
         int row = std::clamp(static_cast<int>((place.y() - top()) / cellHeight()), 0, rows - 1);
-        return static_cast<std::size_t>(row * columns + column);
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
+               static_cast<std::size_t>(column);
     }
 
     void drawRulers(QPainter& painter) const {
@@ -191,7 +192,8 @@ class CellPictureView : public QWidget, public Spoken {
             painter.drawRect(boxOf(*element.picked()).adjusted(-1, -1, 1, 1));
         }
         if (element.passed() && *element.passed() < element.contents().size()) {
-            double y = top() + static_cast<double>(*element.passed() / element.columns()) * cellHeight();
+            std::size_t row = *element.passed() / element.columns();
+            double y = top() + static_cast<double>(row) * cellHeight();
             painter.setPen(QPen(roles(palette()).reminder, 2, Qt::DashLine));
             painter.drawLine(QPointF(left() - 2, y), QPointF(left() + columns * cellWidth(), y));
         }

@@ -10,6 +10,7 @@
 #include <QPalette>
 #include <QPersistentModelIndex>
 #include <QTimer>
+#include <QWidget>
 
 namespace zor {
 

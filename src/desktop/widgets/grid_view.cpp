@@ -4,6 +4,7 @@
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/grid_model.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QStyledItemDelegate>

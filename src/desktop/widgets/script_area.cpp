@@ -29,7 +29,7 @@ void markLine(QPlainTextEdit& area, std::size_t line) {
 } // namespace
 
 QWidget* scriptArea(TextField& element, int columns, int lines, Element& told,
-                    std::function<std::size_t()> runningLine) {
+                    const std::function<std::size_t()>& runningLine) {
     QWidget* widget = textArea(element, columns, lines);
     auto* area = static_cast<QPlainTextEdit*>(widget);
     area->setLineWrapMode(QPlainTextEdit::NoWrap);

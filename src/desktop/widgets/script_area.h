@@ -12,6 +12,6 @@ namespace zor {
 /// @param told  the element that changes when another line runs
 /// @param runningLine  that line's number, from 1; 0 for none
 [[nodiscard]] QWidget* scriptArea(TextField& element, int columns, int lines, Element& told,
-                                  std::function<std::size_t()> runningLine);
+                                  const std::function<std::size_t()>& runningLine);
 
 } // namespace zor

@@ -2,6 +2,7 @@
 #include "desktop/widgets/spoken.h"
 
 #include <QAccessibleWidget>
+#include <QWidget>
 
 #include <utility>
 

@@ -33,7 +33,7 @@ CurrentWalk::CurrentWalk(Bench& ownBench)
         }
     })) {}
 
-bool CurrentWalk::begin(std::vector<Step> steps, std::vector<ControlWord*> touched) {
+bool CurrentWalk::begin(std::vector<Step> steps, const std::vector<ControlWord*>& touched) {
     claim = bench.link.port.claim(claimStep);
     if (!claim.held()) {
         return false;

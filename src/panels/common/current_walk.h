@@ -50,7 +50,7 @@ class CurrentWalk {
     /// @param touched  the words that the steps change, in the order in which they are given back; all of
     /// them have been sent
     /// @return false if somebody has the port
-    bool begin(std::vector<Step> steps, std::vector<ControlWord*> touched);
+    bool begin(std::vector<Step> steps, const std::vector<ControlWord*>& touched);
     /// Gives the chip its words back and ends.
     void stop();
 

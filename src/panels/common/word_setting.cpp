@@ -68,7 +68,8 @@ WordSetting optionSetting(std::function<int()> number, std::vector<std::pair<int
             }};
 }
 
-WordSetting numberSetting(TextField& field, std::function<int()> number, std::function<IntegerRange()> range,
+WordSetting numberSetting(TextField& field, std::function<int()> number,
+                          const std::function<IntegerRange()>& range,
                           std::function<std::string(int number)> textOf) {
     return {&field, std::move(number),
             [range](int value) { return range().minimum <= value && value <= range().maximum; },

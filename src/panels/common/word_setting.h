@@ -49,7 +49,7 @@ struct FieldPart {
 /// A typed number.
 /// @param textOf  what is typed for a number; nothing for its decimal digits
 [[nodiscard]] WordSetting numberSetting(TextField& field, std::function<int()> number,
-                                        std::function<IntegerRange()> range,
+                                        const std::function<IntegerRange()>& range,
                                         std::function<std::string(int number)> textOf = {});
 [[nodiscard]] WordSetting numberSetting(TextField& field, std::function<int()> number, IntegerRange range,
                                         std::function<std::string(int number)> textOf = {});
