@@ -2,7 +2,7 @@
 // The ways of the content editor's image out and in: all lead through the EEPROM programmer's window.
 #include "eeprom/ecet.h"
 #include "eeprom/eeprom.h"
-#include "support/numbers.h"
+#include "eeprom/image.h"
 
 namespace zor {
 
@@ -50,14 +50,10 @@ void ECET::PB_Call_Click() {
     }
     Eeprom& window = programmer(bench);
     window.takeImage(FormatEEPROMText(image, bytesPerLine));
-    if (!window.running()) {
-        for (Button* button : {&window.Prog, &window.Verify, &window.SaveEEFile}) {
-            button->setEnabled(true);
-        }
-    }
+    window.enableForImage();
     window.Label2.setVisible(true);
     window.Label3.setVisible(true);
-    window.Label3.setCaption(numberText(static_cast<double>(image.size()) / 2) + " byte(s)");
+    window.Label3.setCaption(byteCountText(image.size()) + " byte(s)");
     window.show();
 }
 

@@ -88,6 +88,8 @@ class Eeprom : public Form, public Undoable {
     /// Puts an image there from elsewhere, with no file behind it.
     /// @param text  as WorkSheet shows it
     void takeImage(std::string text) { WorkSheet.setText(std::move(text)); }
+    /// Enables what needs an image, or leaves that to the end of a run that has disabled it.
+    void enableForImage();
     /// An operation has the port.
     [[nodiscard]] bool running() const { return claim.held(); }
 

@@ -85,7 +85,10 @@ bool Eeprom::loadFile() {
             return false;
         }
         std::string bytes = readFile(*name);
-        EEprogData.clear();
+        if (!running()) {
+            // A run writes on what it began with, whoever loads meanwhile.
+            EEprogData.clear();
+        }
         WorkSheet.setText({});
         ImageFile file = readImageFile(bytes);
         Filepreamble = std::move(file.preamble);
@@ -102,6 +105,10 @@ void Eeprom::takeFile(std::string text, const std::string& name) {
     WorkSheet.setText(std::move(text));
     showFile();
     setFileTitle(name);
+    enableForImage();
+}
+
+void Eeprom::enableForImage() {
     if (!StopButton.visible()) {
         for (Button* button : {&Prog, &Verify, &SaveEEFile}) {
             button->setEnabled(true);

@@ -3,6 +3,7 @@
 
 #include "eeprom/ecet.h"
 #include "eeprom/frm_cmd_sequence.h"
+#include "eeprom/image.h"
 #include "eeprom/transmitter_words.h"
 #include "support/numbers.h"
 
@@ -296,7 +297,7 @@ void EventTab::PB_GetData_Click() {
 }
 
 void EventTab::showRoom(const char* before, std::size_t digits) {
-    Label3.setCaption(before + numberText(static_cast<double>(digits) / 2) + " bytes ]");
+    Label3.setCaption(before + byteCountText(digits) + " bytes ]");
 }
 
 void EventTab::PB_InsertCommand_Click() {

@@ -61,8 +61,12 @@ std::vector<std::size_t> bytePlaces(std::string_view text, std::size_t most) {
     return places;
 }
 
+std::string byteCountText(std::size_t digits) {
+    return std::to_string(digits / 2) + (digits % 2 == 0 ? "" : ".5");
+}
+
 std::string dataSizeText(std::size_t digits) {
-    return std::to_string(digits / 2) + (digits % 2 == 0 ? "" : ".5") + " byte";
+    return byteCountText(digits) + " byte";
 }
 
 PageSplit splitIntoPages(std::size_t digits) {

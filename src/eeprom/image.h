@@ -28,7 +28,9 @@ inline constexpr std::string_view customaryPreamble = "\x02 $A00000000,\r\n";
 /// Where in a text the first digit of each byte stands, of so many bytes at most.
 [[nodiscard]] std::vector<std::size_t> bytePlaces(std::string_view text, std::size_t most);
 
-/// "1024 byte"; an odd digit is half a byte: "5.5 byte".
+/// How many bytes so many digits are; an odd digit is half a byte: "5.5", "0.5".
+[[nodiscard]] std::string byteCountText(std::size_t digits);
+/// "1024 byte".
 [[nodiscard]] std::string dataSizeText(std::size_t digits);
 
 /// How digits are split over page writes. The two do not fit one another, and boards in the field were filled
