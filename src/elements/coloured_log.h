@@ -17,7 +17,8 @@ enum class LogColour {
     Black, ///< what is said beside
 };
 
-/// Lines with a colour each, which only grow until the log is cleared; the newest 10,000 stay.
+/// Lines with a colour each, which only grow until the log is cleared. They come of a user's clicks, a
+/// handful each, so that they need no bound.
 class ColouredLog : public Element {
   public:
     struct Line {
@@ -27,14 +28,11 @@ class ColouredLog : public Element {
         friend bool operator==(const Line&, const Line&) = default;
     };
 
-    static constexpr std::size_t mostLines = 10'000;
-
     ColouredLog(Form& owner, std::string name)
         : Element(owner, std::move(name)) {}
 
     [[nodiscard]] const std::vector<Line>& lines() const { return all; }
-    /// How many lines have gone with the clearings, or were the oldest, until now: the number of the first
-    /// line that is left.
+    /// How many lines have gone with the clearings until now: the number of the first line that is left.
     [[nodiscard]] std::size_t clearedLines() const { return cleared; }
     /// The lines' texts, each ended by CR LF.
     [[nodiscard]] std::string text() const override;
@@ -50,12 +48,8 @@ class ColouredLog : public Element {
     Signal<> movedToEnd;
 
   private:
-    void dropOldest();
-
     std::vector<Line> all;
     std::size_t cleared = 0;
-    /// Since the last clearing.
-    std::size_t dropped = 0;
 };
 
 } // namespace zor
