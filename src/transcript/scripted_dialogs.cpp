@@ -1,7 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "transcript/scripted_dialogs.h"
 
+#include "support/file_name.h"
+
 namespace zor::transcript {
+
+namespace {
+
+/// A name field that still holds its pattern holds no name, and a real dialog gives it back as it was.
+bool patternLeft(const std::string& name, const FileRequest& request) {
+    return request.startName.starts_with('*') && pathOf(name).filename() == pathOf(request.startName);
+}
+
+} // namespace
 
 Answer ScriptedDialogs::show(const Box& box) {
     boxes.push_back(box);
@@ -28,6 +39,9 @@ FileChoice ScriptedDialogs::chooseFile(const FileRequest& request) {
     if (!files.empty()) {
         chosen = files.front();
         files.pop_front();
+    }
+    if (chosen && patternLeft(*chosen, request)) {
+        chosen.reset();
     }
     std::string name = chosen.value_or(request.startName);
     return {.name = name,
