@@ -8,6 +8,7 @@
 #include "shell/main_window.h"
 #include "shell/start_advice.h"
 
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -24,15 +25,19 @@ namespace zor {
 namespace {
 
 constexpr int pageWidth = 920;
+/// Height of the room in which the page offers fewer files.
+constexpr int smallArea = 560;
 
-/// A chip: the whole row is the target, and lights up under the pointer.
-class ChipRow : public QPushButton {
+/// A chip or a file: the whole row is the target, and lights up under the pointer.
+class PickRow : public QPushButton {
   public:
-    ChipRow(const QString& chip, const QString& remarkText)
-        : name(chip)
-        , remark(remarkText) {
-        setText(chip);
-        setAccessibleName(chip + QLatin1Char(' ') + remarkText);
+    /// @param characters  room for the name
+    PickRow(const QString& fullName, const QString& remarkText, int characters)
+        : name(fullName)
+        , remark(remarkText)
+        , nameCharacters(characters) {
+        setText(fullName);
+        setAccessibleName(fullName + QLatin1Char(' ') + remarkText);
         setFlat(true);
         setAutoDefault(false);
         setCursor(Qt::PointingHandCursor);
@@ -65,7 +70,9 @@ class ChipRow : public QPushButton {
         // Links are the accent, in the dark a lighter one.
         painter.setPen(isEnabled() ? colours.logBlue
                                    : palette().color(QPalette::Disabled, QPalette::ButtonText));
-        painter.drawText(rect().adjusted(inset, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, name);
+        painter.drawText(rect().adjusted(inset, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                         painter.fontMetrics().elidedText(name, Qt::ElideMiddle,
+                                                          nameWidth() - fontMetrics().averageCharWidth()));
         painter.setFont(font());
         painter.setPen(picked || isEnabled() ? colours.softText
                                              : palette().color(QPalette::Disabled, QPalette::ButtonText));
@@ -76,11 +83,15 @@ class ChipRow : public QPushButton {
 
   private:
     static constexpr int inset = 10;
-    [[nodiscard]] int nameWidth() const { return fontMetrics().averageCharWidth() * 14; }
+    [[nodiscard]] int nameWidth() const { return fontMetrics().averageCharWidth() * nameCharacters; }
 
     QString name;
     QString remark;
+    int nameCharacters;
 };
+
+constexpr int chipCharacters = 14;
+constexpr int fileCharacters = 22;
 
 QLabel* text(const QString& words, bool soft) {
     auto* label = static_cast<QLabel*>(soft ? remark(words) : caption(words));
@@ -101,14 +112,18 @@ StartPage::StartPage(MainWindow& mainForm, QWidget& area)
     layout->addWidget(header());
     layout->addWidget(boardGroup());
     layout->addWidget(chipGroups());
-    layout->addWidget(demoGroup());
+    offers = across({fileGroup(), demoGroup()});
+    layout->addWidget(offers);
     layout->addStretch(1);
     for (Element* element :
          std::initializer_list<Element*>{&main.linkBar.CommStatus, &main.linkBar.LoadBoard,
                                          &main.linkBar.LoadboardList, &main.linkBar.Connect}) {
         subscriptions.push_back(element->changed.subscribe([this] { follow(); }));
     }
+    subscriptions.push_back(main.bench().recentFiles.changed.subscribe([this] { showFiles(); }));
+    subscriptions.push_back(main.menu.View.changed.subscribe([this] { showFiles(); }));
     follow();
+    showFiles();
 }
 
 QWidget* StartPage::header() {
@@ -142,6 +157,7 @@ QWidget* StartPage::boardGroup() {
     QSizePolicy keeps = connectButton->sizePolicy();
     keeps.setRetainSizeWhenHidden(true);
     connectButton->setSizePolicy(keeps);
+    connectButton->setToolTip(QStringLiteral("Searches the preferred ports for a board"));
     connect(connectButton, &QPushButton::clicked, this, [this] { main.linkBar.Connect.click(); });
     row->addLayout(words, 1);
     row->addWidget(connectButton);
@@ -155,7 +171,8 @@ QWidget* StartPage::chipGroups() {
         auto* column = new QVBoxLayout(box);
         column->setSpacing(2);
         for (const PanelChoice* chip : chipsOf(chipClass)) {
-            auto* row = new ChipRow(QString::fromLatin1(chip->caption), toQt(bandsOf(*chip)));
+            auto* row = new PickRow(QString::fromLatin1(chip->caption), toQt(bandsOf(*chip)), chipCharacters);
+            row->setToolTip(QStringLiteral("Opens the panel of the %1").arg(row->text()));
             MenuEntry& entry = main.menu.*chip->view;
             connect(row, &QPushButton::clicked, this, [&entry] { entry.click(); });
             auto show = [row, &entry] { row->setEnabled(entry.active()); };
@@ -183,9 +200,11 @@ QWidget* StartPage::demoGroup() {
     connect(start, &QPushButton::clicked, this, [this] {
         if (auto action = std::exchange(startDemo, nullptr)) {
             demo->hide();
+            showOffers();
             action();
         }
     });
+    start->setToolTip(QStringLiteral("Starts a simulated board and connects to it"));
     row->addLayout(words, 1);
     row->addWidget(start);
     demo = box;
@@ -193,9 +212,46 @@ QWidget* StartPage::demoGroup() {
     return box;
 }
 
+QWidget* StartPage::fileGroup() {
+    auto* box = new QGroupBox(QStringLiteral("Last files"));
+    fileRows = new QVBoxLayout(box);
+    fileRows->setSpacing(2);
+    files = box;
+    return box;
+}
+
+void StartPage::showFiles() {
+    while (QLayoutItem* item = fileRows->takeAt(0)) {
+        if (QWidget* row = item->widget()) {
+            // A click on it may be what changed the list.
+            row->hide();
+            row->deleteLater();
+        }
+        delete item;
+    }
+    std::vector<LastFile> last =
+        lastFiles(main.bench().recentFiles.all(), static_cast<std::size_t>(filesShown));
+    for (const LastFile& file : last) {
+        auto* row = new PickRow(toQt(file.name), toQt(file.chip + "  " + file.folder), fileCharacters);
+        row->setToolTip(toQt("Opens the panel of the " + file.chip + " with " + file.path));
+        row->setEnabled(main.menu.View.active());
+        connect(row, &QPushButton::clicked, this,
+                [this, path = file.path] { main.perform([this, path] { main.openFile(path); }); });
+        fileRows->addWidget(row);
+    }
+    fileRows->addStretch(1);
+    files->setVisible(!last.empty());
+    showOffers();
+}
+
+void StartPage::showOffers() {
+    offers->setVisible(!files->isHidden() || !demo->isHidden());
+}
+
 void StartPage::offerDemo(std::function<void()> start) {
     startDemo = std::move(start);
     demo->setVisible(static_cast<bool>(startDemo));
+    showOffers();
 }
 
 void StartPage::follow() {
@@ -205,9 +261,22 @@ void StartPage::follow() {
     connectButton->setVisible(advice.offersConnect && main.linkBar.Connect.active());
 }
 
+bool StartPage::event(QEvent* event) {
+    bool used = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest) {
+        // What came or went wants another size.
+        fit();
+    }
+    return used;
+}
+
 void StartPage::fit() {
     const QWidget& area = *parentWidget();
     constexpr int margin = 24;
+    int rows = area.height() < smallArea ? fewFiles : mostFiles;
+    if (std::exchange(filesShown, rows) != rows) {
+        showFiles();
+    }
     int width = std::min(pageWidth, area.width() - 2 * margin);
     width = std::max(width, minimumSizeHint().width());
     int height =

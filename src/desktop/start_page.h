@@ -10,14 +10,15 @@
 
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 
 namespace zor {
 
 class MainWindow;
 
 /// What the main window shows while nothing is open in it: how things stand with the board and what to do
-/// next, the chips, and a way without hardware. All room around and between lets the main window's own
-/// gestures through.
+/// next, the chips, the files used last, and a way without hardware. All room around and between lets the
+/// main window's own gestures through.
 class StartPage : public QWidget {
   public:
     StartPage(MainWindow& mainForm, QWidget& area);
@@ -27,18 +28,33 @@ class StartPage : public QWidget {
     /// In the middle of the area, as far as there is room.
     void fit();
 
+    /// So many of the last files are offered where there is room, and so many in a small window.
+    static constexpr int mostFiles = 4;
+    static constexpr int fewFiles = 2;
+
+  protected:
+    bool event(QEvent* event) override;
+
   private:
     QWidget* header();
     QWidget* boardGroup();
     QWidget* chipGroups();
     QWidget* demoGroup();
+    QWidget* fileGroup();
     void follow();
+    void showFiles();
+    void showOffers();
 
     MainWindow& main;
     QLabel* headline = nullptr;
     QLabel* hint = nullptr;
     QPushButton* connectButton = nullptr;
     QWidget* demo = nullptr;
+    QWidget* files = nullptr;
+    QVBoxLayout* fileRows = nullptr;
+    /// Demo and files side by side.
+    QWidget* offers = nullptr;
+    int filesShown = mostFiles;
     std::function<void()> startDemo;
     std::vector<Subscription> subscriptions;
 };

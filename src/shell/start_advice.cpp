@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/start_advice.h"
 
+#include "link/recent_files.h"
 #include "panels/receivers/amber_v1.h"
 #include "panels/receivers/beryl_v3.h"
 #include "panels/receivers/coral.h"
@@ -10,6 +11,8 @@
 #include "panels/transmitters/opal_v2.h"
 #include "shell/main_window.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <string_view>
 
 namespace zor {
@@ -69,6 +72,24 @@ StartAdvice startAdvice(MainWindow& main) {
                 .connected = true};
     }
     return {};
+}
+
+std::vector<LastFile> lastFiles(const std::vector<std::string>& paths, std::size_t most) {
+    std::vector<LastFile> files;
+    for (const std::string& path : paths) {
+        auto row = std::find_if(panelRows().begin(), panelRows().end(),
+                                [&](const PanelRow& panel) { return kindOfFile(path) == panel.fileKind; });
+        if (row == panelRows().end() || files.size() == most) {
+            continue;
+        }
+        auto choice =
+            std::find_if(panelChoices().begin(), panelChoices().end(),
+                         [&](const PanelChoice& chip) { return std::string_view(chip.panel) == row->name; });
+        std::filesystem::path file(path);
+        files.push_back({path, file.filename().string(), file.parent_path().string(),
+                         choice == panelChoices().end() ? std::string() : choice->caption});
+    }
+    return files;
 }
 
 std::vector<const PanelChoice*> chipsOf(ChipClass chipClass) {

@@ -3,6 +3,7 @@
 
 #include "shell/panel_table.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,19 @@ struct StartAdvice {
 };
 
 [[nodiscard]] StartAdvice startAdvice(MainWindow& main);
+
+/// A configuration file that was used lately, as the start page offers it.
+struct LastFile {
+    std::string path;
+    /// Without its folder.
+    std::string name;
+    std::string folder;
+    /// "KT1100"
+    std::string chip;
+    friend bool operator==(const LastFile&, const LastFile&) = default;
+};
+/// Newest first. Files of no chip, which the program cannot open by themselves, are left out.
+[[nodiscard]] std::vector<LastFile> lastFiles(const std::vector<std::string>& paths, std::size_t most);
 
 /// The chips of a class, in the order of its bar button's list.
 [[nodiscard]] std::vector<const PanelChoice*> chipsOf(ChipClass chipClass);

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QMdiArea>
 #include <QPushButton>
 
@@ -126,6 +127,70 @@ TEST(StartPage, FitsASmallWindowAndClipsNothing) {
         StartPage& page = program.window.startPage();
         EXPECT_EQ(clippedTexts(page), QStringList()) << size.width();
         EXPECT_LE(page.geometry().right(), program.window.area().viewport()->width()) << size.width();
+    }
+}
+
+TEST(StartPage, OffersTheLastFilesWithTheirChips) {
+    Program program;
+    QString folder = program.folder.path();
+    std::string saved;
+    {
+        Program other;
+        saved = startWithPanel(other, "OpalV2").savedConfiguration();
+    }
+    QFile file(folder + "/meter & lamp.tc");
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(saved.data(), static_cast<qint64>(saved.size()));
+    file.close();
+    program.start();
+    StartPage& page = program.window.startPage();
+    EXPECT_EQ(buttonOf(program, "meter & lamp.tc"), nullptr);
+    RecentFiles& recent = program.main.bench().recentFiles;
+    recent.use((folder + "/notes.txt").toStdString());
+    recent.use((folder + "/gone.rc").toStdString());
+    recent.use(file.fileName().toStdString());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(buttonOf(program, "notes.txt"), nullptr);
+    EXPECT_EQ(clippedTexts(page), QStringList());
+    QPushButton* gone = buttonOf(program, "gone.rc");
+    ASSERT_NE(gone, nullptr);
+    EXPECT_TRUE(gone->accessibleName().startsWith("gone.rc KT2100  "));
+    QTest::mouseClick(gone, Qt::LeftButton);
+    EXPECT_EQ(program.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(recent.all().size(), 2U);
+    program.desk.find("AmberV1")->userClose();
+    QCoreApplication::processEvents();
+    deleteWhatHasGone();
+    QPushButton* row = buttonOf(program, "meter & lamp.tc");
+    ASSERT_NE(row, nullptr);
+    EXPECT_TRUE(row->isVisible());
+    QTest::mouseClick(row, Qt::LeftButton);
+    EXPECT_TRUE(program.desk.find("OpalV2")->isOpen());
+    EXPECT_TRUE(program.desk.find("OpalV2")->document().starts_with("meter & lamp.tc"));
+}
+
+TEST(StartPage, OffersFewerFilesInASmallWindow) {
+    Program program;
+    program.start();
+    program.window.startPage().offerDemo([] {});
+    for (int number = 1; number <= 6; ++number) {
+        program.main.bench().recentFiles.use("/a/long/way/to/the/bench/of/somebody/file number " +
+                                             std::to_string(number) + ".tc");
+    }
+    for (auto [size, files] : {std::pair(QSize(1276, 740), StartPage::mostFiles),
+                               std::pair(QSize(800, 600), StartPage::fewFiles)}) {
+        program.window.resize(size);
+        QCoreApplication::processEvents();
+        deleteWhatHasGone();
+        StartPage& page = program.window.startPage();
+        int shown = 0;
+        for (auto* button : page.findChildren<QPushButton*>()) {
+            shown += button->text().startsWith("file number") ? 1 : 0;
+        }
+        EXPECT_EQ(shown, files) << size.width();
+        EXPECT_EQ(clippedTexts(page), QStringList()) << size.width();
+        EXPECT_LE(page.geometry().right(), program.window.area().viewport()->width()) << size.width();
+        EXPECT_LE(page.geometry().bottom(), program.window.area().viewport()->height()) << size.width();
     }
 }
 
