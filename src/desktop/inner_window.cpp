@@ -113,7 +113,9 @@ void InnerWindow::putSign() {
 }
 
 FloatingWindow::FloatingWindow(QWidget& mainWindow, QWidget& content)
-    : QWidget(&mainWindow, Qt::Window) {
+    // Of a dialog's kind, for window managers keep that above its main window whichever is in front.
+    : QWidget(&mainWindow, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                               Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint) {
     auto* back = new FloatSign(FloatSign::Way::Back, QStringLiteral("Back into the main window"));
     connect(
         back, &QToolButton::clicked, this,

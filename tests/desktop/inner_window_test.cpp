@@ -98,6 +98,9 @@ TEST(InnerWindow, ASignTakesAToolOutAndBack) {
     QTest::mouseClick(bench.sign(bench.tool()), Qt::LeftButton);
     QCoreApplication::processEvents();
     EXPECT_TRUE(bench.tool().isFloating());
+    // What makes a window manager keep it above the main window.
+    EXPECT_EQ(bench.tool().shell().windowType(), Qt::Dialog);
+    EXPECT_EQ(bench.tool().shell().parentWidget(), bench.program.window.area().window());
     EXPECT_TRUE(bench.tool().shell().isWindow());
     EXPECT_TRUE(bench.tool().shell().isVisible());
     EXPECT_EQ(bench.tool().shell().windowTitle(), "Power Supply Settings");
