@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QToolBar>
 
+#include <algorithm>
+#include <cstddef>
 #include <utility>
 #include <vector>
 
@@ -80,23 +82,59 @@ class BarRows : public QObject {
     }
 
   private:
-    void arrange() {
+    struct Standing {
+        QToolBar* bar;
+        bool beginsRow;
+        friend bool operator==(const Standing&, const Standing&) = default;
+    };
+    using Rows = std::vector<Standing>;
+
+    [[nodiscard]] Rows rowsOf(const std::vector<QToolBar*>& order) const {
+        Rows rows;
         int used = 0;
-        for (QToolBar* bar : bars) {
-            if (bar->isHidden()) {
-                continue;
-            }
-            int needed = bar->sizeHint().width();
+        for (QToolBar* bar : order) {
+            int needed = bar->isHidden() ? 0 : bar->sizeHint().width();
             bool breaks = used > 0 && used + needed > window.width();
-            if (breaks != window.toolBarBreak(bar)) {
-                breaks ? window.insertToolBarBreak(bar) : window.removeToolBarBreak(bar);
-            }
+            rows.push_back({bar, breaks});
             used = breaks ? needed : used + needed;
+        }
+        return rows;
+    }
+
+    static std::ptrdiff_t count(const Rows& rows) {
+        return std::count_if(rows.begin(), rows.end(), [](const Standing& one) { return one.beginsRow; });
+    }
+
+    /// In their order, unless the last two the other way round take a row less.
+    void arrange() {
+        Rows wanted = rowsOf(bars);
+        std::vector<QToolBar*> other = bars;
+        std::iter_swap(other.end() - 1, other.end() - 2);
+        if (Rows fewer = rowsOf(other); count(fewer) < count(wanted)) {
+            wanted = std::move(fewer);
+        }
+        if (wanted == standing) {
+            return;
+        }
+        standing = wanted;
+        for (const Standing& one : wanted) {
+            window.removeToolBarBreak(one.bar);
+        }
+        for (const Standing& one : wanted) {
+            bool hidden = one.bar->isHidden();
+            window.addToolBar(one.bar);
+            one.bar->setHidden(hidden);
+        }
+        for (const Standing& one : wanted) {
+            if (one.beginsRow) {
+                window.insertToolBarBreak(one.bar);
+            }
         }
     }
 
     QMainWindow& window;
     std::vector<QToolBar*> bars;
+    Rows standing;
     bool arranging = false;
 };
 
