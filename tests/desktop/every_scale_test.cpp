@@ -6,6 +6,7 @@
 #include <QFontDatabase>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollBar>
 #include <QTabBar>
 #include <QToolButton>
 
@@ -29,9 +30,11 @@ TEST(Fonts, OfTheTestsAreTheirOwn) {
 /// A font for everything, taken back behind it.
 class FontForAll {
   public:
-    FontForAll(const char* family, double scale)
+    /// @param spacing  of the letters, in percent
+    FontForAll(const char* family, double scale, double spacing = 100)
         : before(QApplication::font()) {
         QFont font = before;
+        font.setLetterSpacing(QFont::PercentageSpacing, spacing);
         if (family != nullptr) {
             font.setFamily(family);
         }
@@ -100,5 +103,62 @@ INSTANTIATE_TEST_SUITE_P(
         int percent = static_cast<int>(row.param.scale * 100);
         return row.param.form + "_" + std::to_string(percent) + (row.param.family == nullptr ? "" : "_wide");
     });
+
+/// Fonts differ by a few pixels in a word from machine to machine, and some by half.
+struct Lettering {
+    const char* name;
+    const char* family;
+    double spacing;
+    /// Of the panel's window at most so many.
+    int scrollBars;
+};
+constexpr Lettering letterings[] = {
+    {"plain", nullptr, 100, 1}, {"spaced", nullptr, 102, 1}, {"wide", widerFont, 100, 2}};
+
+struct PanelIn {
+    std::string panel;
+    Lettering lettering;
+};
+
+/// What is left of a screen of 1280 x 800 beside a task bar and frames.
+class PanelRoom : public testing::TestWithParam<PanelIn> {};
+
+TEST_P(PanelRoom, HasItsWordsInSightAndTheFewestScrollBars) {
+    const Lettering& lettering = GetParam().lettering;
+    FontForAll font(lettering.family, 1, lettering.spacing);
+    Program program;
+    ChipPanel& panel = startWithPanel(program, GetParam().panel);
+    program.main.linkBar.Toolbar3.setVisible(true);
+    program.window.resize(1272, 740);
+    QCoreApplication::processEvents();
+    FormWindow& window = *program.window.windowOf(panel);
+    EXPECT_EQ(clippedTexts(window.content()), QStringList());
+    for (const auto* strip : window.content().findChildren<QTabBar*>()) {
+        EXPECT_GE(strip->width(), strip->sizeHint().width());
+    }
+    int bars = 0;
+    for (const auto* bar : program.window.area().findChildren<QScrollBar*>()) {
+        bars += bar->isVisible() && !window.content().isAncestorOf(bar) ? 1 : 0;
+    }
+    EXPECT_LE(bars, lettering.scrollBars);
+    if (lettering.family == nullptr) {
+        const QWidget& room = *program.window.area().viewport();
+        for (const ControlWord* word : panel.words()) {
+            auto* shown = window.content().findChild<QWidget*>(name(*word));
+            EXPECT_LE(shown->mapTo(&room, QPoint(shown->width(), 0)).x(), room.width()) << word->name();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Registry, PanelRoom, testing::ValuesIn([] {
+                             std::vector<PanelIn> all;
+                             for (const PanelRow& row : panelRows()) {
+                                 for (const Lettering& lettering : letterings) {
+                                     all.push_back({row.name, lettering});
+                                 }
+                             }
+                             return all;
+                         }()),
+                         [](const auto& row) { return row.param.panel + "_" + row.param.lettering.name; });
 
 } // namespace zor
