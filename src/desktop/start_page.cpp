@@ -238,6 +238,8 @@ void StartPage::showFiles() {
         connect(row, &QPushButton::clicked, this,
                 [this, path = file.path] { main.perform([this, path] { main.openFile(path); }); });
         fileRows->addWidget(row);
+        // At once: the layout would show it later, and the page be laid out twice.
+        row->show();
     }
     fileRows->addStretch(1);
     files->setVisible(!last.empty());
@@ -279,8 +281,9 @@ void StartPage::fit() {
     }
     int width = std::min(pageWidth, area.width() - 2 * margin);
     width = std::max(width, minimumSizeHint().width());
-    int height =
-        std::max(minimumSizeHint().height(), std::min(sizeHint().height(), area.height() - 2 * margin));
+    // Texts that take another line in a narrow page make it higher.
+    int height = std::max(layout()->totalMinimumHeightForWidth(width),
+                          std::min(layout()->totalHeightForWidth(width), area.height() - 2 * margin));
     setGeometry(std::max(0, (area.width() - width) / 2),
                 std::max(0, std::min(margin * 2, (area.height() - height) / 2)), width, height);
 }

@@ -10,6 +10,7 @@
 #include "panels/transmitters/kt1102.h"
 #include "panels/transmitters/opal_v2.h"
 #include "shell/main_window.h"
+#include "support/file_name.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -85,8 +86,8 @@ std::vector<LastFile> lastFiles(const std::vector<std::string>& paths, std::size
         auto choice =
             std::find_if(panelChoices().begin(), panelChoices().end(),
                          [&](const PanelChoice& chip) { return std::string_view(chip.panel) == row->name; });
-        std::filesystem::path file(path);
-        files.push_back({path, file.filename().string(), file.parent_path().string(),
+        std::filesystem::path file = pathOf(path);
+        files.push_back({path, nameOf(file.filename()), nameOf(file.parent_path()),
                          choice == panelChoices().end() ? std::string() : choice->caption});
     }
     return files;

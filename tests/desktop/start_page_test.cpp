@@ -27,6 +27,13 @@ QPushButton* buttonOf(const Program& program, const QString& caption) {
     return nullptr;
 }
 
+/// A row that comes shows itself, and then the page is laid out anew.
+void comeToRest() {
+    for (int round = 0; round < 3; ++round) {
+        QCoreApplication::processEvents();
+    }
+}
+
 } // namespace
 
 TEST(StartPage, IsThereWhileNoWindowIs) {
@@ -149,7 +156,7 @@ TEST(StartPage, OffersTheLastFilesWithTheirChips) {
     recent.use((folder + "/notes.txt").toStdString());
     recent.use((folder + "/gone.rc").toStdString());
     recent.use(file.fileName().toStdString());
-    QCoreApplication::processEvents();
+    comeToRest();
     EXPECT_EQ(buttonOf(program, "notes.txt"), nullptr);
     EXPECT_EQ(clippedTexts(page), QStringList());
     QPushButton* gone = buttonOf(program, "gone.rc");
@@ -180,7 +187,7 @@ TEST(StartPage, OffersFewerFilesInASmallWindow) {
     for (auto [size, files] : {std::pair(QSize(1276, 740), StartPage::mostFiles),
                                std::pair(QSize(800, 600), StartPage::fewFiles)}) {
         program.window.resize(size);
-        QCoreApplication::processEvents();
+        comeToRest();
         deleteWhatHasGone();
         StartPage& page = program.window.startPage();
         int shown = 0;
