@@ -12,28 +12,14 @@
 #include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QScrollArea>
-#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace zor {
 
 namespace {
-
-int pixels(Twips length) {
-    return static_cast<int>(std::lround(length / twipsPerPixel));
-}
-
-Twips twips(int length) {
-    return static_cast<Twips>(length) * twipsPerPixel;
-}
-
-/// How much of a window's upper edge has to be in sight for a mouse to take hold of it, in pixels.
-constexpr int grip = 64;
 
 /// Escape asks to close, as the window's own button does.
 class FormDialog : public QDialog {
@@ -49,7 +35,8 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
     , inner(content)
     , scroller(new QScrollArea)
     , mdi(area)
-    , ownFrame(frame) {
+    , ownFrame(frame)
+    , geometry(shownForm, *content, *scroller, area) {
     // Larger fonts make a window scroll rather than clip.
     scroller->setWidgetResizable(true);
     scroller->setFrameShape(QFrame::NoFrame);
@@ -61,6 +48,7 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
     } else {
         makeInner(area, frame);
     }
+    geometry.setShell(*outer);
     outer->setObjectName(toQt(form->name()));
     outer->installEventFilter(this);
     hearFocus();
@@ -75,6 +63,7 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
         },
         Qt::QueuedConnection);
     inner->installEventFilter(this);
+    mdi.viewport()->installEventFilter(this);
     subscriptions.push_back(form->changed.subscribe([this] { follow(); }));
     subscriptions.push_back(form->raised.subscribe([this] {
         outer->raise();
@@ -156,18 +145,19 @@ void FormWindow::changeShell(const std::function<void()>& make) {
         scroller->setParent(nullptr);
     }
     make();
+    geometry.setShell(*outer);
     outer->setObjectName(toQt(form->name()));
     outer->setWindowTitle(toQt(form->title()));
     outer->installEventFilter(this);
     old->hide();
     old->deleteLater();
     bool inside = qobject_cast<QMdiSubWindow*>(outer) != nullptr;
-    outer->resize(size + (inside ? decoration()
+    outer->resize(size + (inside ? geometry.decoration()
                                  : QSize(0, outer->sizeHint().height() - scroller->sizeHint().height())));
     outer->move(inside ? mdi.viewport()->mapFromGlobal(place) : place);
     scroller->show();
     outer->show();
-    bringWithinReach();
+    geometry.bringWithinReach();
     if (inside) {
         mdi.setActiveSubWindow(static_cast<QMdiSubWindow*>(outer.data()));
     } else {
@@ -192,22 +182,6 @@ void FormWindow::hearFocus() {
     });
 }
 
-void FormWindow::findPlace() {
-    if (form->isPlaced() || qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
-        return;
-    }
-    constexpr int panelCounts = 8;
-    std::vector<Covered> others;
-    for (const QMdiSubWindow* other : mdi.subWindowList()) {
-        if (other != outer && other->isVisible()) {
-            const Form* its = form->desk().find(fromQt(other->objectName()));
-            bool isPanel = dynamic_cast<const ChipPanel*>(its) != nullptr;
-            others.push_back({other->geometry(), isPanel ? panelCounts : 1});
-        }
-    }
-    outer->move(freePlace(outer->size(), mdi.viewport()->size(), others));
-}
-
 void FormWindow::letGo() {
     subscriptions.clear();
     form = nullptr;
@@ -227,19 +201,11 @@ void FormWindow::follow() {
     outer->setWindowTitle(toQt(form->title()) +
                           (document.isEmpty() ? document : QLatin1String(" - ") + document));
     bool opens = form->isOpen() && outer->isHidden();
-    QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
-    bool resizes = form->isOpen() && wanted != outer->size();
-    if (opens || resizes) {
-        // A size of the form's own making leaves room for what has just come up in it.
-        fitContent();
-    }
-    putGeometry();
+    bool resizes = false;
     if (opens) {
-        findPlace();
-    }
-    if (opens || resizes) {
-        // Where a small window found room a larger one may not have it.
-        bringWithinReach();
+        geometry.open();
+    } else {
+        resizes = geometry.follow();
     }
     if (outer->isHidden() == form->isOpen()) {
         outer->setVisible(form->isOpen());
@@ -257,109 +223,26 @@ void FormWindow::follow() {
     showFocus();
 }
 
-QSize FormWindow::decoration() const {
-    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
-        return {0, 0};
-    }
-    QSize frame = outer->sizeHint() - scroller->sizeHint();
-    return frame.expandedTo({0, 0});
-}
-
-QSize FormWindow::neededSize() const {
-    if (inner->layout() != nullptr) {
-        // What was just shown or hidden counts at once.
-        inner->layout()->activate();
-    }
-    QSize needed = inner->sizeHint().expandedTo(inner->minimumSizeHint()) + decoration();
-    QSize room = withinMainWindow(needed);
-    if (room.height() < needed.height()) {
-        // The bar that it is then scrolled by shall not take width from it.
-        room = withinMainWindow(room + QSize(scroller->verticalScrollBar()->sizeHint().width(), 0));
-    }
-    return room;
-}
-
-QSize FormWindow::withinMainWindow(QSize size) const {
-    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
-        return size;
-    }
-    return size.boundedTo(mdi.viewport()->size().expandedTo({320, 240}));
-}
-
-/// The form says how large it likes to be; its content says how large it must be, and the main window how
-/// large it can be.
-void FormWindow::fitContent() {
-    if (form->sizing() == Form::Sizing::ByContent) {
-        return;
-    }
-    QSize wanted(pixels(form->extent().width), pixels(form->extent().height));
-    QSize size = withinMainWindow(form->hasUsersExtent() ? wanted : wanted.expandedTo(neededSize()));
-    if (size != wanted) {
-        form->setExtent({twips(size.height()), twips(size.width())});
-    }
-}
-
-void FormWindow::putGeometry() {
-    QSize size = form->sizing() == Form::Sizing::ByContent
-                     ? neededSize()
-                     : QSize(pixels(form->extent().width), pixels(form->extent().height));
-    if (!size.isEmpty() && outer->size() != size) {
-        outer->resize(size);
-    }
-    if (!form->isPlaced()) {
-        // The toolkit may choose.
-        return;
-    }
-    QPoint place(pixels(form->place().left), pixels(form->place().top));
-    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
-        // A dialog's place counts from the main window's corner, as an inner window's does.
-        place = mdi.window()->mapToGlobal(place);
-    }
-    if (outer->pos() != place) {
-        outer->move(place);
-    }
-}
-
-/// A workspace of a larger screen may have put it where nobody could take hold of it.
-void FormWindow::bringWithinReach() {
-    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
-        return;
-    }
-    QSize room = mdi.viewport()->size().expandedTo({320, 240});
-    QPoint place(std::clamp(outer->x(), std::min(0, grip - outer->width()), room.width() - grip),
-                 std::clamp(outer->y(), 0, room.height() - grip));
-    bool asItLikes = form->sizing() == Form::Sizing::OfWindow && !form->hasUsersExtent();
-    bool inSight = QRect(QPoint(), room).contains(outer->geometry());
-    if (place != outer->pos() || (asItLikes && !inSight)) {
-        // Out of reach there, or grown past the edge with the font: all of it comes into view.
-        outer->move(std::clamp(place.x(), 0, std::max(0, room.width() - outer->width())),
-                    std::clamp(place.y(), 0, std::max(0, room.height() - outer->height())));
-    }
-}
-
 void FormWindow::tellPlace() {
-    if (form == nullptr || following || !outer->isVisible()) {
-        return;
-    }
-    QPoint place = outer->pos();
-    if (qobject_cast<QMdiSubWindow*>(outer) == nullptr) {
-        place = mdi.window()->mapFromGlobal(place);
-    }
-    if (QPoint(pixels(form->place().left), pixels(form->place().top)) != place) {
+    if (form != nullptr && outer->isVisible() && !std::exchange(following, true)) {
         // A size that came with the move is yet to be told.
-        following = true;
-        form->userMove({twips(place.y()), twips(place.x())});
+        geometry.tellPlace();
         following = false;
     }
 }
 
 void FormWindow::tellExtent() {
-    if (form == nullptr || following || !outer->isVisible() || form->sizing() == Form::Sizing::ByContent) {
-        return;
+    if (form != nullptr && outer->isVisible() && !following) {
+        geometry.tellExtent();
     }
-    QSize size = outer->size();
-    if (QSize(pixels(form->extent().width), pixels(form->extent().height)) != size) {
-        form->userResize({twips(size.height()), twips(size.width())});
+}
+
+void FormWindow::adjust(void (FormGeometry::*how)()) {
+    if (!following && outer->isVisible()) {
+        following = true;
+        (geometry.*how)();
+        following = false;
+        tellPlace();
     }
 }
 
@@ -374,39 +257,36 @@ void FormWindow::showFocus() {
     }
 }
 
+void FormWindow::hearOuter(QEvent& event) {
+    if (event.type() == QEvent::Move) {
+        tellPlace();
+    } else if (event.type() == QEvent::Resize) {
+        tellExtent();
+    }
+}
+
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     if (form == nullptr) {
         return false;
     }
     if (watched == outer) {
-        switch (event->type()) {
-        case QEvent::Close:
+        if (event->type() == QEvent::Close) {
             // The form decides, and hides the window itself.
             event->ignore();
             form->userClose();
             return true;
-        case QEvent::Move:
-            tellPlace();
-            break;
-        case QEvent::Resize:
-            tellExtent();
-            break;
-        default:
-            break;
         }
-        return false;
-    }
-    if (event->type() == QEvent::MouseButtonPress) {
+        hearOuter(*event);
+    } else if (watched == mdi.viewport()) {
+        if (event->type() == QEvent::Resize) {
+            adjust(&FormGeometry::followRoom);
+        }
+    } else if (event->type() == QEvent::MouseButtonPress) {
         // It may end the form, and this window with it.
         form->userClick();
-        return false;
-    }
-    if (event->type() == QEvent::LayoutRequest && form->sizing() == Form::Sizing::ByContent &&
-        outer->isVisible() && !following) {
+    } else if (event->type() == QEvent::LayoutRequest) {
         // A text grew, or something came up: the window follows before it would have to scroll.
-        following = true;
-        putGeometry();
-        following = false;
+        adjust(&FormGeometry::followContent);
     }
     return false;
 }

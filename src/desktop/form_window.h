@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/form_geometry.h"
 #include "elements/form.h"
 
 #include <QObject>
@@ -50,19 +51,12 @@ class FormWindow : public QObject {
     /// The new shell in the old one's place.
     void changeShell(const std::function<void()>& make);
     void hearFocus();
-    /// A window that nobody has placed opens where the panel and the other windows are not.
-    void findPlace();
-    void putGeometry();
-    void fitContent();
-    /// What the content needs, as far as the main window has room.
-    [[nodiscard]] QSize neededSize() const;
-    /// No larger than the room in the main window.
-    [[nodiscard]] QSize withinMainWindow(QSize size) const;
-    void bringWithinReach();
     void showFocus();
     void tellPlace();
     void tellExtent();
-    [[nodiscard]] QSize decoration() const;
+    /// Lets the program move or size the window, and tells the form where it stands then.
+    void adjust(void (FormGeometry::*how)());
+    void hearOuter(QEvent& event);
 
     Form* form;
     QPointer<QWidget> outer;
@@ -70,6 +64,7 @@ class FormWindow : public QObject {
     QPointer<QScrollArea> scroller;
     QMdiArea& mdi;
     Frame ownFrame;
+    FormGeometry geometry;
     std::vector<Subscription> subscriptions;
     /// The program moves the window; what the toolkit tells of it is not the user's doing.
     bool following = false;

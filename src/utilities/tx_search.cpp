@@ -183,13 +183,6 @@ void TxSearch::unfold() {
     }
     SearchArea.setVisible(unfolded);
     setExtent(unfolded ? unfoldedExtent : foldedExtent);
-    if (unfolded) {
-        // Where the small window found room the large one may not have it.
-        foldedPlace = isPlaced() ? std::optional(place()) : std::nullopt;
-        setPlace({0, 0});
-    } else if (foldedPlace) {
-        setPlace(*std::exchange(foldedPlace, std::nullopt));
-    }
     FreqBand.setReadOnly(!unfolded);
     followPanel();
 }

@@ -115,8 +115,6 @@ class TxSearch : public Form {
     std::vector<double> thresholds;
     std::size_t pointsShown = 0;
     std::string searchedChip;
-    /// Where the window was before it unfolded.
-    std::optional<Place> foldedPlace;
     Subscription runSubscription;
     std::vector<Subscription> panelSubscriptions;
     std::vector<Subscription> subscriptions;

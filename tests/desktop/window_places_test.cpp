@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollBar>
 #include <QToolBar>
 
 #include <set>
@@ -40,21 +41,90 @@ TEST(DesktopWindow, MovingAndSizingAnInnerWindowIsToldInTwips) {
     EXPECT_EQ(shell.pos(), QPoint(10, 20));
 }
 
-TEST(DesktopWindow, AToolThatUnfoldsStaysInSight) {
+/// The supply tool beside a panel, with its plot to unfold.
+class UnfoldingTool {
+  public:
+    UnfoldingTool() {
+        startWithPanel(program, "BerylV3");
+        program.main.perform([this] { program.main.bench().tools.open(Tool::frm_PowerSupply); });
+        supply = program.main.bench().tools.find(Tool::frm_PowerSupply);
+    }
+    [[nodiscard]] QWidget& shell() const { return program.window.windowOf(*supply)->shell(); }
+    [[nodiscard]] bool isInSight() const {
+        return QRect(QPoint(), program.window.area().viewport()->size()).contains(shell().geometry());
+    }
+    void clickPlot() const {
+        supply->find("ShowPlot")->click();
+        QCoreApplication::processEvents();
+    }
+
     Program program;
-    startWithPanel(program, "BerylV3");
-    program.main.perform([&program] { program.main.bench().tools.open(Tool::frm_PowerSupply); });
-    Form& supply = *program.main.bench().tools.find(Tool::frm_PowerSupply);
-    FormWindow& window = *program.window.windowOf(supply);
-    QSize folded = window.shell().size();
-    supply.find("ShowPlot")->click();
+    Form* supply = nullptr;
+};
+
+TEST(DesktopWindow, AToolThatUnfoldsStaysInSightAndGoesBackFolded) {
+    UnfoldingTool bench;
+    bench.shell().move(800, 500);
     QCoreApplication::processEvents();
-    QRect room(QPoint(), program.window.area().viewport()->size());
-    EXPECT_GT(window.shell().height(), folded.height());
-    EXPECT_TRUE(room.contains(window.shell().geometry()));
-    supply.find("ShowPlot")->click();
+    ASSERT_TRUE(bench.isInSight());
+    QRect folded = bench.shell().geometry();
+    bench.clickPlot();
+    EXPECT_GT(bench.shell().height(), folded.height());
+    EXPECT_NE(bench.shell().pos(), folded.topLeft());
+    EXPECT_TRUE(bench.isInSight());
+    bench.clickPlot();
+    EXPECT_EQ(bench.shell().geometry(), folded);
+    EXPECT_EQ(bench.supply->place(), (Place{500 * 15, 800 * 15}));
+}
+
+TEST(DesktopWindow, AToolMovedWhileUnfoldedStaysWhereItWasPut) {
+    UnfoldingTool bench;
+    bench.shell().move(800, 500);
     QCoreApplication::processEvents();
-    EXPECT_EQ(window.shell().size(), folded);
+    bench.clickPlot();
+    bench.shell().move(20, 30);
+    QCoreApplication::processEvents();
+    bench.clickPlot();
+    EXPECT_EQ(bench.shell().pos(), QPoint(20, 30));
+    // From there it has room to unfold.
+    bench.clickPlot();
+    EXPECT_EQ(bench.shell().pos(), QPoint(20, 30));
+}
+
+TEST(DesktopWindow, AToolLeftHalfOutOfSightStaysThereFolded) {
+    UnfoldingTool bench;
+    bench.clickPlot();
+    QPoint place(bench.program.window.area().viewport()->width() - 200, 40);
+    bench.shell().move(place);
+    QCoreApplication::processEvents();
+    bench.clickPlot();
+    EXPECT_EQ(bench.shell().pos(), place);
+}
+
+TEST(DesktopWindow, APanelTakesTheRoomThatThereIs) {
+    Program program;
+    ChipPanel& panel = startWithPanel(program, "BerylV3");
+    QWidget& shell = program.window.windowOf(panel)->shell();
+    QSize whole = shell.size();
+    auto barsOfArea = [&program] {
+        int bars = 0;
+        for (const auto* bar : program.window.area().findChildren<QScrollBar*>()) {
+            bars += bar->isVisible() && bar->parentWidget()->parentWidget() == &program.window.area() ? 1 : 0;
+        }
+        return bars;
+    };
+    for (QSize size : {QSize(1280, 560), QSize(1000, 800), QSize(900, 500)}) {
+        program.window.resize(size);
+        QCoreApplication::processEvents();
+        const QSize room = program.window.area().viewport()->size();
+        EXPECT_LE(shell.width(), room.width()) << size.width();
+        EXPECT_LE(shell.height(), room.height()) << size.width();
+        EXPECT_EQ(barsOfArea(), 0) << size.width() << ": the panel has its own, the area needs none";
+    }
+    program.window.resize(1600, 1000);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shell.size(), whole);
+    EXPECT_EQ(shell.pos(), QPoint(0, 0));
 }
 
 TEST(DesktopWindow, AWindowAskedForAgainComesToTheFront) {
