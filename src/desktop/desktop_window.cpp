@@ -9,7 +9,6 @@
 #include "desktop/widgets/colours.h"
 #include "desktop/widgets/spoken.h"
 #include "shell/main_window.h"
-#include "shell/window_memory.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -26,8 +25,6 @@
 #include <QUrl>
 
 #include <algorithm>
-#include <cmath>
-#include <optional>
 #include <utility>
 
 namespace zor {
@@ -37,23 +34,12 @@ namespace {
 /// A window at an edge takes room from the panels; below this there is none to spare, in pixels.
 constexpr QSize dockingRoom(1600, 900);
 
-int pixels(Twips length) {
-    return static_cast<int>(std::lround(length / twipsPerPixel));
-}
-
-Twips twips(int length) {
-    return static_cast<Twips>(length) * twipsPerPixel;
-}
-
-/// Of an ordinary window manager, until the real frame is known.
-constexpr QMargins likelyFrame(4, 36, 4, 4);
-
 } // namespace
 
 DesktopWindow::DesktopWindow(MainWindow& mainForm, Screens screens)
     : main(mainForm)
     , mdi(new QMdiArea)
-    , screenRooms(std::move(screens)) {
+    , ownGeometry(mainForm, *this, std::move(screens)) {
     speakOfOwnWidgets();
     setObjectName(QStringLiteral("main"));
     setCentralWidget(mdi);
@@ -92,7 +78,7 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm, Screens screens)
     subscriptions.push_back(desk.removed.subscribe([this](Form& form) { remove(form); }));
     subscriptions.push_back(main.changed.subscribe([this] { follow(); }));
     subscriptions.push_back(main.closed.subscribe([this] {
-        keepPlace();
+        ownGeometry.keep();
         QCoreApplication::exit();
     }));
     follow();
@@ -218,9 +204,9 @@ void DesktopWindow::follow() {
     }
     setWindowTitle(toQt(main.title()));
     if (isHidden() && main.isOpen()) {
-        openGeometry();
+        ownGeometry.open();
     } else {
-        putGeometry();
+        ownGeometry.follow();
     }
     if (isHidden() == main.isOpen()) {
         setVisible(main.isOpen());
@@ -229,79 +215,13 @@ void DesktopWindow::follow() {
     tellGeometry();
 }
 
-void DesktopWindow::openGeometry() {
-    std::vector<QRect> screens = screenRooms();
-    QSize size(pixels(main.extent().width), pixels(main.extent().height));
-    auto memory = screens.empty() ? std::optional<WindowMemory>() : readWindowMemory(main.bench().platform);
-    if (memory) {
-        setGeometry(
-            withinScreens({memory->left, memory->top, memory->width, memory->height}, screens, likelyFrame));
-        if (memory->maximized) {
-            setWindowState(windowState() | Qt::WindowMaximized);
-        }
-    } else {
-        // Where it goes the first time is the window manager's business.
-        QPoint corner = screens.empty() ? QPoint() : screens.front().topLeft();
-        resize(withinScreens({corner, size}, screens, likelyFrame).size());
-    }
-    knownPlace = main.place();
-    knownExtent = main.extent();
-}
-
-void DesktopWindow::putGeometry() {
-    if (main.extent() != knownExtent) {
-        knownExtent = main.extent();
-        resize(pixels(knownExtent.width), pixels(knownExtent.height));
-    }
-    if (main.isPlaced() && main.place() != knownPlace) {
-        knownPlace = main.place();
-        move(pixels(knownPlace.left), pixels(knownPlace.top));
-    }
-}
-
-void DesktopWindow::settle() {
-    constexpr Qt::WindowStates byOthers = Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized;
-    if (std::exchange(settled, true) || (windowState() & byOthers) != 0) {
-        return;
-    }
-    QRect inside = geometry();
-    QRect outside = frameGeometry();
-    QMargins frame(inside.left() - outside.left(), inside.top() - outside.top(),
-                   outside.right() - inside.right(), outside.bottom() - inside.bottom());
-    QRect fitting = withinScreens(inside, screenRooms(), frame);
-    if (fitting.size() != inside.size()) {
-        setGeometry(fitting);
-    }
-}
-
-void DesktopWindow::keepPlace() {
-    if (screenRooms().empty()) {
-        return;
-    }
-    bool normal = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized)) == 0;
-    QRect place = normal ? geometry() : normalGeometry();
-    try {
-        writeWindowMemory(main.bench().platform, {.left = place.x(),
-                                                  .top = place.y(),
-                                                  .width = place.width(),
-                                                  .height = place.height(),
-                                                  .maximized = isMaximized()});
-    } catch (const ToolError&) {
-        // The next start opens as the first one does; nothing else is lost.
-    }
-}
-
 void DesktopWindow::tellGeometry() {
-    if (following || !isVisible() || isMinimized()) {
-        return;
+    if (!following && isVisible() && !isMinimized()) {
+        // What the form makes of it is known here already.
+        following = true;
+        ownGeometry.tell();
+        following = false;
     }
-    // What the form makes of it is known here already.
-    following = true;
-    main.userMove({twips(y()), twips(x())});
-    main.userResize({twips(height()), twips(width())});
-    knownPlace = main.place();
-    knownExtent = main.extent();
-    following = false;
 }
 
 void DesktopWindow::closeEvent(QCloseEvent* event) {
@@ -326,9 +246,9 @@ void DesktopWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && mdi != nullptr) {
         colourArea();
     }
-    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !settled) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && !ownGeometry.isSettled()) {
         // Behind the window manager's own word on the frame.
-        QTimer::singleShot(0, this, [this] { settle(); });
+        QTimer::singleShot(0, this, [this] { ownGeometry.settle(); });
     }
 }
 

@@ -3,15 +3,15 @@
 
 #include "desktop/dock_window.h"
 #include "desktop/form_window.h"
+#include "desktop/main_geometry.h"
 #include "desktop/screen_room.h"
 #include "elements/desk.h"
 
 #include <QMainWindow>
-#include <QRect>
 
-#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QMdiArea;
@@ -27,10 +27,6 @@ class StartPage;
 /// must outlive it.
 class DesktopWindow : public QMainWindow {
   public:
-    /// What the screens have room for; without any the window is as large as its form says, and neither
-    /// looks up nor keeps where it was.
-    using Screens = std::function<std::vector<QRect>()>;
-
     explicit DesktopWindow(MainWindow& mainForm, Screens screens = availableScreens);
     ~DesktopWindow() override;
 
@@ -64,24 +60,16 @@ class DesktopWindow : public QMainWindow {
     [[nodiscard]] std::optional<Qt::DockWidgetArea> dockArea(const Form& form) const;
     void remove(Form& form);
     void follow();
-    /// At the opening: where and as large as it was, as far as a screen has room.
-    void openGeometry();
-    /// What the program has changed; what the window manager made of the window stays.
-    void putGeometry();
-    /// Once the frame is known: the whole window is on a screen.
-    void settle();
     void tellGeometry();
-    void keepPlace();
     void colourArea();
     /// Takes the keyboard from the inner windows to the bars, and back to where it was.
     void changePane();
     /// Takes the window in front out of the main one, or brings it back.
     void changeFloating();
-
-    MainWindow& main;
     /// Behind what is going on: windows come and go in the midst of it.
     void showStartPageSoon();
 
+    MainWindow& main;
     QMdiArea* mdi;
     StartPage* start = nullptr;
     std::map<const Form*, std::unique_ptr<FormWindow>> windows;
@@ -90,12 +78,8 @@ class DesktopWindow : public QMainWindow {
     std::map<Form*, Subscription> dockable;
     std::map<const Form*, Subscription> openings;
     std::vector<Subscription> subscriptions;
-    Screens screenRooms;
-    /// What the form and the window agree on.
-    Place knownPlace;
-    Extent knownExtent;
+    MainGeometry ownGeometry;
     bool following = false;
-    bool settled = false;
     bool startPageIsDue = false;
 };
 
