@@ -5,6 +5,7 @@
 #include "desktop/adapters/qt_serial_port.h"
 #include "desktop/adapters/qt_surroundings.h"
 #include "desktop/adapters/qt_text.h"
+#include "desktop/command_line.h"
 #include "desktop/demo_board.h"
 #include "desktop/demo_tour.h"
 #include "desktop/desktop_window.h"
@@ -23,153 +24,15 @@
 #include "transcript/station.h"
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
 
-#include <algorithm>
-#include <array>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
-#include <string_view>
 
 namespace {
-
-struct Switches {
-    bool demo = false;
-    /// Who is on the air of the simulated board.
-    QString farEnd;
-    /// Ends when the window has been shown, for measuring the start.
-    bool exitWhenShown = false;
-    QString pictures;
-    std::optional<zor::Scheme> scheme;
-    /// A serial device to offer first.
-    QString port;
-    /// A chip's configuration file to open.
-    QString file;
-    /// What the simulated board is to be like.
-    QStringList board;
-    /// A transcript to play without a window.
-    zor::TranscriptRun::Switches run;
-};
-
-/// Options of the simulated board that the demo takes over, by the same names.
-struct BoardOption {
-    const char* name;
-    const char* value;
-    const char* meaning;
-};
-constexpr std::array boardOptions = {
-    BoardOption{"kind", "KIND", "With --demo: the board, lb1, lb2 (the default), loader, monitor or silent."},
-    BoardOption{"delay", "MS", "With --demo: every answer comes so much later."},
-    BoardOption{"mute-after", "N", "With --demo: nothing is said after N answers."},
-    BoardOption{"refuse", "LINE", "With --demo: the next such line is refused; may stand several times."},
-    BoardOption{"refusal-rate", "RATE", "With --demo: chance, 0 to 1, that a success is told as a refusal."},
-    BoardOption{"noise", "RATE", "With --demo: chance, 0 to 1, of garbage in front of each character."},
-    BoardOption{"split", "N", "With --demo: answers come in pieces of N characters."},
-    BoardOption{"seed", "N", "With --demo: the same seed gives the same faults."},
-};
-
-Switches readSwitches(const QCoreApplication& application) {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QString::fromLatin1(zor::productTitle));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    QCommandLineOption demo(QStringLiteral("demo"),
-                            QStringLiteral("Offer a simulated board as the first port."));
-    QCommandLineOption farEnd(
-        QStringLiteral("far-end"),
-        QStringLiteral("With --demo: who is on the air, silent, numbered (a packet a second), echo (what it "
-                       "heard), carrier, or lively (all of it; the default)."),
-        QStringLiteral("WHO"), QStringLiteral("lively"));
-    parser.addOption(farEnd);
-    QCommandLineOption light(QStringLiteral("light"),
-                             QStringLiteral("Light colours, whatever the desktop has."));
-    QCommandLineOption dark(QStringLiteral("dark"),
-                            QStringLiteral("Dark colours, whatever the desktop has."));
-    QCommandLineOption play(QStringLiteral("play-demo"),
-                            QStringLiteral("Walk through the demo and leave a picture of every window."),
-                            QStringLiteral("folder"));
-    QCommandLineOption exitWhenShown(
-        QStringLiteral("exit-when-shown"),
-        QStringLiteral("End as soon as the window is painted; for measuring the start."));
-    QCommandLineOption port(QStringLiteral("port"),
-                            QStringLiteral("Offer this serial device as the first port, for example "
-                                           "/dev/ttyUSB3 or a name in /dev/serial/by-id."),
-                            QStringLiteral("PATH"));
-    QCommandLineOption transcript(
-        QStringLiteral("play"),
-        QStringLiteral("Play this transcript without a window and end; the exit status "
-                       "is 0 if everything in it was found as it says, 1 if not, 2 if "
-                       "it cannot be played."),
-        QStringLiteral("TRANSCRIPT"));
-    QCommandLineOption report(QStringLiteral("report"),
-                              QStringLiteral("With --play: write the results there as a JUnit report."),
-                              QStringLiteral("FILE.xml"));
-    QCommandLineOption limit(QStringLiteral("limit"),
-                             QStringLiteral("With --play: break off after so many seconds (3600)."),
-                             QStringLiteral("SECONDS"), QStringLiteral("3600"));
-    parser.addOptions({demo, port, light, dark, play, exitWhenShown, transcript, report, limit});
-    for (const BoardOption& option : boardOptions) {
-        parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.meaning),
-                          QString::fromLatin1(option.value)});
-    }
-    parser.addPositionalArgument(
-        QStringLiteral("FILE"),
-        QStringLiteral("A chip's configuration file (.tc, .tc1, .tc2, .rc, .rc2, .trc, "
-                       ".lrc): its panel is opened with it."),
-        QStringLiteral("[FILE]"));
-    parser.process(application);
-    Switches switches;
-    switches.port = parser.value(port);
-    for (const BoardOption& option : boardOptions) {
-        for (const QString& value : parser.values(QString::fromLatin1(option.name))) {
-            switches.board << QStringLiteral("--") + QString::fromLatin1(option.name) << value;
-        }
-    }
-    if (parser.positionalArguments().size() > 1) {
-        std::fputs("zor: only one file can be opened at a time\n", stderr);
-        std::exit(2);
-    }
-    switches.file = parser.positionalArguments().value(0);
-    switches.pictures = parser.value(play);
-    switches.exitWhenShown = parser.isSet(exitWhenShown);
-    switches.demo = parser.isSet(demo) || !switches.pictures.isEmpty();
-    if (!switches.demo && !switches.board.isEmpty()) {
-        std::fprintf(stderr, "zor: %s needs --demo\n", switches.board.constFirst().toLocal8Bit().constData());
-        std::exit(2);
-    }
-    if (!switches.board.contains(QStringLiteral("--kind"))) {
-        switches.board << QStringLiteral("--kind") << QStringLiteral("lb2");
-    }
-    if (parser.isSet(dark)) {
-        switches.scheme = zor::Scheme::Dark;
-    } else if (parser.isSet(light)) {
-        switches.scheme = zor::Scheme::Light;
-    }
-    switches.farEnd = parser.value(farEnd);
-    bool isNumber = false;
-    switches.run = {parser.value(transcript), parser.value(report),
-                    std::chrono::seconds(parser.value(limit).toInt(&isNumber))};
-    bool plays = parser.isSet(transcript);
-    if (plays ? !switches.pictures.isEmpty() || switches.exitWhenShown
-              : parser.isSet(report) || parser.isSet(limit)) {
-        std::fputs(plays ? "zor: --play cannot be combined with --play-demo and --exit-when-shown\n"
-                         : "zor: --report and --limit need --play\n",
-                   stderr);
-        std::exit(2);
-    }
-    if (!isNumber || switches.run.limit.count() < 1 || (plays && switches.run.file.isEmpty())) {
-        std::fputs(plays && switches.run.file.isEmpty() ? "zor: --play needs a transcript\n"
-                                                        : "zor: --limit needs a number of seconds\n",
-                   stderr);
-        std::exit(2);
-    }
-    return switches;
-}
 
 /// The simulated board bears the chip whose panel opens, as an engineer would mount it.
 zor::Subscription mountOnOpening(zor::Desk& desk, zor::DemoBoard& board,
@@ -191,21 +54,6 @@ void nameProgram() {
     QCoreApplication::setApplicationVersion(zor::toQt(zor::productVersion()));
 }
 
-/// Help and version are text; they need no display.
-bool wantsText(int argc, char** argv) {
-    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-        return argument == "--help" || argument == "-h" || argument == "--help-all" ||
-               argument == "--version" || argument == "-v";
-    });
-}
-
-/// A transcript is played where there may be no display.
-bool playsTranscript(int argc, char** argv) {
-    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-        return argument == "--play" || argument.starts_with("--play=");
-    });
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -214,7 +62,7 @@ int main(int argc, char** argv) {
     if (wantsText(argc, argv)) {
         QCoreApplication application(argc, argv);
         nameProgram();
-        readSwitches(application);
+        readCommandLine(application);
         return 0;
     }
     if (playsTranscript(argc, argv)) {
@@ -225,7 +73,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationDisplayName(QString());
     // The main form says when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
-    Switches switches = readSwitches(application);
+    CommandLine switches = readCommandLine(application);
     QApplication::setStyle(new InstrumentStyle);
     QApplication::setWindowIcon(productIcon());
     if (switches.scheme) {
@@ -300,8 +148,8 @@ int main(int argc, char** argv) {
     transcript::Station station(main, watchedDialogs);
     // Pictures and measurements are of the window as it is meant, whatever screen there is.
     bool asMeant = !switches.pictures.isEmpty() || switches.exitWhenShown || !switches.run.file.isEmpty();
-    DesktopWindow desktopWindow(main, asMeant ? [] { return std::vector<QRect>(); }
-                                              : DesktopWindow::Screens(availableScreens));
+    DesktopWindow desktopWindow(main,
+                                asMeant ? [] { return std::vector<QRect>(); } : Screens(availableScreens));
     if (!switches.demo) {
         desktopWindow.startPage().offerDemo([&] {
             QString terminal = board.start();
