@@ -128,6 +128,9 @@ TEST_P(PanelRoom, HasItsWordsInSightAndTheFewestScrollBars) {
     FontForAll font(lettering.family, 1, lettering.spacing);
     Program program;
     ChipPanel& panel = startWithPanel(program, GetParam().panel);
+    if (!panel.statusShown()) {
+        panel.ShowStatus.click();
+    }
     program.main.linkBar.Toolbar3.setVisible(true);
     program.window.resize(1272, 740);
     QCoreApplication::processEvents();

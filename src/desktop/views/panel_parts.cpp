@@ -139,7 +139,7 @@ QWidget* crystalGroup(ChipPanel& p) {
     return group("Crystal", {
                                 line(option(p.StdCrystal), option(p.NonStdCrystal), stretch()),
                                 line(labelled("Frequency", field(p.Crystalfreq), "MHz"),
-                                     labelled("Load", list(p.Cxtal, 8))),
+                                     labelled("Load", list(p.Cxtal, 7))),
                             });
 }
 

@@ -91,12 +91,12 @@ QWidget* onyxPowerGroup(KT1102& p) {
 }
 
 QWidget* onyxTransmitterGroup(KT1102& p) {
-    return group(
-        "Transmitter",
-        {
-            line(labelled("Power", list(p.OutputPower, 6)), labelled("Revision", list(p.Revision, 12))),
-            line(labelled("Polarity", list(p.ModPol, 6)), labelled("Deviation", list(p.ModFreq, 4), "kHz")),
-        });
+    return group("Transmitter",
+                 {
+                     line(labelled("Power", list(p.OutputPower, 6)), labelled("Polarity", list(p.ModPol, 6))),
+                     labelled("Deviation", list(p.ModFreq, 4), "kHz"),
+                     labelled("Revision", list(p.Revision, 12)),
+                 });
 }
 
 QWidget* onyxWakeUpGroup(KT1102& p) {
