@@ -10,6 +10,7 @@
 #include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -24,6 +25,19 @@ namespace {
 constexpr int grip = 64;
 /// The main window is taken to have this room at least, in pixels; there are scroll bars for the rest.
 constexpr QSize leastRoom(320, 240);
+
+/// A panel is what the other windows are for, and its buttons are what a hand goes to while they are open.
+void coverPanel(std::vector<Covered>& covered, const QMdiSubWindow& panel) {
+    constexpr int panelCounts = 8;
+    constexpr int buttonCounts = 40;
+    covered.push_back({panel.geometry(), panelCounts});
+    for (const auto* button : panel.findChildren<QPushButton*>()) {
+        if (button->isVisible()) {
+            QPoint corner = panel.pos() + button->mapTo(&panel, QPoint());
+            covered.push_back({QRect(corner, button->size()), buttonCounts});
+        }
+    }
+}
 
 } // namespace
 
@@ -96,13 +110,15 @@ void FormGeometry::findPlace() {
     if (form.isPlaced() || !isInner()) {
         return;
     }
-    constexpr int panelCounts = 8;
     std::vector<Covered> others;
     for (const QMdiSubWindow* other : mdi.subWindowList()) {
         if (other != outer && other->isVisible()) {
             const Form* its = form.desk().find(fromQt(other->objectName()));
-            bool isPanel = dynamic_cast<const ChipPanel*>(its) != nullptr;
-            others.push_back({other->geometry(), isPanel ? panelCounts : 1});
+            if (dynamic_cast<const ChipPanel*>(its) != nullptr) {
+                coverPanel(others, *other);
+            } else {
+                others.push_back({other->geometry(), 1});
+            }
         }
     }
     outer->move(freePlace(outer->size(), mdi.viewport()->size(), others));

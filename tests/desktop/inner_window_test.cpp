@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPushButton>
 
 namespace zor {
 
@@ -66,6 +67,34 @@ TEST(InnerWindow, AToolOpensWhereThePanelIsNot) {
     EXPECT_EQ(bench.program.desk.find("frm_PowerSupply")->place().left,
               static_cast<Twips>(bench.tool().shell().x() * 15));
 }
+
+/// On a screen where every place covers something of the panel.
+class ToolOverPanel : public testing::TestWithParam<std::string> {};
+
+TEST_P(ToolOverPanel, OpensWhereNoButtonOfThePanelIs) {
+    Program program;
+    ChipPanel& panel = startWithPanel(program, GetParam());
+    program.window.resize(1272, 740);
+    QCoreApplication::processEvents();
+    program.main.bench().tools.open(Tool::frm_PowerSupply);
+    QCoreApplication::processEvents();
+    QRect tool = program.window.windowOf(*program.desk.find("frm_PowerSupply"))->shell().geometry();
+    QWidget& room = *program.window.area().viewport();
+    EXPECT_TRUE(room.rect().contains(tool));
+    for (const auto* button : program.window.windowOf(panel)->shell().findChildren<QPushButton*>()) {
+        QRect place(button->mapTo(&room, QPoint()), button->size());
+        EXPECT_FALSE(button->isVisible() && place.intersects(tool)) << button->objectName().toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Registry, ToolOverPanel, testing::ValuesIn([] {
+                             std::vector<std::string> panels;
+                             for (const PanelRow& row : panelRows()) {
+                                 panels.emplace_back(row.name);
+                             }
+                             return panels;
+                         }()),
+                         [](const auto& row) { return row.param; });
 
 TEST(InnerWindow, APlaceOfItsOwnIsKept) {
     Program program;
