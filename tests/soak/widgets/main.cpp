@@ -9,7 +9,9 @@
 #include "desktop/demo_board.h"
 #include "desktop/views_of_test.h"
 #include "desktop/widgets/instrument_style.h"
+#include "elements/watched_dialogs.h"
 #include "soak/widgets/random_hand.h"
+#include "transcript/station.h"
 
 #include <QApplication>
 #include <QFile>
@@ -21,6 +23,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <string>
@@ -50,6 +53,12 @@ struct Options {
     int seconds = 60;
     bool session = false;
 };
+
+/// The one that the build made for the program.
+std::filesystem::path startDatabase() {
+    std::filesystem::path made = QCoreApplication::applicationDirPath().toStdString() + "/../data/ZOR.db";
+    return std::filesystem::exists(made) ? made : std::filesystem::path();
+}
 
 class Session {
   public:
@@ -142,7 +151,12 @@ class Session {
     void look() {
         for (Form* form : desk.forms()) {
             FormWindow* shown = form->isOpen() ? window.windowOf(*form) : nullptr;
-            if (shown != nullptr && shown->shell().isVisible()) {
+            const auto* panel = dynamic_cast<const ChipPanel*>(form);
+            // The status area may be folded in; and a chip without revisions has no group for them.
+            const Element* revision = form->find("Revision");
+            bool folded =
+                (panel != nullptr && !panel->statusShown()) || (revision != nullptr && !revision->shown());
+            if (shown != nullptr && shown->shell().isVisible() && !folded) {
                 if (QStringList hidden = wronglyHidden(shown->content()); !hidden.isEmpty()) {
                     wrong(form->name() + " hides " + hidden.join(" ").toStdString());
                 }
@@ -190,20 +204,23 @@ class Session {
     QtSerialPorts ports{loop, devices};
     LinuxUsbDriver usb{devices};
     QtDialogs dialogs;
+    WatchedDialogs watchedDialogs{dialogs};
     NoSurroundings surroundings;
     store::SqliteRegisterStores registerStores;
     Platform platform{loop,
                       ports,
                       usb,
-                      dialogs,
+                      watchedDialogs,
                       surroundings,
                       registerStores,
                       folder.path().toStdString(),
-                      folder.path().toStdString()};
+                      folder.path().toStdString(),
+                      startDatabase()};
     DemoBoard board;
     std::string terminal;
     Desk desk{loop};
     MainWindow main{platform, desk};
+    transcript::Station station{main, watchedDialogs};
     DesktopWindow window{main};
     RandomHand hand;
     Clock::time_point end;

@@ -18,9 +18,9 @@ namespace zor {
 
 namespace {
 
-constexpr std::array fileNames = {"a.tc",  "b.tc1", "c.tc2", "d.rc",         "e.rc2", "f.trc",
-                                  "g.lrc", "a.asc", "a.hex", "a.txt",        "a.h",   "a.csv",
-                                  "a.out", "*.tc",  "",      "none/there.tc"};
+constexpr std::array fileNames = {"a.tc",  "b.tc1",   "c.tc2", "d.rc",  "e.rc2",        "f.trc",
+                                  "g.lrc", "a.asc",   "a.hex", "a.txt", "a.h",          "a.csv",
+                                  "a.out", "a.bench", "*.tc",  "",      "none/there.tc"};
 constexpr std::array faults = {"mute",
                                "unmute",
                                "unmute",
