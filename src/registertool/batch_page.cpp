@@ -26,6 +26,10 @@ std::string indexed(const char* name, int index) {
     return std::string(name) + "(" + std::to_string(index) + ")";
 }
 
+std::size_t linesOf(const std::string& script) {
+    return static_cast<std::size_t>(std::ranges::count(script, '\r'));
+}
+
 /// A line of a script that runs an action; what stands behind the name does not count.
 struct Macro {
     std::string_view name;
@@ -195,6 +199,7 @@ void BatchPage::BatchRun_Click(Batch& batch) {
 bool BatchPage::runRound(Batch& batch, LongAction& busy) {
     std::string script = batch.BatchCommands.text();
     const std::size_t length = script.size();
+    std::size_t lines = linesOf(script);
     std::string line;
     std::size_t number = 0;
     for (std::size_t at = 0; at < length && at < script.size(); ++at) {
@@ -203,13 +208,14 @@ bool BatchPage::runRound(Batch& batch, LongAction& busy) {
         }
         line += script[at];
         if (script[at] == '\r') {
-            tellLine(batch, ++number, script);
+            tellLine(batch, ++number, lines);
             if (!runLine(line, busy)) {
                 return false;
             }
             if (line.front() != '/') {
                 // The script may have been edited while a send waited: what stands there now counts.
                 script = batch.BatchCommands.text();
+                lines = linesOf(script);
             }
             line.clear();
         }
@@ -217,8 +223,7 @@ bool BatchPage::runRound(Batch& batch, LongAction& busy) {
     return busy.goesOn();
 }
 
-void BatchPage::tellLine(Batch& batch, std::size_t line, const std::string& script) {
-    auto lines = static_cast<std::size_t>(std::ranges::count(script, '\r'));
+void BatchPage::tellLine(Batch& batch, std::size_t line, std::size_t lines) {
     batch.showLine(line, lines);
     std::string round = numberText(numericPrefix(LoopCount.text()) + 1);
     bool limited = batch.EnLoop.ticked() && ENLimit.ticked();

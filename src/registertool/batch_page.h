@@ -79,7 +79,7 @@ class BatchPage {
     void BatchRun_Click(Batch& batch);
     /// @return whether it came to the script's end
     bool runRound(Batch& batch, LongAction& busy);
-    void tellLine(Batch& batch, std::size_t line, const std::string& script);
+    void tellLine(Batch& batch, std::size_t line, std::size_t lines);
     /// @return whether the run goes on
     bool runLine(const std::string& line, LongAction& busy);
     /// @return whether the run goes on

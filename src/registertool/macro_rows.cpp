@@ -147,10 +147,11 @@ void MacroRows::M_Address_LostFocus(MacroRow& row) {
     if (setUp(row, address)) {
         return;
     }
-    row.reset();
+    // What was wrong stands there while it is told.
     tool.bench.platform.dialogs.show({.text = "Invalid register address! Please try again!",
                                       .title = "Unknown Register Address",
                                       .icon = BoxIcon::Warning});
+    row.reset();
 }
 
 void MacroRows::M_bit_Click(MacroRow& row, int number) {
@@ -160,7 +161,7 @@ void MacroRows::M_bit_Click(MacroRow& row, int number) {
 }
 
 void MacroRows::read(MacroRow& row, const std::string& address) {
-    if (address.empty() || !tool.send(readLine(address))) {
+    if (address.empty() || !tool.exchange(readLine(address))) {
         return;
     }
     std::string value = answeredByte(tool.bench.link.Last15);
@@ -174,7 +175,7 @@ void MacroRows::read(MacroRow& row, const std::string& address) {
 }
 
 void MacroRows::send(MacroRow& row, const std::string& address, const std::string& value) {
-    if (address.empty() || !tool.send(writeLine(address, value))) {
+    if (address.empty() || !tool.exchange(writeLine(address, value))) {
         return;
     }
     if (row.M_Address.text() == address && row.M_Hexvalue.text() == value) {

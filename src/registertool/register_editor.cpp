@@ -155,11 +155,7 @@ void RegisterEditor::findAgain(const std::string& address, Editor editor) {
 }
 
 void RegisterEditor::pick() {
-    const Setting& setting = tool.table.rows()[tool.table.inSight()[*SettingsDataGrid.picked()]];
-    bool sameRow = setting.Address == Address.text() && setting.Name == Name1.text();
-    if (!sameRow || HexValue.background() != editedColour) {
-        takeRow(setting);
-    }
+    takeRow(tool.table.rows()[tool.table.inSight()[*SettingsDataGrid.picked()]]);
 }
 
 void RegisterEditor::takeRow(const Setting& setting) {
@@ -220,7 +216,7 @@ void RegisterEditor::editGrid(std::size_t gridRow, const std::string& text) {
 }
 
 void RegisterEditor::read(const std::string& address) {
-    if (address.empty() || !tool.send(readLine(address))) {
+    if (address.empty() || !tool.exchange(readLine(address))) {
         return;
     }
     std::string value = answeredByte(tool.bench.link.Last15);
@@ -231,7 +227,7 @@ void RegisterEditor::read(const std::string& address) {
 }
 
 void RegisterEditor::send(const std::string& address, const std::string& value) {
-    if (address.empty() || !tool.send(writeLine(address, value))) {
+    if (address.empty() || !tool.exchange(writeLine(address, value))) {
         return;
     }
     storeValue(address, value, Source::User);

@@ -171,6 +171,11 @@ bool SPI::send(const std::string& line) {
     return !isClosed();
 }
 
+bool SPI::exchange(const std::string& line) {
+    const unsigned generation = table.generation();
+    return send(line) && table.generation() == generation;
+}
+
 void SPI::tellStoreFailure(const StoreError& error) {
     detachStore();
     // A window that was closed meanwhile has nothing more to say.

@@ -121,6 +121,9 @@ class SPI : public Form, public Undoable {
     void whenFree(std::function<void()> action);
     /// Sends a line and waits. @return whether there is an answer, and still somebody to take it
     bool send(const std::string& line);
+    /// The same for a register of the chosen chip. The answer is nobody's any more where the user has chosen
+    /// another chip meanwhile.
+    bool exchange(const std::string& line);
 
   protected:
     void unload() override;

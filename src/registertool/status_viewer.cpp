@@ -75,8 +75,10 @@ void StatusViewer::StatusRegCombo_Click() {
     if (position >= registers.size()) {
         return;
     }
+    // An entry stands for its address: of two registers with one address the first one's bits count.
+    const StatusRegister& chosen = *at(registers[position].Address);
     for (std::size_t number = 0; number < Databit.size(); ++number) {
-        Databit[number].setCaption(registers[position].bit[number]);
+        Databit[number].setCaption(chosen.bit[number]);
     }
 }
 
@@ -85,7 +87,7 @@ void StatusViewer::StatusRead_Click() {
     if (position >= registers.size()) {
         return;
     }
-    if (!tool.send(readLine(registers[position].Address))) {
+    if (!tool.exchange(readLine(registers[position].Address))) {
         return;
     }
     std::string high = answeredHighByte(tool.bench.link.Last15);
