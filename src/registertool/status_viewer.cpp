@@ -36,6 +36,7 @@ StatusViewer::StatusViewer(SPI& ownTool)
 }
 
 void StatusViewer::offer(RecordSource& source) {
+    Registers = &source;
     registers.clear();
     std::vector<std::string> names;
     for (source.moveFirst(); !source.pastLast(); source.moveNext()) {
@@ -57,6 +58,7 @@ const StatusViewer::StatusRegister* StatusViewer::at(std::string_view address) c
 }
 
 void StatusViewer::forget() {
+    Registers = nullptr;
     registers.clear();
     StatusRegCombo.setEntries({});
     StatusRegCombo.putText(selectRegister);
@@ -76,9 +78,13 @@ void StatusViewer::StatusRegCombo_Click() {
         return;
     }
     // An entry stands for its address: of two registers with one address the first one's bits count.
-    const StatusRegister& chosen = *at(registers[position].Address);
+    Registers->moveFirst();
+    Registers->find("Address = '" + registers[position].Address + "'");
+    if (Registers->pastLast()) {
+        return;
+    }
     for (std::size_t number = 0; number < Databit.size(); ++number) {
-        Databit[number].setCaption(chosen.bit[number]);
+        Databit[number].setCaption(registers[Registers->position()].bit[number]);
     }
 }
 

@@ -46,6 +46,9 @@ class StatusViewer {
     void StatusRegCombo_Click();
 
     SPI& tool;
+    /// The record source that the entries are from; nullptr if there is none.
+    RecordSource* Registers = nullptr;
+    /// Its rows, in its order.
     std::vector<StatusRegister> registers;
 };
 
