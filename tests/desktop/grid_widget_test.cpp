@@ -153,6 +153,24 @@ TEST_F(GridWidget, TabLeavesTheTable) {
     next.setParent(nullptr);
 }
 
+TEST_F(GridWidget, TheFocusAlonePicksNoRow) {
+    std::vector<std::size_t> picks;
+    grid.onPick = [&] { picks.push_back(*grid.picked()); };
+    table.setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(table.hasFocus());
+    EXPECT_EQ(currentRow(), -1);
+    QTest::keyClick(&table, Qt::Key_Down);
+    QTRY_COMPARE(picks.size(), 1U);
+    EXPECT_EQ(grid.picked(), 0U);
+    grid.putPicked(std::nullopt);
+    table.clearFocus();
+    // The toolkit gives the focus before it looks at the place.
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {},
+                      table.visualRect(table.model()->index(2, 0)).center());
+    QTRY_COMPARE(picks.size(), 2U);
+    EXPECT_EQ(picks, (std::vector<std::size_t>{0, 2}));
+}
+
 TEST_F(GridWidget, TenThousandRowsComeAndScrollWithoutAStop) {
     std::vector<GridRow> rows;
     for (int i = 0; i < 10'000; ++i) {

@@ -91,6 +91,16 @@ class GridView : public QTableView {
         }
     }
 
+    void focusInEvent(QFocusEvent* event) override {
+        // Where no row is the current one the toolkit takes the first; a user did not ask for that either.
+        showing = true;
+        QTableView::focusInEvent(event);
+        showing = false;
+        if (!elementOf<Grid>(*binding)->picked()) {
+            selectionModel()->clear();
+        }
+    }
+
   private:
     [[nodiscard]] int rowHeightWanted() const { return fontMetrics().height() + 4; }
     [[nodiscard]] int heightOf(int rowCount) const {
