@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/command_line.h"
 
-#include "platform/dialogs.h"
+#include "desktop/adapters/qt_text.h"
+#include "shell/about.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <string_view>
+#include <string>
 
 namespace zor {
 
@@ -33,142 +33,175 @@ constexpr std::array boardOptions = {
     BoardOption{"seed", "N", "With --demo: the same seed gives the same faults."},
 };
 
-/// The program's own options, in the order in which help lists them.
-struct ProgramOptions {
-    QCommandLineOption farEnd{
-        QStringLiteral("far-end"),
-        QStringLiteral("With --demo: who is on the air, silent, numbered (a packet a second), echo (what it "
-                       "heard), carrier, or lively (all of it; the default)."),
-        QStringLiteral("WHO"), QStringLiteral("lively")};
-    QCommandLineOption demo{QStringLiteral("demo"),
-                            QStringLiteral("Offer a simulated board as the first port.")};
-    QCommandLineOption port{QStringLiteral("port"),
-                            QStringLiteral("Offer this serial device as the first port, for example "
-                                           "/dev/ttyUSB3 or a name in /dev/serial/by-id."),
-                            QStringLiteral("PATH")};
-    QCommandLineOption light{QStringLiteral("light"),
-                             QStringLiteral("Light colours, whatever the desktop has.")};
-    QCommandLineOption dark{QStringLiteral("dark"),
-                            QStringLiteral("Dark colours, whatever the desktop has.")};
-    QCommandLineOption pictures{QStringLiteral("play-demo"),
-                                QStringLiteral("Walk through the demo and leave a picture of every window."),
-                                QStringLiteral("folder")};
-    QCommandLineOption exitWhenShown{
-        QStringLiteral("exit-when-shown"),
-        QStringLiteral("End as soon as the window is painted; for measuring the start.")};
-    QCommandLineOption transcript{
-        QStringLiteral("play"),
-        QStringLiteral("Play this transcript without a window and end; the exit status is 0 if everything in "
-                       "it was found as it says, 1 if not, 2 if it cannot be played."),
-        QStringLiteral("TRANSCRIPT")};
-    QCommandLineOption report{QStringLiteral("report"),
-                              QStringLiteral("With --play: write the results there as a JUnit report."),
-                              QStringLiteral("FILE.xml")};
-    QCommandLineOption limit{QStringLiteral("limit"),
-                             QStringLiteral("With --play: break off after so many seconds (3600)."),
-                             QStringLiteral("SECONDS"), QStringLiteral("3600")};
+/// Everything that `zor` may be called with.
+class Options {
+  public:
+    Options() {
+        parser.setApplicationDescription(QString::fromLatin1(productTitle));
+        parser.addHelpOption();
+        parser.addVersionOption();
+        parser.addOption(farEnd);
+        parser.addOptions({demo, port, light, dark, pictures, exitWhenShown, transcript, report, limit});
+        for (const BoardOption& option : boardOptions) {
+            parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.meaning),
+                              QString::fromLatin1(option.value)});
+        }
+        parser.addPositionalArgument(
+            QStringLiteral("FILE"),
+            QStringLiteral("A chip's configuration file (.tc, .tc1, .tc2, .rc, .rc2, .trc, "
+                           ".lrc): its panel is opened with it."),
+            QStringLiteral("[FILE]"));
+    }
+
+    [[nodiscard]] bool plays() const { return parser.isSet(transcript); }
+    /// What does not go together, or has no sense, in a sentence; empty if all is well.
+    [[nodiscard]] std::string fault() const;
+    [[nodiscard]] CommandLine taken() const;
+
+    QCommandLineParser parser;
+
+  private:
+    using Option = QCommandLineOption;
+
+    [[nodiscard]] QStringList boardSwitches() const;
+    [[nodiscard]] QString boardOptionWithoutDemo() const;
+
+    Option demo{QStringLiteral("demo"), QStringLiteral("Offer a simulated board as the first port.")};
+    Option farEnd{QStringLiteral("far-end"),
+                  QStringLiteral("With --demo: who is on the air, silent, numbered (a packet a second), echo "
+                                 "(what it heard), carrier, or lively (all of it; the default)."),
+                  QStringLiteral("WHO"), QStringLiteral("lively")};
+    Option light{QStringLiteral("light"), QStringLiteral("Light colours, whatever the desktop has.")};
+    Option dark{QStringLiteral("dark"), QStringLiteral("Dark colours, whatever the desktop has.")};
+    Option pictures{QStringLiteral("play-demo"),
+                    QStringLiteral("Walk through the demo and leave a picture of every window."),
+                    QStringLiteral("folder")};
+    Option exitWhenShown{QStringLiteral("exit-when-shown"),
+                         QStringLiteral("End as soon as the window is painted; for measuring the start.")};
+    Option port{QStringLiteral("port"),
+                QStringLiteral("Offer this serial device as the first port, for example /dev/ttyUSB3 or a "
+                               "name in /dev/serial/by-id."),
+                QStringLiteral("PATH")};
+    Option transcript{QStringLiteral("play"),
+                      QStringLiteral("Play this transcript without a window and end; the exit status is 0 if "
+                                     "everything in it was found as it says, 1 if not, 2 if it cannot be "
+                                     "played."),
+                      QStringLiteral("TRANSCRIPT")};
+    Option report{QStringLiteral("report"),
+                  QStringLiteral("With --play: write the results there as a JUnit report."),
+                  QStringLiteral("FILE.xml")};
+    Option limit{QStringLiteral("limit"),
+                 QStringLiteral("With --play: break off after so many seconds (3600)."),
+                 QStringLiteral("SECONDS"), QStringLiteral("3600")};
 };
 
-void describe(QCommandLineParser& parser, const ProgramOptions& options) {
-    parser.setApplicationDescription(QString::fromLatin1(productTitle));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOptions({options.farEnd, options.demo, options.port, options.light, options.dark,
-                       options.pictures, options.exitWhenShown, options.transcript, options.report,
-                       options.limit});
-    for (const BoardOption& option : boardOptions) {
-        parser.addOption({QString::fromLatin1(option.name), QString::fromLatin1(option.meaning),
-                          QString::fromLatin1(option.value)});
-    }
-    parser.addPositionalArgument(
-        QStringLiteral("FILE"),
-        QStringLiteral("A chip's configuration file (.tc, .tc1, .tc2, .rc, .rc2, .trc, "
-                       ".lrc): its panel is opened with it."),
-        QStringLiteral("[FILE]"));
-}
-
-/// Tells what is wrong with the arguments and ends the program.
-[[noreturn]] void refuse(const QString& what) {
-    std::fprintf(stderr, "zor: %s\n", what.toLocal8Bit().constData());
-    std::exit(2);
-}
-
-QStringList readBoard(const QCommandLineParser& parser, bool demo) {
-    QStringList board;
+QStringList Options::boardSwitches() const {
+    QStringList given;
     for (const BoardOption& option : boardOptions) {
         for (const QString& value : parser.values(QString::fromLatin1(option.name))) {
-            board << QStringLiteral("--") + QString::fromLatin1(option.name) << value;
+            given << QStringLiteral("--") + QString::fromLatin1(option.name) << value;
         }
     }
-    if (!demo && !board.isEmpty()) {
-        refuse(board.constFirst() + QStringLiteral(" needs --demo"));
-    }
-    if (!board.contains(QStringLiteral("--kind"))) {
-        board << QStringLiteral("--kind") << QStringLiteral("lb2");
-    }
-    return board;
+    return given;
 }
 
-TranscriptRun::Switches readRun(const QCommandLineParser& parser, const ProgramOptions& options) {
+QString Options::boardOptionWithoutDemo() const {
+    bool simulated = parser.isSet(demo) || !parser.value(pictures).isEmpty();
+    return simulated ? QString() : boardSwitches().value(0);
+}
+
+std::string Options::fault() const {
     bool isNumber = false;
-    int limit = parser.value(options.limit).toInt(&isNumber);
-    bool plays = parser.isSet(options.transcript);
-    if (plays && (parser.isSet(options.pictures) || parser.isSet(options.exitWhenShown))) {
-        refuse(QStringLiteral("--play cannot be combined with --play-demo and --exit-when-shown"));
+    int seconds = parser.value(limit).toInt(&isNumber);
+    if (parser.positionalArguments().size() > 1) {
+        return "only one file can be opened at a time";
     }
-    if (!plays && (parser.isSet(options.report) || parser.isSet(options.limit))) {
-        refuse(QStringLiteral("--report and --limit need --play"));
+    if (QString lonely = boardOptionWithoutDemo(); !lonely.isEmpty()) {
+        return fromQt(lonely) + " needs --demo";
     }
-    if (plays && parser.value(options.transcript).isEmpty()) {
-        refuse(QStringLiteral("--play needs a transcript"));
+    if (parser.isSet(pictures) && parser.value(pictures).isEmpty()) {
+        return "--play-demo needs a folder";
     }
-    if (!isNumber || limit < 1) {
-        refuse(QStringLiteral("--limit needs a number of seconds"));
+    if (plays() && (!parser.value(pictures).isEmpty() || parser.isSet(exitWhenShown))) {
+        return "--play cannot be combined with --play-demo and --exit-when-shown";
     }
-    return {parser.value(options.transcript), parser.value(options.report), std::chrono::seconds(limit)};
+    if (!plays() && (parser.isSet(report) || parser.isSet(limit))) {
+        return "--report and --limit need --play";
+    }
+    if (plays() && parser.value(transcript).isEmpty()) {
+        return "--play needs a transcript";
+    }
+    return !isNumber || seconds < 1 ? "--limit needs a number of seconds" : std::string();
+}
+
+CommandLine Options::taken() const {
+    CommandLine line;
+    line.pictures = parser.value(pictures);
+    line.demo = parser.isSet(demo) || !line.pictures.isEmpty();
+    line.farEnd = parser.value(farEnd);
+    line.exitWhenShown = parser.isSet(exitWhenShown);
+    if (parser.isSet(dark)) {
+        line.scheme = Scheme::Dark;
+    } else if (parser.isSet(light)) {
+        line.scheme = Scheme::Light;
+    }
+    line.port = parser.value(port);
+    line.file = parser.positionalArguments().value(0);
+    line.board = boardSwitches();
+    if (!line.board.contains(QStringLiteral("--kind"))) {
+        line.board << QStringLiteral("--kind") << QStringLiteral("lb2");
+    }
+    line.run = {parser.value(transcript), parser.value(report),
+                std::chrono::seconds(parser.value(limit).toInt())};
+    return line;
+}
+
+void endWith(const std::string& fault) {
+    std::fprintf(stderr, "zor: %s\n", fault.c_str());
+    std::exit(CommandLine::cannotBeDone);
+}
+
+void endIfFaulty(const Options& options) {
+    if (std::string fault = options.fault(); !fault.empty()) {
+        endWith(fault);
+    }
+}
+
+void nameProgram() {
+    QCoreApplication::setApplicationName(QStringLiteral("zor"));
+    QCoreApplication::setApplicationVersion(toQt(productVersion()));
 }
 
 } // namespace
 
-CommandLine readCommandLine(const QCoreApplication& application) {
-    const ProgramOptions options;
-    QCommandLineParser parser;
-    describe(parser, options);
-    parser.process(application);
-    if (parser.positionalArguments().size() > 1) {
-        refuse(QStringLiteral("only one file can be opened at a time"));
+bool CommandLine::lookAhead(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    nameProgram();
+    Options options;
+    // The toolkit's own options begin with one dash and are words; read as letters they would ask for
+    // something else.
+    options.parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    bool known = options.parser.parse(QCoreApplication::arguments());
+    if (options.parser.isSet(QStringLiteral("help")) || options.parser.isSet(QStringLiteral("help-all"))) {
+        options.parser.showHelp();
     }
-    CommandLine line;
-    line.pictures = parser.value(options.pictures);
-    if (parser.isSet(options.pictures) && line.pictures.isEmpty()) {
-        refuse(QStringLiteral("--play-demo needs a folder"));
+    if (options.parser.isSet(QStringLiteral("version"))) {
+        options.parser.showVersion();
     }
-    line.exitWhenShown = parser.isSet(options.exitWhenShown);
-    line.demo = parser.isSet(options.demo) || !line.pictures.isEmpty();
-    line.farEnd = parser.value(options.farEnd);
-    line.port = parser.value(options.port);
-    line.file = parser.positionalArguments().value(0);
-    line.board = readBoard(parser, line.demo);
-    if (parser.isSet(options.dark)) {
-        line.scheme = Scheme::Dark;
-    } else if (parser.isSet(options.light)) {
-        line.scheme = Scheme::Light;
+    if (known) {
+        endIfFaulty(options);
+    } else if (options.parser.unknownOptionNames().isEmpty()) {
+        endWith(fromQt(options.parser.errorText()));
     }
-    line.run = readRun(parser, options);
-    return line;
+    return options.plays();
 }
 
-bool wantsText(int argc, char** argv) {
-    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-        return argument == "--help" || argument == "-h" || argument == "--help-all" ||
-               argument == "--version" || argument == "-v";
-    });
-}
-
-bool playsTranscript(int argc, char** argv) {
-    return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
-        return argument == "--play" || argument.starts_with("--play=");
-    });
+CommandLine CommandLine::read(const QCoreApplication& application) {
+    nameProgram();
+    Options options;
+    options.parser.process(application);
+    endIfFaulty(options);
+    return options.taken();
 }
 
 } // namespace zor

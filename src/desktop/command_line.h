@@ -13,8 +13,11 @@ class QCoreApplication;
 
 namespace zor {
 
-/// What the program was started with.
+/// What the command line asks for.
 struct CommandLine {
+    /// The exit status of what cannot be done as it was asked for.
+    static constexpr int cannotBeDone = 2;
+
     bool demo = false;
     /// Who is on the air of the simulated board.
     QString farEnd;
@@ -30,14 +33,13 @@ struct CommandLine {
     QStringList board;
     /// A transcript to play without a window.
     TranscriptRun::Switches run;
+
+    /// Looks before there is a display, which text does not need: answers help and the version, tells what
+    /// cannot be asked for, and ends the program behind either. What is the toolkit's own is left to it.
+    /// @return whether a transcript is played, which needs no display either
+    [[nodiscard]] static bool lookAhead(int argc, char** argv);
+    /// Ends the program for what nobody knows.
+    [[nodiscard]] static CommandLine read(const QCoreApplication& application);
 };
-
-/// Ends the program, with a message, if its arguments make no sense; and behind what help and version print.
-CommandLine readCommandLine(const QCoreApplication& application);
-
-/// Help and version are text; they need no display.
-[[nodiscard]] bool wantsText(int argc, char** argv);
-/// A transcript is played where there may be no display.
-[[nodiscard]] bool playsTranscript(int argc, char** argv);
 
 } // namespace zor

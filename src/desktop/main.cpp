@@ -14,11 +14,9 @@
 #include "desktop/start_page.h"
 #include "desktop/transcript_run.h"
 #include "desktop/views/pictures.h"
-#include "desktop/widgets/colours.h"
 #include "desktop/widgets/instrument_style.h"
 #include "elements/watched_dialogs.h"
 #include "panels/common/chip_panel.h"
-#include "shell/about.h"
 #include "shell/main_window.h"
 #include "store/sqlite_register_store.h"
 #include "transcript/station.h"
@@ -49,31 +47,20 @@ zor::Subscription mountOnOpening(zor::Desk& desk, zor::DemoBoard& board,
     });
 }
 
-void nameProgram() {
-    QCoreApplication::setApplicationName(QStringLiteral("zor"));
-    QCoreApplication::setApplicationVersion(zor::toQt(zor::productVersion()));
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
     using namespace zor;
 
-    if (wantsText(argc, argv)) {
-        QCoreApplication application(argc, argv);
-        nameProgram();
-        readCommandLine(application);
-        return 0;
-    }
-    if (playsTranscript(argc, argv)) {
+    if (CommandLine::lookAhead(argc, argv)) {
+        // A transcript is played where there may be no display.
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    nameProgram();
     QApplication::setApplicationDisplayName(QString());
     // The main form says when the program ends.
     QApplication::setQuitOnLastWindowClosed(false);
-    CommandLine switches = readCommandLine(application);
+    CommandLine switches = CommandLine::read(application);
     QApplication::setStyle(new InstrumentStyle);
     QApplication::setWindowIcon(productIcon());
     if (switches.scheme) {
@@ -102,7 +89,7 @@ int main(int argc, char** argv) {
                                              << QStringLiteral("--trace"));
         if (terminal.isEmpty()) {
             std::fputs("zor: the simulated board cannot be started\n", stderr);
-            return 1;
+            return switches.run.file.isEmpty() ? 1 : CommandLine::cannotBeDone;
         }
         demoTerminal = fromQt(terminal);
         devices.addDevice(demoTerminal, "LoadBoard");
@@ -174,7 +161,7 @@ int main(int argc, char** argv) {
     if (!switches.run.file.isEmpty()) {
         run = std::make_unique<TranscriptRun>(main, station, watchedDialogs, switches.run);
         if (!run->load()) {
-            return 2;
+            return CommandLine::cannotBeDone;
         }
     }
     // Closing during the start-up ends the program too; there is nothing to run then.

@@ -6,6 +6,7 @@
 #include "shell/main_window.h"
 
 #include <cstdio>
+#include <utility>
 
 namespace zor {
 
@@ -47,6 +48,13 @@ void TranscriptRun::begin() {
             // The player is still at work on its last line.
             main.loop().startTimer(std::chrono::milliseconds(0), EventLoop::Repeat::Once,
                                    [this] { close(); });
+        }
+    }));
+    subscriptions.push_back(player.lineChanged.subscribe([this](std::size_t position) {
+        // The first line that changes has waited for the search.
+        if (position == 0 && player.done() == 0 && main.linkState() == LinkState::None &&
+            !std::exchange(toldNoBoard, true)) {
+            std::fputs("zor: no board was found; the transcript is played without one\n", stderr);
         }
     }));
     limit = main.loop().startTimer(switches.limit, EventLoop::Repeat::Once, [this] {

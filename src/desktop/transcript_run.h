@@ -48,6 +48,7 @@ class TranscriptRun {
     Switches switches;
     transcript::ScriptedDialogs quiet;
     EventLoop::TimerId limit = 0;
+    bool toldNoBoard = false;
     std::vector<Subscription> subscriptions;
 };
 
