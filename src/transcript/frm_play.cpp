@@ -95,7 +95,6 @@ FrmPlay::FrmPlay(Bench& ownBench, Player& ownPlayer)
 }
 
 void FrmPlay::unload() {
-    // Nobody would see any more how it goes.
     player.stop();
 }
 

@@ -14,8 +14,8 @@
 
 namespace zor::transcript {
 
-/// Plays a transcript: its lines with what became of each, how far it has come, and the ways to halt it. The
-/// player goes on without the window.
+/// Plays a transcript: its lines with what became of each, how far it has come, and the ways to halt it.
+/// Closing the window ends the play, for nobody would see any more how it goes.
 class FrmPlay : public Form {
   public:
     FrmPlay(Bench& ownBench, Player& ownPlayer);

@@ -38,13 +38,6 @@ bool isWord(const Statement& statement, std::size_t position, const char* word) 
            statement.tokens[position].text == word;
 }
 
-/// A transcript may let its board go on purpose.
-bool letsGo(const Statement& statement) {
-    return std::ranges::any_of(statement.tokens, [](const Token& token) {
-        return token.text == "main.Disconnect" || token.text == "main.LoadboardList" || token.text == "main";
-    });
-}
-
 bool isCheck(const Statement& statement) {
     auto rows = checkStatements();
     auto names = [&](std::string_view name) {
@@ -58,7 +51,15 @@ bool isCheck(const Statement& statement) {
 
 Player::Player(MainWindow& program, WatchedDialogs& dialogs)
     : main(program)
-    , watched(dialogs) {}
+    , watched(dialogs)
+    , board(program) {
+    board.portClosed = [this] {
+        if (ownState == State::Playing && !busy && pausing()) {
+            // Nobody waits for the end of a pause whose board has gone.
+            schedule(0ms);
+        }
+    };
+}
 
 Player::~Player() {
     main.loop().stopTimer(timer);
@@ -106,7 +107,6 @@ void Player::begin() {
     scene.reset();
     scene = std::make_unique<LiveScene>(main, watched, ownFile.parent_path());
     begun = end = main.loop().now();
-    hadBoard = false;
 }
 
 void Player::hold(bool held) {
@@ -153,6 +153,8 @@ void Player::step() {
         return;
     }
     single = true;
+    // A pause that was halted is over with it.
+    pauseEnd = main.loop().now();
     scene->setAnswering(true);
     setState(State::Playing);
     schedule(0ms);
@@ -188,37 +190,29 @@ void Player::schedule(EventLoop::Duration time) {
     });
 }
 
-bool Player::connected() const {
-    return main.linkState() == LinkState::Connected || main.linkState() == LinkState::DataMode;
-}
-
-/// The program looks for boards, or takes the only one that it found; of several the transcript chooses.
-bool Player::searching() const {
-    LinkState state = main.linkState();
-    return state == LinkState::Searching || main.bench().link.CommState() != 0 ||
-           (state == LinkState::Choosing && main.linkBar.LoadboardList.entries().size() == 1) ||
-           (state != LinkState::Choosing && state != LinkState::DataMode && !main.menu.View.active());
-}
-
-/// Why the play cannot go on; empty if it can.
-std::string Player::hindrance() const {
-    if (main.isClosed() || main.loop().leaving()) {
-        return "the program was closed";
-    }
-    return hadBoard && !connected() ? "the board is no longer connected" : std::string();
+bool Player::pausing() const {
+    return at > 0 && played[at - 1].result == PlayedLine::Result::Running;
 }
 
 void Player::next() {
     if (ownState != State::Playing || busy) {
         return;
     }
-    if (at == 0 && searching() && main.loop().now() - begun < searchTime) {
-        // The first statement finds the program as a user would who waited for its search.
-        schedule(searchLook);
+    if (at == 0) {
+        if (board.searching() && main.loop().now() - begun < searchTime) {
+            // The first statement finds the program as a user would who waited for its search.
+            schedule(searchLook);
+            return;
+        }
+        board.begin();
+    }
+    std::string hindrance = board.hindrance();
+    EventLoop::Duration left = pauseEnd - main.loop().now();
+    if (pausing() && left > 0ms && hindrance.empty()) {
+        schedule(left);
         return;
     }
-    if (at > 0 && played[at - 1].result == PlayedLine::Result::Running) {
-        // A pause that is over.
+    if (pausing() && left <= 0ms) {
         settle(at - 1, PlayedLine::Result::Passed);
         if (std::exchange(single, false) && at < statements.size()) {
             scene->setAnswering(false);
@@ -226,8 +220,8 @@ void Player::next() {
             return;
         }
     }
-    if (std::string reason = hindrance(); !reason.empty() && at < statements.size()) {
-        finish(reason);
+    if (!hindrance.empty() && (pausing() || at < statements.size())) {
+        finish(hindrance);
         return;
     }
     if (scene->lateFailure) {
@@ -248,7 +242,8 @@ void Player::carryOutNext() {
     if (isWord(statement, 0, "run")) {
         // Nothing waits inside anything else for a pause.
         ++at;
-        schedule(Arguments(statement).time(0));
+        pauseEnd = lineBegun + Arguments(statement).time(0);
+        schedule(pauseEnd - lineBegun);
         changed.emit();
         return;
     }
@@ -260,7 +255,7 @@ void Player::carryOutNext() {
         finish(stopReason);
         return;
     }
-    hadBoard = connected() && !letsGo(statement);
+    board.carriedOut(statement);
     if (main.isClosed()) {
         leave();
         return;

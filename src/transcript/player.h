@@ -5,6 +5,7 @@
 #include "elements/watched_dialogs.h"
 #include "platform/event_loop.h"
 #include "transcript/live_scene.h"
+#include "transcript/played_board.h"
 #include "transcript/transcript.h"
 
 #include <cstddef>
@@ -93,9 +94,7 @@ class Player {
     void failLine(int line, const std::string& message);
     void finish(const std::string& reason = {});
     void setState(State state);
-    [[nodiscard]] bool searching() const;
-    [[nodiscard]] bool connected() const;
-    [[nodiscard]] std::string hindrance() const;
+    [[nodiscard]] bool pausing() const;
 
     MainWindow& main;
     WatchedDialogs& watched;
@@ -115,8 +114,9 @@ class Player {
     bool busy = false;
     bool single = false;
     bool isHeld = false;
-    /// A board was there when the last statement ended, and the transcript did not let it go itself.
-    bool hadBoard = false;
+    PlayedBoard board;
+    /// When the transcript's pause is over that is under way.
+    EventLoop::Duration pauseEnd{};
 };
 
 /// The result of a play as the XML that build servers read: a test case a statement.

@@ -146,9 +146,32 @@ TEST_F(PlayerTest, EndsWhenTheUserDisconnectsButNotWhenTheTranscriptDoes) {
     load("click main.mnutoolsTerminal\nrun 1000\nopen Terminal\n");
     player().play();
     carry("run 500\nclick main.Disconnect\nrun 5000");
-    EXPECT_EQ(failed(), "3: the board is no longer connected");
+    // In the very pause in which it went.
+    EXPECT_EQ(failed(), "2: the board is no longer connected");
     carry("click main.Connect\nrun 3000\nport open");
     play("click main.Disconnect\nport closed\nclick main.Connect\nwithin 5000 port open\n");
+    EXPECT_TRUE(player().passed()) << failed();
+}
+
+TEST_F(PlayerTest, ABoardThatGoesEndsEvenTheFirstAndLastPauseAtOnce) {
+    load("run 600000\n");
+    player().play();
+    carry("run 500\nboard 1 unplug\nrun 2000");
+    EXPECT_EQ(player().state(), State::Ended);
+    EXPECT_EQ(failed(), "1: the board is no longer connected");
+}
+
+TEST_F(PlayerTest, APauseOutlastsDataModeAndAHaltInIt) {
+    carry("clock");
+    load("run 1000\nrun 3000\nport closed\n");
+    player().play();
+    carry("run 500\nchoose main.CB_Mode \"Data Mode\"\nrun 1000");
+    player().pause();
+    carry("run 100");
+    player().play();
+    carry("run 1000");
+    EXPECT_EQ(player().state(), State::Playing);
+    carry("run 3000");
     EXPECT_TRUE(player().passed()) << failed();
 }
 
