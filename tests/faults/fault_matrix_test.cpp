@@ -5,6 +5,7 @@
 #include "faults/sending_actions.h"
 #include "shell/tool_table.h"
 #include "simulator/faulty_line.h"
+#include "transcript/station.h"
 
 #include <gtest/gtest.h>
 
@@ -50,6 +51,8 @@ class FaultyBench : public VirtualBench {
 
   private:
     std::unique_ptr<sim::FaultyLine> line;
+    /// What plays transcripts.
+    transcript::Station station{main(), watchedDialogs};
 };
 
 std::vector<Fault> spoiledAnswers() {
@@ -120,6 +123,11 @@ std::vector<Fault> deskFaults() {
          [](VirtualBench& bench, const SendingAction&) {
              board(bench).setDelay(300ms);
              bench.after(30ms, [&bench] { bench.at("main", "Disconnect").click(); });
+         }},
+        {"data mode while it waits",
+         [](VirtualBench& bench, const SendingAction&) {
+             board(bench).setDelay(300ms);
+             bench.after(30ms, [&bench] { bench.at("main", "CB_Mode").choosePosition(1); });
          }},
     };
 }

@@ -3,6 +3,7 @@
 
 #include "eeprom/eeprom.h"
 #include "faults/link_actions.h"
+#include "faults/play_actions.h"
 #include "host/files.h"
 #include "panels/common/chip_panel.h"
 #include "panels/common/forecast.h"
@@ -415,8 +416,9 @@ std::vector<SendingAction> sendingActions() {
                            bench.at("Frm_GenHeader", "PB_Generate").click();
                        }
                    }});
-    for (SendingAction& action : linkActions()) {
-        all.push_back(std::move(action));
+    for (std::vector<SendingAction>& more :
+         std::vector<std::vector<SendingAction>>{linkActions(), playActions()}) {
+        all.insert(all.end(), std::make_move_iterator(more.begin()), std::make_move_iterator(more.end()));
     }
     for (int index = 0; index < 3; ++index) {
         all.push_back({"Selector_" + std::to_string(index), "", nullptr,
