@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // `Measure`: the chip's states as lines on the wire, and what becomes of the readings.
-#include "link/connect.h"
+#include "link/board_name.h"
 #include "link/wire_recorder.h"
 #include "panels/common/chip_panel.h"
 #include "panels/common/forecast.h"
@@ -148,11 +148,7 @@ void Forecast::tellOutcome(std::string text) {
 }
 
 void Forecast::keepReadings() {
-    std::string board = "generation 2";
-    if (bench.link.UsbLocation != 0) {
-        board += ", location " + std::to_string(bench.link.UsbLocation);
-    }
-    board += ", port " + std::to_string(bench.connect->portNumber());
+    std::string board = boardName(bench);
     std::string time = dateText(bench.wireRecorder->wallClock(bench.platform.loop.now()));
     std::vector<MeasuredCurrent> fresh;
     for (const CurrentWalk::Reading& reading : walk.readings()) {
