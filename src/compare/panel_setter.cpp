@@ -54,6 +54,22 @@ const ControlWord* wordNamed(const ChipPanel& panel, const std::string& name) {
     return found == panel.words().end() ? nullptr : *found;
 }
 
+/// The band that the words name; nothing if they name none.
+std::optional<int> wantedBand(const ChipPanel& panel, const WantedSettings& wanted) {
+    const Element* options = panel.band(panel.traits().offeredBands.front());
+    for (const auto& [name, value] : wanted.words) {
+        const ControlWord* word = wordNamed(panel, name);
+        for (const BitField& field : word == nullptr ? std::vector<BitField>() : word->fields()) {
+            if (std::ranges::any_of(field.parts, [options](const FieldPart& part) {
+                    return part.setting.element == options;
+                })) {
+                return ControlWord::part(value, field);
+            }
+        }
+    }
+    return std::nullopt;
+}
+
 /// Puts all that is wanted; a panel that refuses is left half way.
 std::vector<RefusedBits> put(ChipPanel& panel, const WantedSettings& wanted) {
     std::vector<RefusedBits> refused;
@@ -62,6 +78,12 @@ std::vector<RefusedBits> put(ChipPanel& panel, const WantedSettings& wanted) {
         putCrystal(panel, *wanted.crystal, refused);
     }
     // The revision has declared the words anew, and the crystal has rebuilt the lists.
+    std::optional<int> band = wantedBand(panel, wanted);
+    bool stays = band && *band == panel.bandField();
+    bool calibrationDue = panel.LabelCalibration.visible();
+    if (band) {
+        forgetBandBefore(panel);
+    }
     SettingsPlan plan;
     for (const auto& [name, value] : wanted.words) {
         if (const ControlWord* word = wordNamed(panel, name)) {
@@ -75,6 +97,9 @@ std::vector<RefusedBits> put(ChipPanel& panel, const WantedSettings& wanted) {
         return refused;
     }
     plan.carryOut();
+    if (stays) {
+        panel.LabelCalibration.setVisible(calibrationDue);
+    }
     return plan.missed();
 }
 

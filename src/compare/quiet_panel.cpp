@@ -7,6 +7,8 @@
 #include "panels/common/panel_memory.h"
 #include "support/error.h"
 
+#include <algorithm>
+
 namespace zor {
 
 class QuietPanel::NoTools : public Tools {
@@ -40,7 +42,18 @@ void QuietPanel::take(ChipPanel& chip) {
     PanelMemory(chip).putTo(*own);
 }
 
+void forgetBandBefore(ChipPanel& panel) {
+    const PanelTraits& traits = panel.traits();
+    bool leans = std::ranges::any_of(traits.offeredBands, [&traits](Band band) {
+        return !bandConstants(*traits.bands, band).base.has_value();
+    });
+    if (leans) {
+        panel.band(traits.startBand)->choose();
+    }
+}
+
 void takeWholeFile(ChipPanel& panel, const std::string& bytes) {
+    forgetBandBefore(panel);
     std::string before = panel.Revision.text();
     panel.readConfiguration(bytes);
     if (panel.Revision.text() != before) {

@@ -40,6 +40,10 @@ class QuietPanel {
     std::unique_ptr<ChipPanel> own;
 };
 
+/// A band without a base of its own takes that of the band before it. What is set from elsewhere shall not
+/// depend on what the user had chosen before: it is put as on a panel that was just opened.
+void forgetBandBefore(ChipPanel& panel);
+
 /// Puts a configuration file's settings in force as the file says them; nothing is sent. The revision stands
 /// behind what it bears on, and a change of it begins these anew: so the file is read until it stands.
 /// Throws ToolError.

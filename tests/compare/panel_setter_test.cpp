@@ -2,7 +2,8 @@
 // Headers and words read backwards, for every chip and over what a user can set.
 #include "compare/panel_setter.h"
 
-#include "compare/devices.h"
+#include "compare/each_device.h"
+#include "compare/quiet_panel.h"
 #include "elements/list_box.h"
 #include "panels/common/settings_plan.h"
 #include "panels/random_user.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 namespace zor {
 
@@ -45,10 +47,9 @@ std::string told(const std::vector<RefusedBits>& refused) {
 
 } // namespace
 
-class SetFrom : public ::testing::TestWithParam<Device> {};
+class SetFrom : public testing::OnEachDevice {};
 
-INSTANTIATE_TEST_SUITE_P(Devices, SetFrom, ::testing::ValuesIn(allDevices()),
-                         [](const auto& device) { return std::string(device.param.name); });
+INSTANTIATE_TEST_SUITE_P(Devices, SetFrom, ::testing::ValuesIn(allDevices()), testing::DeviceName());
 
 TEST_P(SetFrom, AHeaderGivesAnotherPanelTheSameWords) {
     DeviceBench source(GetParam());
@@ -166,6 +167,54 @@ TEST_P(SetFrom, OneWordLeavesTheOthersAsTheyAre) {
             }
         }
         bench.dialogs.boxes.clear();
+    }
+}
+
+TEST_P(SetFrom, WhatItBecomesDoesNotDependOnTheBandBefore) {
+    DeviceBench bench(GetParam());
+    ChipPanel& panel = bench.panel();
+    auto choose = [&panel](Band which) {
+        Option* option = panel.band(which);
+        return option->visible() && (option->chosen() || option->click());
+    };
+    for (Band wantedBand : panel.traits().offeredBands) {
+        if (!choose(wantedBand)) {
+            continue;
+        }
+        panel.FreqCenter.type("1");
+        WantedSettings wanted;
+        for (const ControlWord* word : panel.words()) {
+            wanted.words.emplace_back(word->name(), word->value() + (word == &panel.Freqw ? 1000 : 0));
+        }
+        std::string file = panel.savedConfiguration();
+        std::set<std::string> byWords;
+        std::set<std::string> byFile;
+        for (Band before : panel.traits().offeredBands) {
+            for (Band beforeThat : panel.traits().offeredBands) {
+                if (!choose(beforeThat) || !choose(before)) {
+                    continue;
+                }
+                ASSERT_EQ(told(setPanel(bench.shared(), panel, wanted)), "");
+                byWords.insert(panel.savedConfiguration());
+                ASSERT_TRUE(choose(beforeThat) && choose(before));
+                takeWholeFile(panel, file);
+                byFile.insert(panel.savedConfiguration());
+            }
+        }
+        EXPECT_EQ(byWords.size(), 1U) << ::testing::PrintToString(byWords);
+        EXPECT_EQ(byFile.size(), 1U) << ::testing::PrintToString(byFile);
+    }
+}
+
+TEST_P(SetFrom, AWordOfTheSameBandAsksForNoCalibration) {
+    DeviceBench bench(GetParam());
+    ChipPanel& panel = bench.panel();
+    panel.LabelCalibration.setVisible(false);
+    WantedSettings wanted;
+    // The load capacitance alone.
+    wanted.words.emplace_back(panel.Ctrlw.name(), panel.Ctrlw.value() ^ 0x10U);
+    if (setPanel(bench.shared(), panel, wanted).empty()) {
+        EXPECT_FALSE(panel.LabelCalibration.visible());
     }
 }
 

@@ -5,7 +5,6 @@
 #include "elements/tab_strip.h"
 #include "support/error.h"
 #include "support/numbers.h"
-#include "support/record_file.h"
 
 #include <algorithm>
 #include <optional>
@@ -52,7 +51,8 @@ void putSetting(Element& element, const std::string& value) {
 } // namespace
 
 PanelMemory::PanelMemory(ChipPanel& panel)
-    : configuration(panel.savedConfiguration())
+    : state(std::in_place, panel, panel)
+    , configuration(panel.savedConfiguration())
     , updateNeeded(panel.LabelUpdate.visible())
     , calibrationNeeded(panel.LabelCalibration.visible())
     , statusShown(panel.statusShown())
@@ -71,81 +71,9 @@ PanelMemory::PanelMemory(ChipPanel& panel)
             page = strip->page();
         }
     }
-}
-
-namespace {
-
-/// A text that a line of a file can hold, whatever is in it.
-std::string escaped(const std::string& text) {
-    std::string line;
-    for (char c : text) {
-        if (c == '%' || c == '"' || c == '\r' || c == '\n') {
-            line += "%" + hexText(static_cast<unsigned char>(c), 2);
-        } else {
-            line += c;
-        }
+    for (const KeptPart& part : panel.keptParts()) {
+        values.push_back(part.take());
     }
-    return line;
-}
-
-std::string unescaped(const std::string& line) {
-    std::string text;
-    for (std::size_t place = 0; place < line.size(); ++place) {
-        if (line[place] == '%' && place + 2 < line.size()) {
-            text += static_cast<char>(readHex(line.substr(place + 1, 2)).value_or('?'));
-            place += 2;
-        } else {
-            text += line[place];
-        }
-    }
-    return text;
-}
-
-using Texts = std::map<std::string, std::string>;
-
-void writeTexts(RecordWriter& writer, const Texts& texts) {
-    writer.integer(static_cast<std::int64_t>(texts.size()));
-    for (const auto& [name, text] : texts) {
-        writer.text(name);
-        writer.text(escaped(text));
-    }
-}
-
-Texts readTexts(RecordReader& reader) {
-    Texts texts;
-    for (std::int32_t left = reader.integer(); left > 0; --left) {
-        std::string name = reader.text();
-        texts[name] = unescaped(reader.text());
-    }
-    return texts;
-}
-
-} // namespace
-
-PanelMemory::PanelMemory(std::string_view bytes) {
-    RecordReader reader{std::string(bytes)};
-    calibrationNeeded = reader.boolean();
-    statusShown = reader.boolean();
-    page = reader.integer();
-    file.path = unescaped(reader.text());
-    file.content = unescaped(reader.text());
-    configuration = unescaped(reader.text());
-    settings = readTexts(reader);
-    results = readTexts(reader);
-    updateNeeded = true;
-}
-
-std::string PanelMemory::written() const {
-    RecordWriter writer;
-    writer.boolean(calibrationNeeded);
-    writer.boolean(statusShown);
-    writer.integer(page);
-    writer.text(escaped(file.path));
-    writer.text(escaped(file.content));
-    writer.text(escaped(configuration));
-    writeTexts(writer, settings);
-    writeTexts(writer, results);
-    return writer.bytes();
 }
 
 void PanelMemory::forgetSent() {
@@ -154,20 +82,43 @@ void PanelMemory::forgetSent() {
 }
 
 void PanelMemory::putTo(ChipPanel& panel) const {
-    putFile(panel);
-    // A setting's action may move another one, so what still differs is put again.
-    for (int time = 0; time < 3; ++time) {
-        putSettings(panel);
+    if (state) {
+        state->putTo(panel, panel);
+    } else {
+        putLines(panel);
     }
     putMarks(panel);
 }
 
-void PanelMemory::putFile(ChipPanel& panel) const {
+void PanelMemory::putLines(ChipPanel& panel) const {
     try {
         panel.readConfiguration(configuration);
     } catch (const ToolError&) {
         // A text that a file cannot hold ends it early; what follows brings the rest.
     }
+    putValues(panel);
+    // A setting's action may move another one, so what still differs is put again.
+    for (int time = 0; time < 3; ++time) {
+        putSettings(panel);
+    }
+    putValues(panel);
+}
+
+void PanelMemory::putValues(ChipPanel& panel) const {
+    KeptParts parts = panel.keptParts();
+    bool same = parts.size() == values.size();
+    for (std::size_t place = 0; same && place < parts.size(); ++place) {
+        same = parts[place].take().index() == values[place].index();
+    }
+    if (!same) {
+        // Another version of the program kept them; the settings alone have to do.
+        return;
+    }
+    for (std::size_t place = 0; place < parts.size(); ++place) {
+        parts[place].put(values[place]);
+    }
+    panel.partsPutBack();
+    panel.elementsPutBack(panel.elements());
 }
 
 void PanelMemory::putSettings(ChipPanel& panel) const {
