@@ -4,7 +4,6 @@
 #include "elements/list_box.h"
 #include "elements/options.h"
 #include "elements/range.h"
-#include "elements/text_field.h"
 #include "elements/tick_box.h"
 
 #include <algorithm>
@@ -13,6 +12,16 @@ namespace zor::testing {
 
 int RandomUser::upTo(int highest) {
     return std::uniform_int_distribution<int>(0, highest)(random);
+}
+
+std::string RandomUser::anyNumber() {
+    static const int scales[] = {1, 6, 40, 260, 1000, 20000};
+    double number = upTo(scales[upTo(5)]) + upTo(9999) / 10000.0;
+    return std::to_string(number);
+}
+
+void RandomUser::typeIn(TextField& field) {
+    field.type(anyNumber());
 }
 
 void RandomUser::set(Form& panel) {
@@ -35,9 +44,7 @@ void RandomUser::set(Element& element) {
     } else if (auto* arrows = dynamic_cast<UpDown*>(&element)) {
         upTo(1) == 1 ? arrows->stepUp() : arrows->stepDown();
     } else if (auto* field = dynamic_cast<TextField*>(&element)) {
-        static const int scales[] = {1, 6, 40, 260, 1000, 20000};
-        double number = upTo(scales[upTo(5)]) + upTo(9999) / 10000.0;
-        field->type(std::to_string(number));
+        typeIn(*field);
     }
 }
 

@@ -2,8 +2,10 @@
 #pragma once
 
 #include "elements/form.h"
+#include "elements/text_field.h"
 
 #include <random>
+#include <string>
 
 namespace zor::testing {
 
@@ -13,13 +15,22 @@ class RandomUser {
     explicit RandomUser(unsigned seed)
         : random(seed) {}
 
+    RandomUser(const RandomUser&) = delete;
+    RandomUser& operator=(const RandomUser&) = delete;
+    virtual ~RandomUser() = default;
+
     /// Acts on each element of the panel that takes a setting, in an order of his own, and may be refused.
     void set(Form& panel);
-
-  private:
-    int upTo(int highest);
+    /// Acts on this one, if it takes a setting.
     void set(Element& element);
 
+  protected:
+    [[nodiscard]] int upTo(int highest);
+    [[nodiscard]] std::string anyNumber();
+    /// Types a number and Enter; another user may have other habits.
+    virtual void typeIn(TextField& field);
+
+  private:
     std::mt19937 random;
 };
 

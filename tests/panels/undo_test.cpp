@@ -5,12 +5,12 @@
 #include "elements/history.h"
 #include "panels/all_panels.h"
 #include "panels/panel_bench.h"
+#include "panels/random_user.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <map>
-#include <random>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -65,12 +65,11 @@ Everything everythingOf(ChipPanel& panel) {
     return all;
 }
 
-/// Somebody who does anything that sets something.
-class Walker {
+/// A user who sets one thing after the other, leaves some of what he types as it stands, and types nonsense.
+class Walker : public testing::RandomUser {
   public:
-    Walker(ChipPanel& ownPanel, unsigned seed)
-        : panel(ownPanel)
-        , random(seed) {
+    Walker(ChipPanel& panel, unsigned seed)
+        : RandomUser(seed) {
         for (Element* element : panel.elements()) {
             if (panel.isSetting(*element) || dynamic_cast<UpDown*>(element) != nullptr) {
                 settings.push_back(element);
@@ -84,45 +83,29 @@ class Walker {
             return field != nullptr && field->typedIn();
         });
     }
-    void step() { act(*settings[static_cast<std::size_t>(upTo(static_cast<int>(settings.size()) - 1))]); }
+    void step() { set(*settings[static_cast<std::size_t>(upTo(static_cast<int>(settings.size()) - 1))]); }
 
-  private:
-    int upTo(int highest) { return std::uniform_int_distribution<int>(0, highest)(random); }
-
-    void act(Element& element) {
-        if (auto* list = dynamic_cast<ListBox*>(&element)) {
-            list->choosePosition(upTo(static_cast<int>(list->entries().size()) - 1));
-        } else if (auto* tick = dynamic_cast<TickBox*>(&element)) {
-            tick->click();
-        } else if (auto* option = dynamic_cast<Option*>(&element)) {
-            option->click();
-        } else if (auto* slider = dynamic_cast<Slider*>(&element)) {
-            slider->slide(slider->minimum() + upTo(slider->maximum() - slider->minimum()));
-        } else if (auto* arrows = dynamic_cast<UpDown*>(&element)) {
-            upTo(1) == 1 ? arrows->stepUp() : arrows->stepDown();
-        } else if (auto* field = dynamic_cast<TextField*>(&element)) {
-            static const int scales[] = {1, 6, 12, 260, 1000, 20000};
-            std::string number = std::to_string(upTo(scales[upTo(5)])) + "." + std::to_string(upTo(9999));
-            switch (upTo(5)) {
-            case 0:
-                field->edit(number);
-                break;
-            case 1:
-                field->edit(number);
-                field->leave();
-                break;
-            case 2:
-                field->type("odd " + number);
-                break;
-            default:
-                field->type(number);
-                break;
-            }
+  protected:
+    void typeIn(TextField& field) override {
+        std::string number = anyNumber();
+        switch (upTo(5)) {
+        case 0:
+            field.edit(number);
+            break;
+        case 1:
+            field.edit(number);
+            field.leave();
+            break;
+        case 2:
+            field.type("odd " + number);
+            break;
+        default:
+            field.type(number);
+            break;
         }
     }
 
-    ChipPanel& panel;
-    std::mt19937 random;
+  private:
     std::vector<Element*> settings;
 };
 
