@@ -212,10 +212,14 @@ TEST_P(SetFrom, AWordOfTheSameBandAsksForNoCalibration) {
     panel.LabelCalibration.setVisible(false);
     WantedSettings wanted;
     // The load capacitance alone.
-    wanted.words.emplace_back(panel.Ctrlw.name(), panel.Ctrlw.value() ^ 0x10U);
-    if (setPanel(bench.shared(), panel, wanted).empty()) {
-        EXPECT_FALSE(panel.LabelCalibration.visible());
-    }
+    const std::vector<BitField>& fields = panel.Ctrlw.fields();
+    auto field = std::ranges::find(fields, &panel.Cxtal, &BitField::source);
+    ASSERT_NE(field, fields.end());
+    std::uint32_t value = panel.Ctrlw.value() ^ 1U << static_cast<unsigned>(field->lowBit);
+    wanted.words.emplace_back(panel.Ctrlw.name(), value);
+    ASSERT_EQ(told(setPanel(bench.shared(), panel, wanted)), "");
+    EXPECT_EQ(panel.Ctrlw.value(), value);
+    EXPECT_FALSE(panel.LabelCalibration.visible());
 }
 
 TEST(SetFromHeader, AHeaderOfTheOtherGenerationBringsItsRevision) {

@@ -58,6 +58,13 @@ Everything everythingOf(ChipPanel& panel) {
     for (const ControlWord* word : panel.words()) {
         all["value of " + word->name()] = std::to_string(word->value());
         all["chip's " + word->name()] = word->lastSent();
+        std::string& readBack = all["table of " + word->name()];
+        for (const BitField& field : word->fields()) {
+            readBack += field.name + std::to_string(field.highBit) + ":" + std::to_string(field.lowBit);
+            for (const FieldPart& part : field.parts) {
+                readBack += " " + std::to_string(part.width) + " " + part.setting.offered() + ";";
+            }
+        }
     }
     all["file"] = panel.savedConfiguration();
     all["crystal"] = std::to_string(panel.GetXtalFrequency());
@@ -138,7 +145,7 @@ TYPED_TEST(UndoOnPanels, AWalkUndoneToItsBeginningAndDoneAgainIsExact) {
         for (int made = 0; made < gestures; ++made) {
             std::size_t before = history.count();
             walker.step();
-            if (made % 20 == 0 && history.count() > before && !walker.typing()) {
+            if (made % 10 == 0 && history.count() > before && !walker.typing()) {
                 onTheWay[history.number(history.count() - 1)] = everythingOf(panel);
             }
         }

@@ -60,25 +60,40 @@ ConfigurationLines OpalV2::configuration() {
          {supplyLine(), textLine(Modulation), textLine(Revision), textLine(LBD)}});
 }
 
+int OpalV2::powerBits() const {
+    return revisionFlag == 0 ? 2 : 3;
+}
+
 int OpalV2::ookMark() const {
-    // The power step has two bits on the old revision, three on the new one.
-    return revisionFlag == 0 ? 4 : 8;
+    // The keying stands above the power step.
+    return 1 << powerBits();
+}
+
+void OpalV2::layOutPowerWord() {
+    definePowerWord(powerBits());
+    laidOutFor = revisionFlag;
+}
+
+void OpalV2::partsPutBack() {
+    if (laidOutFor != revisionFlag) {
+        layOutPowerWord();
+    }
 }
 
 void OpalV2::Revision_Click() {
     if (Revision.text() == oldRevision && revisionFlag != 0) {
-        switchRevision(0, 2, Yellow);
+        switchRevision(0, Yellow);
     }
     if (Revision.text() == newRevision && revisionFlag != 1) {
-        switchRevision(1, 3, Green);
+        switchRevision(1, Green);
     }
     powerChanged();
 }
 
-void OpalV2::switchRevision(int flag, int powerBits, const Swatch& colour) {
+void OpalV2::switchRevision(int flag, const Swatch& colour) {
     revisionFlag = flag;
-    definePowerWord(powerBits);
-    OutputPower.fill(outputPowers(std::size_t{1} << static_cast<unsigned>(powerBits)));
+    layOutPowerWord();
+    OutputPower.fill(outputPowers(std::size_t{1} << static_cast<unsigned>(powerBits())));
     OutputPower.selectText("Pmax");
     Revision.setBackground(colour.background());
 }

@@ -21,6 +21,7 @@ class OpalV2 : public AutoPowerTransmitter {
     void SetFrameMode() override;
 
     [[nodiscard]] KeptParts keptParts() override;
+    void partsPutBack() override;
 
   protected:
     void setDefaults() override;
@@ -30,10 +31,15 @@ class OpalV2 : public AutoPowerTransmitter {
 
   private:
     void Revision_Click();
-    void switchRevision(int flag, int powerBits, const Swatch& colour);
+    void switchRevision(int flag, const Swatch& colour);
+    /// Bits of the power step: two on the old revision, three on the new one.
+    [[nodiscard]] int powerBits() const;
+    void layOutPowerWord();
 
     /// 0 for "'C' or below", 1 for "'D' or above".
     int revisionFlag = 1;
+    /// What the power word was declared for.
+    int laidOutFor = 1;
 };
 
 } // namespace zor
