@@ -2,13 +2,9 @@
 #include "utilities/wire_log.h"
 
 #include "host/file_backup.h"
-#include "support/numbers.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
-#include <cstdio>
-#include <ctime>
 #include <utility>
 
 namespace zor {
@@ -37,106 +33,12 @@ std::vector<GridColumn> columns() {
             {"Meaning", Access::ReadOnly, 44, false}};
 }
 
-std::string milliseconds(EventLoop::Duration time) {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%lld.%03lld", static_cast<long long>(time.count() / 1000),
-                  static_cast<long long>(time.count() % 1000));
-    return text.data();
-}
-
-std::string timeOfDay(std::chrono::system_clock::time_point moment) {
-    std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
-    auto rest = std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()) % 1000;
-    std::array<char, 16> clock{};
-    if (const std::tm* local = std::localtime(&seconds)) {
-        std::strftime(clock.data(), clock.size(), "%H:%M:%S", local);
-    }
-    std::array<char, 24> text{};
-    std::snprintf(text.data(), text.size(), "%s.%03d", clock.data(), static_cast<int>(rest.count()));
-    return text.data();
-}
-
-/// What stands out beside the word for a result, and not by its colour alone.
-const char* signOf(WireEntry::Result result) {
-    switch (result) {
-    case WireEntry::Result::Refused:
-        return "!";
-    case WireEntry::Result::NoAnswer:
-        return "?";
-    case WireEntry::Result::PortGone:
-        return "x";
-    case WireEntry::Result::Answered:
-    case WireEntry::Result::NotAwaited:
-    case WireEntry::Result::Unasked:
-        break;
-    }
-    return "";
-}
-
-/// Without the prompt and the separators around it; what stands in front of it is what was asked for.
-std::string shownAnswer(const WireEntry& entry) {
-    struct Ending {
-        WireEntry::Result result;
-        std::string_view prompt;
-        const char* word;
-    };
-    static constexpr std::array<Ending, 2> endings = {{
-        {WireEntry::Result::Answered, "\n\rOK\n\r>", "OK"},
-        {WireEntry::Result::Refused, "ERROR\n\r>", "ERROR"},
-    }};
-    std::string_view answer = entry.answer;
-    for (const Ending& ending : endings) {
-        if (entry.result != ending.result || !answer.ends_with(ending.prompt)) {
-            continue;
-        }
-        answer.remove_suffix(ending.prompt.size());
-        std::size_t first = answer.find_first_not_of(" \r\n");
-        if (first == std::string_view::npos) {
-            return ending.word;
-        }
-        return printable(answer.substr(first, answer.find_last_not_of(" \r\n") + 1 - first));
-    }
-    return printable(answer);
-}
-
 bool holds(std::string_view text, std::string_view part) {
     auto same = [](unsigned char a, unsigned char b) { return std::tolower(a) == std::tolower(b); };
     return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
 }
 
-std::string quoted(const std::string& cell) {
-    std::string text = "\"";
-    for (char c : cell) {
-        text += c;
-        if (c == '"') {
-            text += c;
-        }
-    }
-    return text + '"';
-}
-
-std::string withoutLineEnd(const std::string& line) {
-    std::size_t last = line.find_last_not_of("\r\n");
-    return last == std::string::npos ? std::string() : line.substr(0, last + 1);
-}
-
 } // namespace
-
-std::string printable(std::string_view bytes) {
-    std::string text;
-    for (char c : bytes) {
-        if (c == '\r') {
-            text += "\\r";
-        } else if (c == '\n') {
-            text += "\\n";
-        } else if (c >= ' ' && c <= '~') {
-            text += c;
-        } else {
-            text += "\\x" + hexText(static_cast<unsigned char>(c), 2);
-        }
-    }
-    return text;
-}
 
 WireLog::WireLog(Bench& ownBench)
     : Form(ownBench.desk, "frm_WireLog", "Wire Log")
@@ -210,20 +112,6 @@ bool WireLog::passes(const WireEntry& entry) const {
            holds(entry.meaning, wanted) || holds(word, wanted);
 }
 
-GridRow WireLog::rowOf(const WireEntry& entry) const {
-    bool wrong = *signOf(entry.result) != '\0';
-    CellLook strength = wrong ? CellLook::Wrong : CellLook::Plain;
-    return {{signOf(entry.result), wrong ? CellLook::Wrong : CellLook::Mark},
-            {milliseconds(entry.time), CellLook::Soft},
-            {timeOfDay(recorder.wallClock(entry.time)), CellLook::Soft},
-            {entry.port == 0 ? std::string() : "Com" + std::to_string(entry.port), CellLook::Soft},
-            {printable(withoutLineEnd(entry.line)), strength},
-            {shownAnswer(entry), CellLook::Plain},
-            {milliseconds(entry.length), CellLook::Soft},
-            {wordOf(entry.result), strength},
-            {entry.meaning, CellLook::Plain}};
-}
-
 void WireLog::refill() {
     std::vector<GridRow> rows;
     shown.clear();
@@ -284,32 +172,6 @@ void WireLog::showCount() {
         }
     }
     Count.setCaption(text + "; the last " + std::to_string(WireRecorder::capacity) + " are kept");
-}
-
-std::string WireLog::asText() const {
-    std::string text;
-    for (std::size_t row = 0; row < Log.rowCount(); ++row) {
-        for (std::size_t column = 0; column < Log.columns().size(); ++column) {
-            text += (column == 0 ? "" : "\t") + Log.cell(row, column).text;
-        }
-        text += "\r\n";
-    }
-    return text;
-}
-
-std::string WireLog::asCsv() const {
-    std::string text;
-    for (std::size_t column = 0; column < Log.columns().size(); ++column) {
-        text += (column == 0 ? "" : ",") + quoted(column == 0 ? "Sign" : Log.columns()[column].caption);
-    }
-    text += "\r\n";
-    for (std::size_t row = 0; row < Log.rowCount(); ++row) {
-        for (std::size_t column = 0; column < Log.columns().size(); ++column) {
-            text += (column == 0 ? "" : ",") + quoted(Log.cell(row, column).text);
-        }
-        text += "\r\n";
-    }
-    return text;
 }
 
 void WireLog::Save_Click() {
