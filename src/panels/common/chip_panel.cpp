@@ -4,7 +4,6 @@
 #include "link/connect.h"
 #include "panels/common/forecast.h"
 #include "support/numbers.h"
-#include "support/vocabulary.h"
 
 #include <algorithm>
 
@@ -20,34 +19,6 @@ constexpr std::array<std::pair<const char*, const char*>, 4> bandNames = {{
     {"Band868", "868 MHz"},
     {"Band915", "915 MHz"},
 }};
-
-/// What the foot of the window says of words that the chip may not have.
-class WordReport {
-  public:
-    explicit WordReport(std::size_t wordCount)
-        : words(wordCount) {}
-
-    void add(const ControlWord& word, const std::string& sent, const Exchange& result) {
-        if (result.outcome == Exchange::Outcome::Refused) {
-            refused += (refused.empty() ? "The board refused " : ", ") + word.title() + " " + sent;
-        } else if (result.outcome == Exchange::Outcome::TimedOut) {
-            ++unanswered;
-        }
-    }
-
-    /// Empty if there is nothing to tell.
-    [[nodiscard]] std::string text() const {
-        std::string silence = unanswered == 0 ? std::string()
-                                              : "No answer to " + std::to_string(unanswered) + " of " +
-                                                    std::to_string(words) + " words";
-        return refused + (refused.empty() || silence.empty() ? "" : "; ") + silence;
-    }
-
-  private:
-    std::size_t words;
-    std::size_t unanswered = 0;
-    std::string refused;
-};
 
 } // namespace
 
@@ -183,45 +154,6 @@ void ChipPanel::wireCommon() {
                                    wakeUpMantissa())});
 }
 
-void ChipPanel::setWords(std::vector<ControlWord*> sentByUpdate, std::vector<ControlWord*> notSent) {
-    updateWords = sentByUpdate;
-    allWords = std::move(sentByUpdate);
-    allWords.insert(allWords.end(), notSent.begin(), notSent.end());
-    for (ControlWord* word : allWords) {
-        wordSubscriptions.push_back(word->rewritten.subscribe([this] { LabelUpdate.setVisible(true); }));
-        setFromEntries.push_back(std::make_unique<MenuEntry>(
-            *this, nullptr, "SetFromWord(" + std::to_string(setFromEntries.size() + 1) + ")",
-            "Set from a word..."));
-        setFromEntries.back()->onClick = [this, word] {
-            askedWord = word;
-            bench.tools.open(Tool::frm_SetFrom);
-        };
-    }
-}
-
-std::string ChipPanel::meaningOfLine(std::string_view line) const {
-    std::string chip = std::string(ownTraits.title).substr(0, std::string_view(ownTraits.title).find(' '));
-    return commandMeaning(line, [&](std::uint32_t value, int bits) {
-        auto size = bits == 8 ? ControlWord::Size::OneByte : ControlWord::Size::TwoBytes;
-        auto word = std::find_if(allWords.begin(), allWords.end(), [&](const ControlWord* candidate) {
-            return candidate->size() == size && candidate->fits(value);
-        });
-        if (word == allWords.end()) {
-            return std::string();
-        }
-        std::string explained = (*word)->explain(value);
-        return chip + " " + (*word)->title() + (explained.empty() ? "" : ", " + explained);
-    });
-}
-
-void ChipPanel::feed(CodeList& list, ControlWord& word) {
-    list.onChange = [&word] { word.rebuild(); };
-}
-
-void ChipPanel::feed(TickBox& tick, ControlWord& word) {
-    tick.onChange = [&word] { word.rebuild(); };
-}
-
 Option* ChipPanel::band(Band which) const {
     for (std::size_t place = 0; place < bandOptions.size(); ++place) {
         if (ownTraits.offeredBands[place] == which) {
@@ -311,99 +243,6 @@ void ChipPanel::unload() {
     }
     releaseChip();
     sendFarewell();
-}
-
-void ChipPanel::dropIfClosed() const {
-    if (isClosed() && !sayingFarewell) {
-        throw ActionDropped();
-    }
-}
-
-bool ChipPanel::portReady(const char* boxText) {
-    if (bench.connect->isOpen()) {
-        return true;
-    }
-    notice("Communication fault.");
-    bench.warn(boxText);
-    return false;
-}
-
-void ChipPanel::reading() {
-    bench.CommStatus->setText("reading...");
-}
-
-Exchange ChipPanel::sendLine(const char* line) {
-    dropIfClosed();
-    Exchange result = bench.connect->Send_To_LoadBoard(std::string(line) + "\r");
-    dropIfClosed();
-    return result;
-}
-
-Exchange ChipPanel::sendWord(ControlWord& word) {
-    dropIfClosed();
-    // While the line waits the word may change, and be sent again.
-    ControlWord::Sending sending = word.beginSending();
-    Exchange result = bench.connect->Send_To_LoadBoard(word.line());
-    if (result.outcome == Exchange::Outcome::Answered) {
-        word.markSent(sending);
-    }
-    dropIfClosed();
-    return result;
-}
-
-void ChipPanel::sendStep(ControlWord& word, std::uint32_t value) {
-    word.show(value);
-    try {
-        sendWord(word);
-    } catch (...) {
-        // Cut short: the next Update must not send a step of the calibration.
-        word.rebuild();
-        throw;
-    }
-}
-
-void ChipPanel::Update_Click() {
-    clearNotice();
-    if (!portReady(ownTraits.updateWithoutPort)) {
-        return;
-    }
-    LabelUpdate.setVisible(false);
-    reading();
-    // Cut short, or without a board at the end of it: the chip has not heard all of it.
-    auto stillNeeded = [this] { LabelUpdate.setVisible(true); };
-    WordReport report(updateWords.size());
-    try {
-        for (ControlWord* word : updateWords) {
-            std::string sent = word->text();
-            Exchange result = sendWord(*word);
-            report.add(*word, sent, result);
-            if (result.portGone()) {
-                break;
-            }
-            wordSent(*word);
-        }
-    } catch (...) {
-        stillNeeded();
-        throw;
-    }
-    bench.notice(report.text());
-    if (!bench.connect->isOpen()) {
-        stillNeeded();
-    }
-}
-
-void ChipPanel::CalibratePLL_Click() {
-    clearNotice();
-    if (!portReady("Commport not available, please open commport. Synthesizer was not calibrated!")) {
-        return;
-    }
-    reading();
-    calibrate();
-    if (!LabelUpdate.visible()) {
-        LabelCalibration.setVisible(false);
-        ++calibrations;
-        calibratedBand = BandCode;
-    }
 }
 
 void ChipPanel::showVariant(const char* variantTitle) {

@@ -6,7 +6,6 @@
 #include "support/numbers.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace zor {
 
@@ -40,29 +39,6 @@ void ChipPanel::setTips() {
     ReadStatus.setShortcut(readStatusKey);
     ConfLoad.setShortcut(loadKey);
     ConfSave.setShortcut(saveKey);
-}
-
-std::string ChipPanel::wordLines() const {
-    std::string text;
-    for (const ControlWord* word : allWords) {
-        text += word->text() + "\t" + word->title() + "\r\n";
-    }
-    return text;
-}
-
-std::string ChipPanel::wordArray() const {
-    std::string name = chip();
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    std::string text = "static const unsigned short " + name + "_words[] = {\r\n";
-    for (const ControlWord* word : allWords) {
-        bool oneByte = word->size() == ControlWord::Size::OneByte;
-        std::string digits(
-            word->text().size() < (oneByte ? 2U : 4U) ? (oneByte ? 2U : 4U) - word->text().size() : 0U, '0');
-        text += "    0x" + digits + word->text() + ", /* " + word->title() + (oneByte ? ", one byte" : "") +
-                " */\r\n";
-    }
-    return text + "};\r\n";
 }
 
 FrequencyScale ChipPanel::frequencyScale() const {
@@ -165,49 +141,6 @@ std::string ChipPanel::frequencyText(int parameter, int bandField) const {
 std::string ChipPanel::wakeUpText(const WakeUpSetting& setting) const {
     WakeUpTime time = wakeUpTime(ownTraits.wakeUp.timer, setting, CrystalRatio);
     return time.shown.text + " " + std::string(time.unit);
-}
-
-WordSetting ChipPanel::wakeUpMantissa() {
-    return numberSetting(
-        WKUPM, [this] { return wakeUp.mantissa; }, ownTraits.wakeUp.mantissa);
-}
-
-WordSetting ChipPanel::wakeUpExponent() {
-    return numberSetting(
-        WKUPR, [this] { return wakeUp.exponent; }, ownTraits.wakeUp.exponent);
-}
-
-BitField ChipPanel::bandBits(int lowBit) {
-    std::vector<std::pair<int, Option*>> options;
-    for (Band which : ownTraits.offeredBands) {
-        options.emplace_back(bandConstants(*ownTraits.bands, which).code, band(which));
-    }
-    BitField field = explained(
-        bits(
-            lowBit + 1, lowBit, "band", [this] { return BandCode; }, [this] { return bandCaption(); }),
-        [this](int code) {
-            for (Band which : ownTraits.offeredBands) {
-                if (bandConstants(*ownTraits.bands, which).code == code) {
-                    return band(which)->caption();
-                }
-            }
-            return "code " + std::to_string(code) + ", not a band of the chip";
-        });
-    return readBack(std::move(field), optionSetting([this] { return BandCode; }, std::move(options)));
-}
-
-BitField ChipPanel::capacitanceBits(int lowBit) {
-    return bits(lowBit + 3, lowBit, "load capacitance", Cxtal);
-}
-
-BitField ChipPanel::thresholdBits(int highBit) {
-    return readBack(
-        explained(bits(
-                      highBit, 0, "threshold", [this] { return lowBattery; },
-                      [this] { return LBDV.text() + " V"; }),
-                  [this](int code) { return thresholdVoltage(code, ownTraits.threshold).text + " V"; }),
-        numberSetting(
-            LBD, [this] { return lowBattery; }, ownTraits.threshold.range));
 }
 
 void ChipPanel::showStep() {
