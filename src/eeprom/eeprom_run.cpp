@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The run: what a tick does at each step, and the ways in which a run ends.
+// The run: how it begins, and what a tick does at each step.
 #include "eeprom/eeprom.h"
+#include "eeprom/eeprom_device.h"
 #include "link/connect.h"
 #include "support/numbers.h"
 
@@ -11,26 +12,12 @@ namespace zor {
 
 namespace {
 
+using namespace eeprom_device;
+
 constexpr std::chrono::milliseconds programInterval(40);
-constexpr std::chrono::milliseconds readInterval(50);
-
-/// The status register comes back behind the instruction as the second byte of the word.
-constexpr const char* statusCommand = "S20500";
-constexpr const char* readPageCommand = "RS16";
-constexpr const char* selectHigh = "H2";
-constexpr std::uint32_t writeUnderWay = 0x01;
-
-/// Where the two digits of a word's second byte stand in the last 15 characters, from 1.
-constexpr std::size_t statusPosition = 6;
-/// An answer to "RS16": 16 times two digits and a separator, and the prompt.
-constexpr std::size_t pageAnswer = 55;
 
 /// A page's address is a signed 16-bit number.
 constexpr std::int32_t greatestAddress = 32767;
-
-std::string statusText(const char* word, std::uint32_t status) {
-    return std::string(word) + "0x" + hexText(status);
-}
 
 } // namespace
 
@@ -188,14 +175,6 @@ bool Eeprom::sendInRun(const std::string& text) {
     return claim.held() && claim.step() == step && !result.portGone();
 }
 
-std::uint32_t Eeprom::status() const {
-    const std::string& tail = bench.link.Last15;
-    if (tail.size() < statusPosition) {
-        return 0;
-    }
-    return static_cast<std::uint32_t>(numericPrefix("&H" + tail.substr(statusPosition - 1, 2)));
-}
-
 void Eeprom::EEprog_timer_Timer() {
     if (starting) {
         return;
@@ -279,162 +258,6 @@ void Eeprom::runStep(Step step) {
         claim.giveBack();
         break;
     }
-}
-
-void Eeprom::ask(const char* command, Step next) {
-    if (sendInRun(command)) {
-        claim.setStep(next);
-    }
-}
-
-void Eeprom::statusForPage() {
-    std::uint32_t now = status();
-    claim.setStep(askBeforePage);
-    if ((now & writeUnderWay) != 0) {
-        StatusMsg.setText(statusText("Busy ", now));
-        return;
-    }
-    StatusMsg.setText("Programming ");
-    showRunProgress(static_cast<std::size_t>(PageIndex - 1) * eepromPageBytes, EEprogData.size() / 2);
-    PageAddress = (PageIndex - 1) * static_cast<std::int32_t>(eepromPageBytes);
-    if (PageIndex <= PageCount) {
-        ProgressBar1.putValue(PageIndex);
-        PageBytes = static_cast<std::int32_t>(eepromPageBytes);
-        if (WriteEepromPage()) {
-            ++PageIndex;
-        }
-        return;
-    }
-    StatusMsg.setText(statusText("Program end", now));
-    claim.setStep(programEnd);
-    if (TailDigits != 0) {
-        // As many fields as digits are left, not bytes: the second half goes out empty.
-        PageBytes = TailDigits;
-        if (!WriteEepromPage()) {
-            return;
-        }
-    }
-    (void)sendInRun("S104");
-}
-
-bool Eeprom::WriteEepromPage() {
-    return sendInRun("S106") && sendInRun(pageWriteCommand(EEprogData, PageAddress, PageBytes));
-}
-
-void Eeprom::readStep(Step take, const char* doing, const char* done, Step end) {
-    if (ReadOffset < static_cast<std::int32_t>(eepromBytes)) {
-        if (sendInRun(readPageCommand)) {
-            ProgressBar1.putValue(ReadOffset);
-            StatusMsg.setText(doing);
-            showRunProgress(static_cast<std::size_t>(ReadOffset), eepromBytes);
-            claim.setStep(take);
-        }
-        return;
-    }
-    StatusMsg.setText(done);
-    ask(selectHigh, end);
-}
-
-void Eeprom::takePage(Step next) {
-    std::string& tail = bench.link.Last100;
-    if (tail.size() > pageAnswer) {
-        tail.erase(0, tail.size() - pageAnswer);
-    }
-    for (std::size_t byte = 0; byte < eepromPageBytes; ++byte) {
-        if (3 * byte < tail.size()) {
-            EEreadData += tail.substr(3 * byte, 2);
-        }
-    }
-    ReadOffset += static_cast<std::int32_t>(eepromPageBytes);
-    claim.setStep(next);
-    if (next == askVerify) {
-        deviceDigits = EEreadData;
-    }
-    MemoryPicture.setPassed(static_cast<std::size_t>(ReadOffset));
-    showMemory();
-}
-
-void Eeprom::showUpdate() {
-    std::uint32_t now = status();
-    const char* word = now == 0 ? "Not present " : (now & writeUnderWay) != 0 ? "busy " : "ready ";
-    StatusMsg.setText(statusText(word, now));
-    claim.setStep(updateEnd);
-}
-
-void Eeprom::settle() {
-    std::uint32_t now = status();
-    if ((now & writeUnderWay) != 0) {
-        // A device that still writes would answer a read with nothing.
-        StatusMsg.setText(statusText("Busy ", now));
-        claim.setStep(settleAsk);
-        return;
-    }
-    openForReading(askVerify);
-    if (claim.held()) {
-        EEprog_timer.start(readInterval);
-    }
-}
-
-void Eeprom::endProgramming() {
-    if (VerifyAfterProgramming.ticked()) {
-        claim.setStep(settleAsk);
-        return;
-    }
-    endRun();
-    bench.platform.dialogs.show({.text = "Buffer content successfully programmed into the EEPROM.",
-                                 .title = "End of Programming",
-                                 .icon = BoxIcon::Information});
-}
-
-void Eeprom::endReading() {
-    endRun();
-    fillFromDevice();
-    bench.platform.dialogs.show(
-        {.text = "EEPROM content readed into buffer.", .title = "Read end", .icon = BoxIcon::Information});
-}
-
-void Eeprom::fillFromDevice() {
-    deviceDigits = EEreadData;
-    // A step of its own, whatever was being typed.
-    history()->settle();
-    nameOfAction = "Read from the device";
-    WorkSheet.setText(shownImage(EEreadData));
-    history()->settle();
-    showMemory();
-}
-
-void Eeprom::endVerify() {
-    endRun();
-    EEprogData = foldedHexDigits(WorkSheet.text());
-    deviceDigits = EEreadData;
-    showMemory();
-    std::string report = differenceReport(EEprogData, EEreadData);
-    ReadOffset = report.empty() ? 1 : 2;
-    if (ReadOffset == 1) {
-        bench.platform.dialogs.show({.text = "Buffer and EEPROM contents are identical.",
-                                     .title = "Verify Successful",
-                                     .icon = BoxIcon::Information});
-    } else {
-        bench.platform.dialogs.show({.text = report, .title = "Verify failed", .icon = BoxIcon::Warning});
-    }
-}
-
-void Eeprom::endStopped() {
-    (void)SendEepromCommand(selectHigh);
-    if (!claim.held()) {
-        return;
-    }
-    freeButtons();
-    if (StoppedStep == askRead || StoppedStep == takeRead) {
-        fillFromDevice();
-    }
-    claim.setStep(stopTold);
-}
-
-void Eeprom::tellStopped() {
-    EEprog_timer.stop();
-    claim.giveBack();
-    bench.warn("Warning!\r\nProgress is not finished!\r\nEEPROM and buffer data inconsistent!");
 }
 
 } // namespace zor
