@@ -164,37 +164,6 @@ void MainWindow::openTool(Tool tool) {
     }
 }
 
-void MainWindow::wireLink() {
-    linkBar.Connect.onClick = [this] { Connect_Click(); };
-    linkBar.Disconnect.onClick = [this] { Disconnect_Click(); };
-    auto noLoader = [this] { menu.mnuload.setEnabled(false); };
-    subscriptions.push_back(link.entered.subscribe([this](LinkState state) { linkEntered(state); }));
-    listen(search.finished, [this] { searchFinished(); });
-    listen(selector.dataModeEntered, noLoader);
-    listen(selector.holderChanged, [this] { foot.refresh(); });
-    subscriptions.push_back(linkBar.Toolbar3.changed.subscribe([this] { foot.refresh(); }));
-    listen(channel.lost, [this] { link.lost(); });
-    listen(channel.lost, noLoader);
-    listen(boardChoice.otherBoardLeft, noLoader);
-    listen(boardChoice.otherBoardLeft, [this] { disableLinkEntries(); });
-    listen(boardChoice.loaderConnected, [this] { menu.mnuload.setEnabled(true); });
-    listen(boardChoice.panelsEnabled, [this] { EnablePanelButtons(true); });
-    listen(boardChoice.generation2Connected, [this] {
-        const WindowSwitches& b = ownBench.windows;
-        if (b.TRXon || b.TRX1on) {
-            menu.mnuToolsBerylRFlink.setEnabled(true);
-            menu.mnutoolsRFSetup_TX.setEnabled(true);
-            menu.mnutoolsRFSetup_RX.setEnabled(true);
-        }
-        if (b.TX0on || b.TX1on) {
-            menu.mnutoolsRFSetup_TX.setEnabled(true);
-        }
-        if (b.RXon || b.RX1on) {
-            menu.mnutoolsRFSetup_RX.setEnabled(true);
-        }
-    });
-}
-
 void MainWindow::start() {
     show();
     FactoryClickPending = false;
@@ -221,75 +190,6 @@ void MainWindow::start() {
     selector.fill();
 }
 
-void MainWindow::startSearch() {
-    foot.say("");
-    search.begin();
-}
-
-void MainWindow::EnablePanelButtons(bool flag) {
-    for (Element* element : {static_cast<Element*>(&TX), static_cast<Element*>(&RX),
-                             static_cast<Element*>(&TRX), static_cast<Element*>(&menu.View),
-                             static_cast<Element*>(&menu.Tools), static_cast<Element*>(&kept.KeptBring)}) {
-        element->setEnabled(flag);
-    }
-    if (flag && !waitingFile.empty()) {
-        openFile(std::exchange(waitingFile, {}));
-    }
-}
-
-void MainWindow::openFile(const std::string& path) {
-    tools.close(Tool::frm_Splash);
-    if (!menu.View.active()) {
-        // The panels cannot be used yet; the file is opened as soon as they can.
-        waitingFile = path;
-        if (link.state() == LinkState::Choosing) {
-            tellWaitingFile();
-        }
-        return;
-    }
-    try {
-        registry.openConfiguration(path);
-    } catch (const ToolError& error) {
-        ownBench.tellFileError(error, "File open error");
-    }
-    std::error_code unknown;
-    if (!std::filesystem::exists(pathOf(path), unknown)) {
-        ownBench.recentFiles.forget(path);
-    }
-}
-
-void MainWindow::tellWaitingFile() {
-    foot.say(nameOf(pathOf(waitingFile).filename()) + " will be opened once a board is chosen.");
-}
-
-void MainWindow::openGuide(const std::string& window) {
-    tools.open(Tool::frm_Guide);
-    if (auto* guide = dynamic_cast<Guide*>(tools.find(Tool::frm_Guide))) {
-        guide->showWindow(window);
-    }
-}
-
-void MainWindow::openDataSheet(const std::string& chip) {
-    // The folder that documents are browsed in; any file that begins with the chip's name is its data sheet.
-    std::filesystem::path folder = documentsBesideTheProgram();
-    std::error_code failed;
-    for (std::filesystem::directory_iterator entry(folder, failed), end; !failed && entry != end;
-         entry.increment(failed)) {
-        std::string name = nameOf(entry->path().filename());
-        if (name.starts_with(chip) && kindOfFile(name) == "pdf") {
-            if (!ownBench.platform.surroundings.openDocument(entry->path())) {
-                foot.say("There is no program to open " + nameOf(entry->path()) + " with.");
-            }
-            return;
-        }
-    }
-    foot.say("Put the data sheet into " + nameOf(folder) + " as " + chip + ".pdf.");
-}
-
-std::filesystem::path MainWindow::documentsBesideTheProgram() const {
-    return (ownBench.platform.programFolder / ".." / "Documentation").lexically_normal();
-}
-
 std::string MainWindow::standingNotice() const {
     if (link.state() == LinkState::DataMode) {
         return "Data mode: choose one of the first two entries of the data selector to come back.";
@@ -298,61 +198,6 @@ std::string MainWindow::standingNotice() const {
         return "The data selector is held by the window \"" + selector.holder() + "\".";
     }
     return {};
-}
-
-void MainWindow::linkEntered(LinkState state) {
-    showDevice();
-    if (state == LinkState::DataMode || state == LinkState::Connected) {
-        foot.say("");
-    } else {
-        foot.refresh();
-    }
-}
-
-void MainWindow::showDevice() {
-    bool chosen = link.state() == LinkState::Connected || link.state() == LinkState::DataMode;
-    int port = channel.portNumber();
-    std::string device = chosen ? ownBench.platform.ports.devicePath(port) : std::string();
-    std::string hint = device.empty() ? device : "Port " + std::to_string(port) + ": " + device;
-    linkBar.LoadBoard.setHint(hint);
-    linkBar.LoadboardList.setHint(hint);
-}
-
-void MainWindow::searchFinished() {
-    std::string unopened = unopenedDevices();
-    foot.say(unopened);
-    if (link.state() == LinkState::None) {
-        if (unopened.empty()) {
-            foot.say("No board found. The panels work without one; \"zor --demo\" simulates one.");
-        }
-        EnablePanelButtons(true);
-        return;
-    }
-    if (linkBar.LoadboardList.entries().size() == 1) {
-        linkBar.LoadboardList.select(0);
-    } else if (!waitingFile.empty()) {
-        tellWaitingFile();
-    }
-}
-
-std::string MainWindow::unopenedDevices() const {
-    auto joined = [](const std::vector<std::string>& devices) {
-        std::string text;
-        for (const std::string& device : devices) {
-            text += (text.empty() ? "" : ", ") + device;
-        }
-        return text;
-    };
-    std::string text;
-    if (!search.deniedDevices().empty()) {
-        text = "No permission to open " + joined(search.deniedDevices()) +
-               ": join the group dialout, or install the udev rule that comes with the program.";
-    }
-    if (!search.busyDevices().empty()) {
-        text += (text.empty() ? "" : " ") + std::string("In use by another program: ") +
-                joined(search.busyDevices()) + ".";
-    }
-    return text;
 }
 
 void MainWindow::offerUndo(const std::string& chip) {
@@ -366,41 +211,6 @@ void MainWindow::offerUndo(const std::string& chip) {
 /// Beside another text the button says itself what it undoes.
 void MainWindow::nameUndo() {
     Undo.setCaption(Notice.caption() == discardedNotice ? "Undo" : "Undo closing " + discardedChip);
-}
-
-void MainWindow::Connect_Click() {
-    if (channel.isOpen() || !linkBar.LoadboardList.entries().empty()) {
-        return;
-    }
-    ownBench.link.LoadBoardRev = 0;
-    EnablePanelButtons(false);
-    startSearch();
-}
-
-void MainWindow::closeLinkTools() {
-    // Those that are open, whatever their switches say.
-    for (Tool tool :
-         {Tool::Frm_BerylRfLinkTest, Tool::AmberV1rflink_LB2, Tool::frm_Link, Tool::frm_Link_RX}) {
-        tools.close(tool);
-    }
-    disableLinkEntries();
-}
-
-void MainWindow::disableLinkEntries() {
-    menu.mnuToolsBerylRFlink.setEnabled(false);
-    menu.mnutoolsRFSetup_TX.setEnabled(false);
-    menu.mnutoolsRFSetup_RX.setEnabled(false);
-}
-
-void MainWindow::Disconnect_Click() {
-    closeLinkTools();
-    try {
-        channel.closeOnPurpose();
-    } catch (const ToolError& error) {
-        ownBench.tellError(error, "Comm. port open error");
-    }
-    link.disconnected();
-    menu.mnuload.setEnabled(false);
 }
 
 void MainWindow::factoryGesture() {
@@ -419,20 +229,6 @@ void MainWindow::FactoryModeTimer_Timer() {
     // One double click alone hides the menu; a second one within the second has cleared the mark.
     menu.mnuAdv.setVisible(!FactoryClickPending);
     FactoryClickPending = false;
-}
-
-void MainWindow::browse(const std::string& folder, const std::string& title) {
-    static constexpr const char* pattern = "*.pdf";
-    FileChoice choice = ownBench.platform.dialogs.chooseFile(
-        {.mode = FileRequest::Mode::Load,
-         .title = title,
-         .folder = pathOf(ownBench.link.CurrentPath) / ".." / folder,
-         .startName = pattern,
-         .filter = "Documentation files (*.PDF)|*.pdf|All files (*.*)|*.*",
-         .defaultExtension = "pdf"});
-    if (choice.name != pattern && !ownBench.platform.surroundings.openDocument(choice.name)) {
-        foot.say("There is no program to open " + choice.name + " with.");
-    }
 }
 
 void MainWindow::unload() {
