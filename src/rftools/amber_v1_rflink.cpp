@@ -20,11 +20,6 @@ constexpr const char* enable = "Enable";
 constexpr const char* disable = "Disable";
 constexpr const char* reading = "reading...";
 
-/// How the board's prompt ends and what begins behind it.
-constexpr std::string_view promptSequence = ">\r\n";
-/// The success prompt as the mirror shows it.
-constexpr std::string_view shownPrompt = "OK\r\n>";
-
 /// The bits of the FIFO word that start its fill.
 constexpr std::uint32_t fillBits = 0x3;
 
@@ -32,7 +27,6 @@ constexpr std::uint32_t fillBits = 0x3;
 constexpr std::array<const char*, 6> statusRead = {"H2", "L2", "L0", "RS", "RS", "H2"};
 
 constexpr Extent startExtent{7200, 9600};
-constexpr Extent smallestExtent{2250, 3000};
 
 constexpr ReceiverLinkTraits generation1{"AmberV1rflink", &WindowSwitches::RxLinkOn, false};
 constexpr ReceiverLinkTraits generation2{"AmberV1rflink_LB2", &WindowSwitches::RxLinkOn_LB2, true};
@@ -286,57 +280,6 @@ std::string AmberV1rflink::modeCommand() const {
            (mark ? ",1" : "");
 }
 
-void AmberV1rflink::Text1_Change() {
-    RxTimer.stop();
-    const std::string& text = Text1.contents();
-    if (!promptSeen && text.ends_with(shownPrompt)) {
-        promptSeen = true;
-        promptEnd = Text1.dropped() + text.size();
-    }
-    if (text.ends_with(promptSequence)) {
-        Text1.clear();
-        promptEnd = 0;
-    }
-    if (receiving() && !sending && RxTimer.interval().count() > 0) {
-        RxTimer.start();
-    }
-}
-
-/// What the board said right behind the last prompt, in the same breath, waits in Text1.
-void AmberV1rflink::waitForSilence() {
-    if (!Text1.contents().empty() && RxTimer.interval().count() > 0) {
-        RxTimer.start();
-    }
-}
-
-void AmberV1rflink::RxTimer_Timer() {
-    RxTimer.stop();
-    takePacket();
-}
-
-void AmberV1rflink::takePacket() {
-    if (AutoClear.ticked()) {
-        Monitor.clear();
-    }
-    addToMonitor(Text1.contents());
-    if (ContRx.ticked()) {
-        if (arm()) {
-            waitForSilence();
-        }
-    } else {
-        bench.CommStatus->setText(reading);
-        endReceiving();
-    }
-    PCnt.setText(std::to_string(++packets));
-    if (AddCR.ticked()) {
-        addToMonitor("\r\n");
-    }
-}
-
-void AmberV1rflink::addToMonitor(const std::string& text) {
-    Monitor.append(hexView ? hexOfText(text) : text);
-}
-
 void AmberV1rflink::RxLinkTimeout_Change() {
     bench.preferences.Pref_RxLinkTimeout = wholeNumber(RxLinkTimeout.text());
     std::chrono::milliseconds timeout(std::max(0, bench.preferences.Pref_RxLinkTimeout));
@@ -344,23 +287,6 @@ void AmberV1rflink::RxLinkTimeout_Change() {
         RxTimer.stop();
     }
     RxTimer.setInterval(timeout);
-}
-
-void AmberV1rflink::changeView(bool toHex) {
-    if (std::exchange(hexView, toHex) == toHex) {
-        return;
-    }
-    std::string shown = Monitor.contents();
-    Monitor.clear();
-    Monitor.append(toHex ? hexOfText(shown) : textOfHex(shown));
-}
-
-void AmberV1rflink::keepLimits() {
-    Extent held{std::max(extent().height, smallestExtent.height),
-                std::max(extent().width, smallestExtent.width)};
-    if (held != extent()) {
-        setExtent(held);
-    }
 }
 
 } // namespace zor
