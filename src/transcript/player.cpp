@@ -17,21 +17,6 @@ using namespace std::chrono_literals;
 /// How long the search for boards that the program starts with is waited for.
 constexpr auto searchTime = std::chrono::milliseconds(60s);
 constexpr auto searchLook = std::chrono::milliseconds(50);
-/// Far beyond what a person writes or records in a day.
-constexpr std::uintmax_t longestFile = 64U << 20;
-
-std::vector<std::string> linesOf(const std::string& text) {
-    std::vector<std::string> lines;
-    for (std::size_t from = 0; from < text.size();) {
-        std::size_t to = std::min(text.find('\n', from), text.size());
-        lines.push_back(text.substr(from, to - from));
-        if (lines.back().ends_with('\r')) {
-            lines.back().pop_back();
-        }
-        from = to + 1;
-    }
-    return lines;
-}
 
 bool isWord(const Statement& statement, std::size_t position, const char* word) {
     return position < statement.tokens.size() && !statement.tokens[position].quoted &&
@@ -63,28 +48,6 @@ Player::Player(MainWindow& program, WatchedDialogs& dialogs)
 
 Player::~Player() {
     main.loop().stopTimer(timer);
-}
-
-void Player::load(const std::filesystem::path& path) {
-    std::string text = readFile(path, longestFile);
-    std::vector<Statement> read = readTranscript(text);
-    std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
-    checkForms(LiveScene(main, watched, folder), read);
-    std::vector<std::string> lines = linesOf(text);
-    std::vector<PlayedLine> fresh;
-    for (const Statement& statement : read) {
-        PlayedLine line;
-        line.line = statement.line;
-        line.text = lines.at(static_cast<std::size_t>(statement.line) - 1);
-        fresh.push_back(std::move(line));
-    }
-    scene.reset();
-    statements = std::move(read);
-    played = std::move(fresh);
-    ownFile = std::filesystem::absolute(path);
-    at = 0;
-    failed = 0;
-    setState(State::Ready);
 }
 
 bool Player::passed() const {
