@@ -31,7 +31,8 @@ within 1500 text main.CommStatus "Comm. OK"
 } // namespace
 
 void DemoTour::visitPlay() {
-    QTemporaryDir place;
+    // Its name is in the picture, and stays short there whatever this machine's own place for such files is.
+    QTemporaryDir place(QStringLiteral("/tmp/bench-XXXXXX"));
     QString name = place.filePath(QStringLiteral("transmitter-check.bench"));
     QFile file(name);
     if (!file.open(QIODevice::WriteOnly) || file.write(transcript) < 0 || !file.flush()) {

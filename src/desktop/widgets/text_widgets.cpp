@@ -2,197 +2,20 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/field_keys.h"
 #include "desktop/widgets/shown_text.h"
 #include "desktop/widgets/spoken.h"
 #include "panels/common/control_word.h"
 
-#include <QCoreApplication>
 #include <QFontDatabase>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-#include <limits>
 #include <utility>
 
 namespace zor {
 
 namespace {
-
-/// A line edit as wide as so many digits, at any font size.
-class LineField : public QLineEdit {
-  public:
-    explicit LineField(int columnCount)
-        : columns(columnCount) {
-        setMaxLength(std::numeric_limits<int>::max());
-    }
-    [[nodiscard]] QSize sizeHint() const override {
-        QSize hint = QLineEdit::sizeHint();
-        hint.setWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * columns + 2 * hint.height() / 3);
-        return hint;
-    }
-    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
-
-    /// The text that Escape brings back.
-    std::string kept;
-
-  private:
-    int columns;
-};
-
-bool isEnter(const QKeyEvent& key) {
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
-
-/// Numbers have a decimal point; on many keyboards, and on the number pad of more, a comma sits in its place.
-class CommaKey : public QObject {
-  public:
-    explicit CommaKey(LineField& line)
-        : QObject(&line) {
-        line.installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress) {
-            return QObject::eventFilter(watched, event);
-        }
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        if (key.text() != QLatin1String(",")) {
-            return QObject::eventFilter(watched, event);
-        }
-        QKeyEvent point(QEvent::KeyPress, Qt::Key_Period, key.modifiers(), QStringLiteral("."),
-                        key.isAutoRepeat());
-        QCoreApplication::sendEvent(watched, &point);
-        return true;
-    }
-};
-
-/// While something is being typed, the field takes it back key by key itself. At any other time the keys for
-/// it go on to the window's own steps.
-class UndoKeys : public QObject {
-  public:
-    UndoKeys(QWidget& owner, Binding& fieldBinding)
-        : QObject(&owner)
-        , binding(fieldBinding) {
-        owner.installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::ShortcutOverride) {
-            return QObject::eventFilter(watched, event);
-        }
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        bool steps =
-            key.modifiers() == Qt::ControlModifier && (key.key() == Qt::Key_Z || key.key() == Qt::Key_Y);
-        const auto* field = elementOf<TextField>(binding);
-        // Swallowed without being accepted, the key is a shortcut.
-        return steps && field != nullptr && !field->typedIn();
-    }
-
-  private:
-    Binding& binding;
-};
-
-/// The key that a locked field is asked about; 0 for one that only moves or copies.
-char typedKey(const QKeyEvent& key) {
-    if (isEnter(key)) {
-        return '\r';
-    }
-    if (key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Delete) {
-        return '\b';
-    }
-    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier) ||
-        key.text().isEmpty()) {
-        return 0;
-    }
-    QChar typed = key.text().front();
-    return typed.isPrint() && typed.unicode() < 0x80 ? typed.toLatin1() : '\0';
-}
-
-/// Leads keys in a locked field, and double clicks, to the element's actions for them. The action may take
-/// the widget away.
-class LockedFieldActions : public QObject {
-  public:
-    LockedFieldActions(QWidget& owner, QWidget& eventSource, Binding& fieldBinding)
-        : QObject(&owner)
-        , binding(fieldBinding) {
-        eventSource.installEventFilter(this);
-        if (&owner != &eventSource) {
-            owner.installEventFilter(this);
-        }
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        auto* field = elementOf<TextField>(binding);
-        if (field == nullptr) {
-            return false;
-        }
-        if (event->type() == QEvent::KeyPress && field->readOnly() && field->onKey) {
-            char key = typedKey(*static_cast<QKeyEvent*>(event));
-            if (key != 0) {
-                binding.gesture([&] { field->press(key); });
-                return true;
-            }
-        }
-        if (event->type() == QEvent::MouseButtonPress && field->onClick) {
-            // The click goes on to place the caret.
-            binding.gesture([&] { field->click(); });
-        }
-        if (event->type() == QEvent::MouseButtonDblClick && field->onDoubleClick) {
-            binding.gesture([&] { field->doubleClick(); });
-            return true;
-        }
-        return QObject::eventFilter(watched, event);
-    }
-
-  private:
-    Binding& binding;
-};
-
-/// Enter, Escape and the text to come back to.
-class FieldKeys : public QObject {
-  public:
-    FieldKeys(LineField& lineField, Binding& fieldBinding)
-        : QObject(&lineField)
-        , line(lineField)
-        , binding(fieldBinding) {
-        line.installEventFilter(this);
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (field() == nullptr) {
-            return false;
-        }
-        if (event->type() == QEvent::FocusIn) {
-            line.kept = field()->text();
-        } else if (event->type() == QEvent::KeyPress && !line.isReadOnly()) {
-            const auto& key = *static_cast<QKeyEvent*>(event);
-            if (isEnter(key)) {
-                commit();
-                return true;
-            }
-            if (key.key() == Qt::Key_Escape && field()->text() != line.kept) {
-                binding.gesture([this] { field()->replace(line.kept); });
-                return true;
-            }
-        }
-        return QObject::eventFilter(watched, event);
-    }
-
-  private:
-    [[nodiscard]] TextField* field() const { return elementOf<TextField>(binding); }
-
-    void commit() {
-        QPointer<FieldKeys> alive(this);
-        binding.gesture([this] { field()->enter(); });
-        if (alive && field() != nullptr) {
-            line.kept = field()->text();
-        }
-    }
-
-    LineField& line;
-    Binding& binding;
-};
 
 using Lines = ShownText::Lines;
 
