@@ -339,7 +339,9 @@ void PanelRegistry::keepDiscarded(Slot& slot) {
     }
     std::string chip = slot.panel->chip();
     discarded = std::make_unique<Discarded>(Discarded{slot, bench.IsBijakuModeSet(), std::move(memory), {}});
-    discarded->portClosing = bench.connect->portClosed.subscribe([this] { discarded->memory.forgetSent(); });
+    // Its own memory: while the panel comes back and waits for its board, the registry holds it no more.
+    PanelMemory& remembered = discarded->memory;
+    discarded->portClosing = bench.connect->portClosed.subscribe([&remembered] { remembered.forgetSent(); });
     settingsDiscarded.emit(chip);
 }
 
