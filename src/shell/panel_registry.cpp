@@ -268,7 +268,13 @@ ChipPanel& PanelRegistry::ensure(Slot& slot) {
         }
     } catch (...) {
         // A load that was dropped leaves a panel half filled; the next opening makes a whole one.
+        std::string chip = panel.chip();
         panel.close();
+        if (restoring) {
+            // What did not come back can be had again.
+            discarded = std::move(restoring);
+            settingsDiscarded.emit(chip);
+        }
         throw;
     }
     return panel;
