@@ -54,22 +54,6 @@ const ControlWord* wordNamed(const ChipPanel& panel, const std::string& name) {
     return found == panel.words().end() ? nullptr : *found;
 }
 
-/// The band that the words name; nothing if they name none.
-std::optional<int> wantedBand(const ChipPanel& panel, const WantedSettings& wanted) {
-    const Element* options = panel.band(panel.traits().offeredBands.front());
-    for (const auto& [name, value] : wanted.words) {
-        const ControlWord* word = wordNamed(panel, name);
-        for (const BitField& field : word == nullptr ? std::vector<BitField>() : word->fields()) {
-            if (std::ranges::any_of(field.parts, [options](const FieldPart& part) {
-                    return part.setting.element == options;
-                })) {
-                return ControlWord::part(value, field);
-            }
-        }
-    }
-    return std::nullopt;
-}
-
 /// Puts all that is wanted; a panel that refuses is left half way.
 std::vector<RefusedBits> put(ChipPanel& panel, const WantedSettings& wanted) {
     std::vector<RefusedBits> refused;
@@ -78,7 +62,7 @@ std::vector<RefusedBits> put(ChipPanel& panel, const WantedSettings& wanted) {
         putCrystal(panel, *wanted.crystal, refused);
     }
     // The revision has declared the words anew, and the crystal has rebuilt the lists.
-    std::optional<int> band = wantedBand(panel, wanted);
+    std::optional<int> band = bandOf(panel, wanted.words);
     bool stays = band && *band == panel.bandField();
     bool calibrationDue = panel.LabelCalibration.visible();
     if (band) {
@@ -109,6 +93,23 @@ std::string chipOf(const std::string& device) {
 }
 
 } // namespace
+
+std::optional<int> bandOf(const ChipPanel& panel, const WordValues& words) {
+    const Element* options = panel.band(panel.traits().offeredBands.front());
+    auto isBand = [options](const BitField& field) {
+        return std::ranges::any_of(
+            field.parts, [options](const FieldPart& part) { return part.setting.element == options; });
+    };
+    for (const auto& [name, value] : words) {
+        if (const ControlWord* word = wordNamed(panel, name)) {
+            auto field = std::ranges::find_if(word->fields(), isBand);
+            if (field != word->fields().end()) {
+                return ControlWord::part(value, *field);
+            }
+        }
+    }
+    return std::nullopt;
+}
 
 std::uint32_t shownCrystal(const ChipPanel& panel) {
     return panel.StdCrystal.chosen()

@@ -16,14 +16,16 @@ namespace zor {
 
 class ChipPanel;
 
+/// Words by their elements' names.
+using WordValues = std::vector<std::pair<std::string, std::uint32_t>>;
+
 /// What a panel is to be brought to. What is not named stays as it is.
 struct WantedSettings {
     /// In Hz.
     std::optional<std::uint32_t> crystal;
     /// An entry of Revision; empty for the present one.
     std::string revision;
-    /// Words by their elements' names.
-    std::vector<std::pair<std::string, std::uint32_t>> words;
+    WordValues words;
 };
 
 /// Brings the panel to exactly that, or changes nothing and says what no setting gives. Nothing is sent.
@@ -38,6 +40,9 @@ struct WantedByHeader {
     std::vector<std::string> foreign;
 };
 [[nodiscard]] WantedByHeader wantedByHeader(const ChipPanel& panel, std::string_view text);
+
+/// The band that the words name, as the configuration word has it; nothing if they name none.
+[[nodiscard]] std::optional<int> bandOf(const ChipPanel& panel, const WordValues& words);
 
 /// The crystal that the panel's settings name, in Hz.
 [[nodiscard]] std::uint32_t shownCrystal(const ChipPanel& panel);

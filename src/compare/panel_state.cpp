@@ -8,6 +8,7 @@
 #include "support/numbers.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace zor {
@@ -45,6 +46,20 @@ const WordState* find(const PanelState& state, const std::string& word) {
     auto found = std::find_if(state.words.begin(), state.words.end(),
                               [&word](const WordState& candidate) { return candidate.name == word; });
     return found == state.words.end() ? nullptr : &*found;
+}
+
+/// What a frequency is the band beside it says; the panel's own may be another.
+void tellFrequency(const ChipPanel& panel, PanelState& state) {
+    WordValues values;
+    for (const WordState& word : state.words) {
+        values.emplace_back(word.name, word.value);
+    }
+    auto frequency = std::ranges::find(state.words, panel.Freqw.name(), &WordState::name);
+    if (std::optional<int> band = bandOf(panel, values); band && frequency != state.words.end()) {
+        for (FieldState& field : frequency->fields) {
+            field.meaning = panel.frequencyText(field.code, *band);
+        }
+    }
 }
 
 const FieldState* find(const WordState& state, const FieldState& like) {
@@ -138,6 +153,7 @@ PanelState sentState(const ChipPanel& panel) {
             state.words.push_back(stateOf(*word, *value, false));
         }
     }
+    tellFrequency(panel, state);
     return state;
 }
 
@@ -156,6 +172,7 @@ PanelState wantedState(const ChipPanel& panel, const WantedSettings& wanted) {
             }
         }
     }
+    tellFrequency(panel, state);
     return state;
 }
 

@@ -3,6 +3,7 @@
 #include "compare/panel_state.h"
 
 #include "compare/each_device.h"
+#include "compare/panel_setter.h"
 #include "compare/quiet_panel.h"
 #include "panels/random_user.h"
 #include "support/numbers.h"
@@ -102,6 +103,21 @@ TEST(SentState, AWordThatWasNotSentIsKnownOnOneSideOnly) {
     EXPECT_TRUE(sent.words.empty());
     EXPECT_TRUE(differences(shown, sent).empty());
     EXPECT_EQ(unknownWords(shown, sent), bench.panel().words().size());
+}
+
+TEST(WantedState, TheBandBesideItSaysWhatAFrequencyIs) {
+    DeviceBench bench(allDevices().front());
+    bench.panel().band(Band::Band433)->choose();
+    WantedSettings wanted;
+    wanted.words = {{"Ctrlw", 0x9080}, {"Freqw", 0xA640}};
+    std::string rows =
+        told(differences(shownState(bench.panel(), bench.shared()), wantedState(bench.panel(), wanted)));
+    EXPECT_NE(rows.find("868 MHz\n"), std::string::npos) << rows;
+    EXPECT_EQ(rows.find(", 434"), std::string::npos) << rows;
+    // Alone it is one of the panel's band.
+    wanted.words.erase(wanted.words.begin());
+    rows = told(differences(shownState(bench.panel(), bench.shared()), wantedState(bench.panel(), wanted)));
+    EXPECT_NE(rows.find("434 MHz\n"), std::string::npos) << rows;
 }
 
 } // namespace zor
