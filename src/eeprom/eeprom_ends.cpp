@@ -3,9 +3,6 @@
 #include "eeprom/eeprom.h"
 #include "eeprom/eeprom_device.h"
 
-#include <algorithm>
-#include <utility>
-
 namespace zor {
 
 using namespace eeprom_device;

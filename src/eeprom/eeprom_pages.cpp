@@ -2,11 +2,7 @@
 // What a run does with the device: its status asked for, a page written or read.
 #include "eeprom/eeprom.h"
 #include "eeprom/eeprom_device.h"
-#include "link/connect.h"
 #include "support/numbers.h"
-
-#include <algorithm>
-#include <utility>
 
 namespace zor {
 

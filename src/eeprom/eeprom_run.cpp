@@ -3,9 +3,7 @@
 #include "eeprom/eeprom.h"
 #include "eeprom/eeprom_device.h"
 #include "link/connect.h"
-#include "support/numbers.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace zor {

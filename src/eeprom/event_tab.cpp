@@ -3,7 +3,6 @@
 
 #include "eeprom/ecet.h"
 #include "eeprom/event_limits.h"
-#include "eeprom/frm_cmd_sequence.h"
 #include "eeprom/transmitter_words.h"
 #include "support/numbers.h"
 

@@ -8,7 +8,6 @@
 #include "eeprom/transmitter_words.h"
 #include "support/numbers.h"
 
-#include <optional>
 #include <utility>
 
 namespace zor {

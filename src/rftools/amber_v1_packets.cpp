@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the board prints while it receives: gathered until it is silent, and shown.
-#include "panels/receivers/receiver_panel.h"
 #include "rftools/amber_v1_rflink.h"
-#include "rftools/chip_of_tool.h"
 #include "support/hex_text.h"
-#include "support/numbers.h"
 
 #include <algorithm>
 #include <utility>

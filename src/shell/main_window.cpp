@@ -10,7 +10,6 @@
 #include "utilities/guide.h"
 
 #include <algorithm>
-#include <filesystem>
 
 namespace zor {
 

@@ -4,7 +4,6 @@
 #include "support/file_name.h"
 #include "utilities/guide.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <string>
 

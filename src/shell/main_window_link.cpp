@@ -3,7 +3,6 @@
 #include "panels/common/chip_panel.h"
 #include "shell/main_window.h"
 
-#include <algorithm>
 #include <string>
 
 namespace zor {

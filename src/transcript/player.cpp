@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "transcript/player.h"
 
-#include "host/files.h"
 #include "shell/main_window.h"
 #include "transcript/statements.h"
 

@@ -6,7 +6,6 @@
 #include "utilities/search_rates.h"
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>

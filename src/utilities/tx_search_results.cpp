@@ -3,7 +3,6 @@
 #include "host/files.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
-#include "support/numbers.h"
 #include "utilities/tx_search.h"
 #include "utilities/tx_search_scale.h"
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "panels/common/values.h"
-#include "support/numbers.h"
 
 #include <string>
 

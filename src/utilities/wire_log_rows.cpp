@@ -3,12 +3,9 @@
 #include "support/numbers.h"
 #include "utilities/wire_log.h"
 
-#include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstdio>
 #include <ctime>
-#include <utility>
 
 namespace zor {
 

@@ -4,7 +4,6 @@
 #include "panels/common/chip_panel.h"
 
 #include <string>
-#include <utility>
 
 namespace zor {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A panel's words: whose settings they hold, what a line with one means, and all of them as text.
 #include "panels/common/chip_panel.h"
-#include "support/numbers.h"
 #include "support/vocabulary.h"
 
 #include <algorithm>
