@@ -168,6 +168,52 @@ TEST(KeptSettings, WhatCannotBeReadIsToldAtTheFootAndNothingChanges) {
     }
 }
 
+/// The run after one that kept these bytes, with the panel back.
+ChipPanel& broughtBack(VirtualBench& bench, const std::string& kept) {
+    writeFileWhole(bench.platform.programFolder / foreignFile, kept);
+    bench.startAndSearch();
+    EXPECT_TRUE(bench.main().kept.KeptBring.click());
+    return *bench.shared().openPanel();
+}
+
+TEST(KeptSettings, WhatStandsInNoElementComesBackAndIsMissedInAnOlderFileAlone) {
+    VirtualBench first;
+    first.startAndSearch();
+    ChipPanel& panel = open(first, "mnuViewCoralRx");
+    // The lowest band keeps the base of the band before it.
+    panel.band(Band::Band433)->click();
+    panel.band(Band::Band315)->click();
+    panel.FreqCenter.type("725");
+    first.run(KeptSettings::interval * 2);
+    std::string kept = readFile(ownFile(first));
+
+    VirtualBench second;
+    ChipPanel& back = broughtBack(second, kept);
+    EXPECT_EQ(back.FreqCenter.text(), "725");
+    EXPECT_EQ(wordsOf(back), wordsOf(panel));
+
+    // Versions before wrote no such values, and others may have others: a number stands in front of them.
+    std::size_t last = kept.rfind("\r\n\"", kept.size() - 3);
+    while (kept.compare(last - 1, 1, "\"") == 0) {
+        last = kept.rfind("\r\n", last - 1);
+    }
+    std::string without = kept.substr(0, kept.rfind("\r\n", last - 1) + 2);
+    ASSERT_LT(without.size(), kept.size());
+    for (const std::string& older : {without, without + "1\r\n\"i7\"\r\n", without + "0\r\n"}) {
+        VirtualBench third;
+        ChipPanel& old = broughtBack(third, older);
+        EXPECT_EQ(old.band(Band::Band315)->chosen(), true);
+        EXPECT_EQ(old.FreqCenter.text(), "725");
+        EXPECT_TRUE(third.dialogs.boxes.empty());
+    }
+    // One that says it has values, and has them not, is told and brings nothing.
+    VirtualBench fourth;
+    writeFileWhole(fourth.platform.programFolder / foreignFile, without + "3\r\n\"x\"\r\n");
+    fourth.startAndSearch();
+    ASSERT_TRUE(fourth.main().kept.KeptBring.click());
+    EXPECT_EQ(fourth.shared().openPanel(), nullptr);
+}
+
 TEST(KeptSettings, AFileOfAnotherKindIsTakenAway) {
     for (const char* bytes : {"", "\"# ZOR ini file version 2.2.0\"\r\n",
                               "\"# ZOR kept settings file version 1\"\r\n\"NoPanel\"\r\n#FALSE#\r\n"}) {
