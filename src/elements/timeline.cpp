@@ -46,6 +46,9 @@ std::string durationText(double seconds) {
     if (!(seconds > 0)) {
         return "0 s";
     }
+    if (std::isinf(seconds)) {
+        return "without end";
+    }
     const TimeUnit* chosen = &units[std::size(units) - 1];
     for (const TimeUnit& unit : units) {
         double from = unit.seconds > 1 ? unitsFrom : 1;

@@ -5,6 +5,7 @@
 #include "support/numbers.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace zor {
@@ -13,19 +14,11 @@ namespace {
 
 constexpr double kilo = 1e3;
 
-/// What a field that is typed in takes, and what it begins with.
-struct Entry {
-    double least;
-    double most;
-    int decimals;
-    const char* start;
-};
-constexpr Entry deviationEntry{0.1, 1000, 3, "60"};
-constexpr Entry rateEntry{0.01, 1000, 3, "9.6"};
-constexpr Entry bytesEntry{1, 1'000'000, 0, "16"};
-constexpr Entry bandwidthEntry{1, 10'000, 3, "135"};
-constexpr Entry toleranceEntry{0, 1000, 2, "20"};
-constexpr Entry capacityEntry{0.1, 10'000'000, 1, "1000"};
+/// A field of the panel may hold more digits than any number has while somebody types.
+std::optional<double> finiteNumber(const std::string& text) {
+    std::optional<double> number = readNumericPrefix(text);
+    return number && std::isfinite(*number) ? number : std::nullopt;
+}
 
 /// A number of kHz, to a tenth.
 std::string tenths(double value) {
@@ -33,6 +26,15 @@ std::string tenths(double value) {
 }
 
 } // namespace
+
+// clang-format off
+constexpr Forecast::Entry Forecast::deviationEntry { 0.1,  1000,       3, "60"   };
+constexpr Forecast::Entry Forecast::rateEntry      { 0.01, 1000,       3, "9.6"  };
+constexpr Forecast::Entry Forecast::bytesEntry     { 1,    1'000'000,  0, "16"   };
+constexpr Forecast::Entry Forecast::bandwidthEntry { 1,    10'000,     3, "135"  };
+constexpr Forecast::Entry Forecast::toleranceEntry { 0,    1000,       2, "20"   };
+constexpr Forecast::Entry Forecast::capacityEntry  { 0.1,  10'000'000, 1, "1000" };
+// clang-format on
 
 Forecast::Forecast(ChipPanel& owner, Bench& ownBench, std::function<bool()> mayUsePort)
     : ShowForecast(owner, "ShowForecast", "Show Forecast")
@@ -88,7 +90,7 @@ void Forecast::arrange() {
 void Forecast::wire() {
     auto taking = [this](TextField& field, const Entry& entry) {
         field.onCommit = [this, &field, entry] {
-            double value = std::clamp(numericPrefix(field.text()), entry.least, entry.most);
+            double value = entered(field, entry).value_or(entry.least);
             field.setText(numberText(roundToDecimals(value, entry.decimals)));
             look();
         };
@@ -176,9 +178,18 @@ void Forecast::watch() {
     settings.push_back(bench.sharedValueChanged.subscribe(due));
 }
 
+std::optional<double> Forecast::entered(const TextField& field, const Entry& entry) {
+    std::optional<double> number = readNumericPrefix(field.text());
+    return number ? std::optional(std::clamp(*number, entry.least, entry.most)) : std::nullopt;
+}
+
 std::optional<double> Forecast::numberOf(const char* name) const {
     Element* element = name == nullptr ? nullptr : panel.find(name);
-    return element == nullptr ? std::nullopt : readNumericPrefix(element->text());
+    return element == nullptr ? std::nullopt : finiteNumber(element->text());
+}
+
+double Forecast::bytes() const {
+    return entered(ForecastBytes, bytesEntry).value_or(bytesEntry.least);
 }
 
 void Forecast::look() {
@@ -199,8 +210,11 @@ void Forecast::look() {
 }
 
 std::optional<Keying> Forecast::keying() const {
-    std::optional<double> rate = readNumericPrefix(ForecastRate.text());
-    std::optional<double> deviation = readNumericPrefix(ForecastDeviation.text());
+    // What a chip has of its own is as it is.
+    std::optional<double> rate =
+        chip.rate != nullptr ? readNumericPrefix(ForecastRate.text()) : entered(ForecastRate, rateEntry);
+    std::optional<double> deviation = chip.deviation != nullptr ? readNumericPrefix(ForecastDeviation.text())
+                                                                : entered(ForecastDeviation, deviationEntry);
     Element* list = chip.keying == nullptr ? nullptr : panel.find(chip.keying);
     bool onOff = list != nullptr && list->text() == "OOK";
     if (!rate || *rate <= 0 || (!onOff && (!deviation || *deviation <= 0))) {
@@ -214,14 +228,14 @@ void Forecast::showAir() {
     std::optional<Keying> keyed = keying();
     CarsonBandwidth.setText(keyed ? tenths(carsonBandwidth(*keyed) / kilo) : std::string());
     OccupiedBandwidth.setText(keyed ? tenths(occupiedBandwidth(*keyed) / kilo) : std::string());
-    TimeOnAir.setText(keyed ? durationText(timeOnAir(numericPrefix(ForecastBytes.text()), keyed->rate))
-                            : std::string());
+    TimeOnAir.setText(keyed ? durationText(timeOnAir(bytes(), keyed->rate)) : std::string());
 }
 
 void Forecast::showFit() {
     std::optional<Keying> keyed = keying();
-    std::optional<double> bandwidth = readNumericPrefix(ForecastBandwidth.text());
-    std::optional<double> megahertz = readNumericPrefix(panel.FreqCenter.text());
+    std::optional<double> bandwidth = chip.bandwidth != nullptr ? readNumericPrefix(ForecastBandwidth.text())
+                                                                : entered(ForecastBandwidth, bandwidthEntry);
+    std::optional<double> megahertz = finiteNumber(panel.FreqCenter.text());
     if (!keyed || !bandwidth || !megahertz) {
         NeededBandwidth.setText("");
         BandwidthMargin.setText("");
@@ -229,7 +243,8 @@ void Forecast::showFit() {
         return;
     }
     double offset =
-        worstOffset(*megahertz * 1e6, numericPrefix(OwnTolerance.text()), numericPrefix(FarTolerance.text()));
+        worstOffset(*megahertz * 1e6, entered(OwnTolerance, toleranceEntry).value_or(toleranceEntry.least),
+                    entered(FarTolerance, toleranceEntry).value_or(toleranceEntry.least));
     double needed = neededBandwidth(*keyed, offset) / kilo;
     double margin = *bandwidth - needed;
     NeededBandwidth.setText(tenths(needed));

@@ -60,6 +60,20 @@ class Forecast {
     void panelCloses();
 
   private:
+    /// What a field that is typed in takes.
+    struct Entry {
+        double least;
+        double most;
+        int decimals;
+        const char* start;
+    };
+    static const Entry deviationEntry;
+    static const Entry rateEntry;
+    static const Entry bytesEntry;
+    static const Entry bandwidthEntry;
+    static const Entry toleranceEntry;
+    static const Entry capacityEntry;
+
     /// In mA.
     struct Spread {
         double low = 0;
@@ -98,7 +112,10 @@ class Forecast {
     void keepReadings();
     void readCurrents();
 
-    /// The number that an element shows; nothing without an element or a number.
+    /// The number in a field, within what it takes also while it is being typed; nothing without one.
+    [[nodiscard]] static std::optional<double> entered(const TextField& field, const Entry& entry);
+    [[nodiscard]] double bytes() const;
+    /// The number that an element shows; nothing without an element, or a number that one can count with.
     [[nodiscard]] std::optional<double> numberOf(const char* name) const;
 
     ChipPanel& panel;

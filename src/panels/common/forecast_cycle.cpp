@@ -79,7 +79,7 @@ std::vector<TimelinePhase> Forecast::cycle() const {
                period > 0 && chip.power != nullptr && standing.kind != Kind::Receive && keyed) {
         // The timer wakes the controller, which sends its bytes.
         work = Kind::Transmit;
-        on = timeOnAir(numericPrefix(ForecastBytes.text()), keyed->rate);
+        on = timeOnAir(bytes(), keyed->rate);
     }
     if (on <= 0 || on >= period) {
         return {phaseOf(work, 0)};
@@ -124,7 +124,7 @@ void Forecast::showCurrents(const std::vector<TimelinePhase>& phases) {
         return;
     }
     auto milliamps = [](double value) { return numberText(roundToDecimals(value, 3)); };
-    double capacity = numericPrefix(BatteryCapacity.text());
+    double capacity = entered(BatteryCapacity, capacityEntry).value_or(capacityEntry.least);
     auto life = [capacity](double current) {
         std::optional<double> hours = batteryHours(capacity, current);
         return hours ? durationText(*hours * 3600) : std::string("without end");
