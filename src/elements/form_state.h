@@ -2,7 +2,7 @@
 #pragma once
 
 #include "elements/element_state.h"
-#include "elements/history.h"
+#include "elements/undoable.h"
 
 #include <string>
 #include <utility>
