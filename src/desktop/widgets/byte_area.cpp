@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/widgets/binders.h"
 #include "desktop/widgets/colours.h"
+#include "desktop/widgets/field_keys.h"
 
 #include <QFontDatabase>
 #include <QKeyEvent>
@@ -47,26 +48,6 @@ std::string bytesShown(const QString& text) {
         bytes += code < 0x100 ? static_cast<char>(code) : '?';
     }
     return bytes;
-}
-
-bool isEnter(const QKeyEvent& key) {
-    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-}
-
-/// The key that a locked field is asked about; 0 for one that only moves or copies.
-char typedKey(const QKeyEvent& key) {
-    if (isEnter(key)) {
-        return '\r';
-    }
-    if (key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Delete) {
-        return '\b';
-    }
-    bool command = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
-    if (command || key.text().isEmpty()) {
-        return 0;
-    }
-    QChar typed = key.text().front();
-    return typed.isPrint() && typed.unicode() < 0x100 ? typed.toLatin1() : '\0';
 }
 
 /// A field of bytes over several rows, so many characters in each.
@@ -127,7 +108,7 @@ class ByteArea : public QPlainTextEdit {
     }
 
     void keyPressEvent(QKeyEvent* event) override {
-        char key = typedKey(*event);
+        char key = typedKey(*event, 0x100);
         if (field() != nullptr && key != 0 && (field()->readOnly() || key == '\r')) {
             binding->gesture([&] { field()->press(key); });
             return;

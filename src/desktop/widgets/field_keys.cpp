@@ -2,36 +2,30 @@
 #include "desktop/widgets/field_keys.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPointer>
 
 #include <limits>
 
 namespace zor {
 
-namespace {
-
 bool isEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
 }
 
-/// The key that a locked field is asked about; 0 for one that only moves or copies.
-char typedKey(const QKeyEvent& key) {
+char typedKey(const QKeyEvent& key, char16_t codes) {
     if (isEnter(key)) {
         return '\r';
     }
     if (key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Delete) {
         return '\b';
     }
-    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier) ||
-        key.text().isEmpty()) {
+    bool command = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    if (command || key.text().isEmpty()) {
         return 0;
     }
     QChar typed = key.text().front();
-    return typed.isPrint() && typed.unicode() < 0x80 ? typed.toLatin1() : '\0';
+    return typed.isPrint() && typed.unicode() < codes ? typed.toLatin1() : '\0';
 }
-
-} // namespace
 
 LineField::LineField(int columnCount)
     : columns(columnCount) {
@@ -95,7 +89,7 @@ bool LockedFieldActions::eventFilter(QObject* watched, QEvent* event) {
         return false;
     }
     if (event->type() == QEvent::KeyPress && field->readOnly() && field->onKey) {
-        char key = typedKey(*static_cast<QKeyEvent*>(event));
+        char key = typedKey(*static_cast<QKeyEvent*>(event), 0x80);
         if (key != 0) {
             binding.gesture([&] { field->press(key); });
             return true;

@@ -5,12 +5,18 @@
 #include "desktop/widgets/binding.h"
 #include "elements/text_field.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QObject>
 
 #include <string>
 
 namespace zor {
+
+[[nodiscard]] bool isEnter(const QKeyEvent& key);
+/// The key that a locked field is asked about; 0 for one that only moves or copies.
+/// @param codes  so many characters, from 0, are one byte in the field
+[[nodiscard]] char typedKey(const QKeyEvent& key, char16_t codes);
 
 /// A line edit as wide as so many digits, at any font size.
 class LineField : public QLineEdit {
