@@ -7,7 +7,6 @@
 #include <cctype>
 #include <filesystem>
 #include <iterator>
-#include <ranges>
 
 namespace zor {
 
@@ -49,8 +48,8 @@ void RecentFiles::forget(const std::string& path) {
 
 void RecentFiles::restore(const std::vector<std::string>& kept) {
     paths.clear();
-    for (const std::string& path : std::views::reverse(kept)) {
-        put(path);
+    for (std::size_t at = kept.size(); at-- > 0;) {
+        put(kept[at]);
     }
     changed.emit();
 }

@@ -4,7 +4,6 @@
 #include "support/vocabulary.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 namespace zor {
@@ -129,8 +128,8 @@ void WireRecorder::recordExchange(const WireExchange& exchange) {
 std::string WireRecorder::meaningOf(const WireEntry& entry) const {
     std::string_view line = withoutLineEnd(entry.line);
     std::string meaning;
-    for (const Named& named : std::views::reverse(namings)) {
-        meaning = named.naming(line, entry.answer);
+    for (std::size_t at = namings.size(); at-- > 0;) {
+        meaning = namings[at].naming(line, entry.answer);
         if (!meaning.empty()) {
             break;
         }
