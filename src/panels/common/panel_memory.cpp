@@ -107,15 +107,15 @@ void PanelMemory::putLines(ChipPanel& panel) const {
 void PanelMemory::putValues(ChipPanel& panel) const {
     KeptParts parts = panel.keptParts();
     bool same = parts.size() == values.size();
-    for (std::size_t place = 0; same && place < parts.size(); ++place) {
-        same = parts[place].take().index() == values[place].index();
+    for (std::size_t part = 0; same && part < parts.size(); ++part) {
+        same = parts[part].take().index() == values[part].index();
     }
     if (!same) {
         // Another version of the program kept them; the settings alone have to do.
         return;
     }
-    for (std::size_t place = 0; place < parts.size(); ++place) {
-        parts[place].put(values[place]);
+    for (std::size_t part = 0; part < parts.size(); ++part) {
+        parts[part].put(values[part]);
     }
     panel.partsPutBack();
     panel.elementsPutBack(panel.elements());
