@@ -18,7 +18,7 @@ bool sameLetter(char a, char b) {
 }
 
 bool holds(std::string_view text, std::string_view word) {
-    return std::ranges::search(text, word, sameLetter).begin() != text.end();
+    return std::search(text.begin(), text.end(), word.begin(), word.end(), sameLetter) != text.end();
 }
 
 bool beginsWith(std::string_view text, std::string_view word) {

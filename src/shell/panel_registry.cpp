@@ -462,8 +462,8 @@ void PanelRegistry::restoreKept(const Kept& kept) {
 
 void PanelRegistry::panelClosed(Slot& slot) {
     keepDiscarded(slot);
-    std::shared_ptr<ChipPanel> leaving = std::move(slot.panel);
-    bench.platform.loop.discardLater([leaving]() mutable { leaving.reset(); });
+    std::shared_ptr<ChipPanel> gone = std::move(slot.panel);
+    bench.platform.loop.discardLater([gone]() mutable { gone.reset(); });
     try {
         // What it sent at its end waited; another panel may have taken its place meanwhile, and its entries.
         if (bench.windows.*slot.row.on) {

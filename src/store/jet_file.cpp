@@ -56,7 +56,7 @@ class JetTable {
             buffers[at].resize(database.bind_size + 1);
             std::string column(schema.columns[at].name);
             if (mdb_bind_column_by_name(definition.get(), column.data(), buffers[at].data(), nullptr) < 0) {
-                fail("The table " + name + " has no column " + column);
+                fail(column.insert(0, "The table " + name + " has no column "));
             }
         }
         mdb_rewind_table(definition.get());

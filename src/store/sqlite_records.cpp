@@ -221,7 +221,7 @@ void SqliteRecords::addRowsOf(const RecordSource& other, std::span<const ColumnO
         std::string origin = inQuotes(std::string(column.from));
         if (column.made != nullptr) {
             made.push_back(&column);
-            origin = makingFunction + ("(" + origin + ", ?)");
+            origin.insert(0, "(").insert(0, makingFunction).append(", ?)");
         } else if (head.kind == ColumnKind::Boolean) {
             // Other programs have other numbers for true; queries ask for ours.
             origin += " <> 0";
@@ -229,18 +229,18 @@ void SqliteRecords::addRowsOf(const RecordSource& other, std::span<const ColumnO
         from += (from.empty() ? "" : ", ") + origin;
     }
     throughStore([&] {
-        CellReader adding(statements,
+        CellReader insert(statements,
                           "INSERT INTO " + inQuotes(std::string(table->name)) + " (" + into + ") " +
                               theseOnly(taken, from),
                           {});
         int at = 0;
         for (const ColumnOrigin* column : made) {
-            adding.bindPointer(++at, column, originKind);
+            insert.bindPointer(++at, column, originKind);
         }
         for (const auto& value : taken.values) {
-            adding.bind(++at, value);
+            insert.bind(++at, value);
         }
-        (void)adding.next();
+        (void)insert.next();
     });
     read(translate(query));
 }

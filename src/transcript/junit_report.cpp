@@ -11,8 +11,7 @@ namespace {
 
 /// Bytes that XML 1.0 has no character for are told by their number; the rest is taken for UTF-8 where it is.
 void append(std::string& xml, std::string_view text) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        char c = text[at];
+    for (char c : text) {
         auto byte = static_cast<unsigned char>(c);
         switch (c) {
         case '&':

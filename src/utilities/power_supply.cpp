@@ -142,13 +142,13 @@ std::optional<CurrentReading> PowerSupply::readCurrent() {
         Current.setPlaceholder(Current.text());
     }
     Current.setText("");
-    std::optional<CurrentReading> reading =
+    std::optional<CurrentReading> taken =
         readChipCurrent(bench, [this](const char* unit) { CurUnit.setCaption(unit); });
-    if (reading) {
-        Current.setText(reading->shown.text);
+    if (taken) {
+        Current.setText(taken->shown.text);
         Current.setPlaceholder({});
     }
-    return reading;
+    return taken;
 }
 
 void PowerSupply::ContRead_Click() {
