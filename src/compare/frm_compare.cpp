@@ -32,8 +32,8 @@ GridRow cellsOf(const Difference& row) {
     switch (row.kind) {
     case Difference::Kind::Word:
         return {{row.title, CellLook::Strong},
-                {""},
-                {""},
+                {"", CellLook::Strong},
+                {"", CellLook::Strong},
                 {row.left, CellLook::Strong},
                 {row.right, CellLook::Strong}};
     case Difference::Kind::Field:
