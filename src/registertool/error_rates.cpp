@@ -92,7 +92,7 @@ void ErrorRates::show() {
     for (const Read& read : reads) {
         points.push_back(pointOf(read));
     }
-    RatePlot.setPoints(std::move(points));
+    RatePlot.setPoints(points);
 }
 
 } // namespace zor

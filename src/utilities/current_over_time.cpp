@@ -159,7 +159,7 @@ void CurrentOverTime::showPoints() {
     for (const CurrentStretch& stretch : recorded.stretches()) {
         points.push_back(pointOf(stretch));
     }
-    CurrentPlot.setPoints(std::move(points));
+    CurrentPlot.setPoints(points);
 }
 
 void CurrentOverTime::cursorMoved() {
