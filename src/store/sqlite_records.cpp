@@ -267,7 +267,10 @@ SQLite::Statement& SqliteRecords::savingStatement(bool adds, const std::vector<C
         const char* comma = columns.empty() ? "" : ", ";
         columns += comma + column + (adds ? "" : " = " + mark);
         marks += comma + mark;
-        differences += (differences.empty() ? "" : " OR ") + column + " COLLATE BINARY IS NOT " + mark;
+        differences.append(differences.empty() ? "" : " OR ")
+            .append(column)
+            .append(" COLLATE BINARY IS NOT ")
+            .append(mark);
     }
     // A row that holds the values already is not written again.
     std::string statement = adds ? "INSERT INTO " + name + " (" + columns + ") VALUES (" + marks + ")"
