@@ -64,10 +64,6 @@ constexpr std::array emissions = {"\\n\\rOK\\n\\r>",
 
 } // namespace
 
-int RandomEngineer::upTo(int highest) {
-    return highest <= 0 ? 0 : std::uniform_int_distribution<int>(0, highest)(random);
-}
-
 std::string RandomEngineer::someText() {
     if (oneIn(3)) {
         return asQuoted(std::to_string(upTo(100000) / 100.0));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "soak/dice.h"
 #include "transcript_runner/world.h"
 
-#include <random>
 #include <string>
 #include <vector>
 
@@ -18,10 +18,10 @@ namespace zor::testing {
 /// the board and of the line, boxes that stay open, files that are not what they should be. Says what he does
 /// in the language of transcripts, so that a run which went wrong is a transcript already. The same seed, the
 /// same run.
-class RandomEngineer {
+class RandomEngineer : private Dice {
   public:
     explicit RandomEngineer(unsigned seed)
-        : random(seed) {}
+        : Dice(seed) {}
 
     /// What stands on the bench before the program starts, hostile files among it.
     [[nodiscard]] std::vector<std::string> preparations();
@@ -29,13 +29,6 @@ class RandomEngineer {
     [[nodiscard]] std::string next(const World& world);
 
   private:
-    int upTo(int highest);
-    bool oneIn(int times) { return upTo(times - 1) == 0; }
-    template <class Choices>
-    const auto& oneOf(const Choices& choices) {
-        return choices[static_cast<std::size_t>(upTo(static_cast<int>(std::size(choices)) - 1))];
-    }
-
     std::string gesture(const World& world);
     std::string gestureOn(const Element& element, const std::string& name);
     std::string toWindow(const Form& form);
@@ -43,8 +36,6 @@ class RandomEngineer {
     std::string answer();
     std::string someText();
     std::string someFile();
-
-    std::mt19937 random;
 };
 
 } // namespace zor::testing

@@ -76,14 +76,10 @@ QString described(const QWidget& widget) {
 } // namespace
 
 RandomHand::RandomHand(unsigned seed, QDir folder, DemoBoard& board, std::function<void(const QString&)> log)
-    : random(seed)
+    : Dice(seed)
     , files(std::move(folder))
     , loadBoard(board)
     , tell(std::move(log)) {}
-
-int RandomHand::upTo(int highest) {
-    return highest <= 0 ? 0 : std::uniform_int_distribution<int>(0, highest)(random);
-}
 
 void RandomHand::say(const QString& what) {
     tell(what);

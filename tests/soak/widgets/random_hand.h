@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "soak/dice.h"
+
 #include <QDir>
 #include <QPoint>
 #include <QString>
 
 #include <array>
 #include <functional>
-#include <random>
 
 class QAbstractButton;
 class QFileDialog;
@@ -21,8 +22,8 @@ class DemoBoard;
 /// Somebody with a mouse and a keyboard who does anything to anything that is on the screen, and now and then
 /// something to the board. The gestures go to the windows as the system's own do, so that what is covered,
 /// disabled or behind a dialog is met as a person meets it. Only file dialogs are treated with care: they get
-/// a name in a folder of the session's own, or none.
-class RandomHand {
+/// a name in a folder of the run's own, or none.
+class RandomHand : private Dice {
   public:
     /// @param folder  where file dialogs are led to
     /// @param log     takes each gesture before it is made
@@ -32,13 +33,6 @@ class RandomHand {
     void act();
 
   private:
-    int upTo(int highest);
-    bool oneIn(int times) { return upTo(times - 1) == 0; }
-    template <class Choices>
-    const auto& oneOf(const Choices& choices) {
-        return choices[static_cast<std::size_t>(upTo(static_cast<int>(std::size(choices)) - 1))];
-    }
-
     void inPopup(QWidget& popup);
     void inFileDialog(QFileDialog& dialog);
     void inWindow(QWidget& window);
@@ -50,7 +44,6 @@ class RandomHand {
     [[nodiscard]] QWidget* someWidget(QWidget& window);
     void say(const QString& what);
 
-    std::mt19937 random;
     QDir files;
     DemoBoard& loadBoard;
     std::function<void(const QString&)> tell;
