@@ -3,6 +3,7 @@
 #include "compare/frm_compare.h"
 #include "compare/quiet_panel.h"
 #include "host/files.h"
+#include "link/save_dialog.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
 #include "support/numbers.h"
@@ -202,23 +203,19 @@ std::string frm_Compare::asText() const {
 }
 
 void frm_Compare::PB_Save_Click() {
-    try {
-        // What is saved is what the user saw as he asked for it.
-        std::string text = asText();
-        FileChoice choice =
-            bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                               .title = "Save Comparison",
-                                               .folder = {},
-                                               .startName = savePattern,
-                                               .filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*",
-                                               .defaultExtension = "txt"});
-        if (choice.name == savePattern) {
-            return;
-        }
-        writeFileWhole(choice.name, text);
-        bench.notice("Saved " + choice.name);
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error", "Please try again");
+    // What is saved is what the user saw as he asked for it.
+    std::string text = asText();
+    std::string name = saveByDialog(
+        bench,
+        {.mode = FileRequest::Mode::Save,
+         .title = "Save Comparison",
+         .folder = {},
+         .startName = savePattern,
+         .filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*",
+         .defaultExtension = "txt"},
+        [&text](const std::string&) { return text; }, "Please try again");
+    if (!name.empty()) {
+        bench.notice("Saved " + name);
     }
 }
 

@@ -2,8 +2,7 @@
 #include "link/plot_file.h"
 
 #include "elements/plot.h"
-#include "host/file_backup.h"
-#include "link/bench.h"
+#include "link/save_dialog.h"
 #include "support/error.h"
 #include "support/file_name.h"
 
@@ -28,20 +27,15 @@ std::string bytesFor(const Plot& plot, const std::string& name) {
 } // namespace
 
 void savePlot(const Bench& bench, const Plot& plot, const std::string& title) {
-    try {
-        FileChoice choice =
-            bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                               .title = title,
-                                               .folder = {},
-                                               .startName = pattern,
-                                               .filter = "Pictures (*.png)|*.png|Values (*.csv)|*.csv",
-                                               .defaultExtension = "png"});
-        if (choice.name != pattern) {
-            saveUserFile(choice.name, bytesFor(plot, choice.name));
-        }
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error", "Please try again");
-    }
+    saveByDialog(
+        bench,
+        {.mode = FileRequest::Mode::Save,
+         .title = title,
+         .folder = {},
+         .startName = pattern,
+         .filter = "Pictures (*.png)|*.png|Values (*.csv)|*.csv",
+         .defaultExtension = "png"},
+        [&plot](const std::string& name) { return bytesFor(plot, name); }, "Please try again");
 }
 
 } // namespace zor

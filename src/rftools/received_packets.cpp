@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "rftools/received_packets.h"
 
-#include "host/file_backup.h"
 #include "link/connect.h"
 #include "link/plot_file.h"
+#include "link/save_dialog.h"
 #include "support/error.h"
 #include "support/hex_text.h"
 
@@ -253,20 +253,15 @@ std::string ReceivedPackets::csv() const {
 }
 
 void ReceivedPackets::save() {
-    try {
-        FileChoice choice =
-            bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                               .title = "Save Packets",
-                                               .folder = {},
-                                               .startName = filePattern,
-                                               .filter = "Values (*.csv)|*.csv|All files (*.*)|*.*",
-                                               .defaultExtension = "csv"});
-        if (choice.name != filePattern) {
-            saveUserFile(choice.name, csv());
-        }
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error", "Please try again");
-    }
+    saveByDialog(
+        bench,
+        {.mode = FileRequest::Mode::Save,
+         .title = "Save Packets",
+         .folder = {},
+         .startName = filePattern,
+         .filter = "Values (*.csv)|*.csv|All files (*.*)|*.*",
+         .defaultExtension = "csv"},
+        [this](const std::string&) { return csv(); }, "Please try again");
 }
 
 } // namespace zor

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "transcript/frm_play.h"
 
-#include "host/files.h"
+#include "link/save_dialog.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -172,22 +172,17 @@ void FrmPlay::showState() {
 void FrmPlay::saveReport() {
     std::filesystem::path proposal = player.file().stem();
     proposal += ".xml";
-    FileChoice choice =
-        bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                           .title = "Save report",
-                                           .folder = player.file().parent_path(),
-                                           .startName = reportPattern,
-                                           .proposal = proposal.string(),
-                                           .filter = "JUnit reports (*.xml)|*.xml|All files (*.*)|*.*",
-                                           .defaultExtension = "xml"});
-    if (choice.name == reportPattern) {
-        return;
-    }
-    try {
-        writeFileWhole(choice.name, junitReport(player));
-        bench.notice("The report was saved as " + choice.name + ".");
-    } catch (const ToolError& error) {
-        bench.tellError(error, "File save error");
+    std::string name = saveByDialog(bench,
+                                    {.mode = FileRequest::Mode::Save,
+                                     .title = "Save report",
+                                     .folder = player.file().parent_path(),
+                                     .startName = reportPattern,
+                                     .proposal = proposal.string(),
+                                     .filter = "JUnit reports (*.xml)|*.xml|All files (*.*)|*.*",
+                                     .defaultExtension = "xml"},
+                                    [this](const std::string&) { return junitReport(player); });
+    if (!name.empty()) {
+        bench.notice("The report was saved as " + name + ".");
     }
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "transcript/station.h"
 
+#include "host/file_backup.h"
 #include "host/files.h"
 #include "shell/main_window.h"
 
@@ -125,7 +126,7 @@ void Station::endRecording() {
     main.menu.mnuFileRecord.setChecked(false);
     ownPlayer.hold(false);
     try {
-        writeFileWhole(recorded, content);
+        saveUserFile(recorded, content);
         std::error_code ignored;
         std::filesystem::remove(growing(recorded), ignored);
         main.bench().notice(std::to_string(count) + " gestures were recorded in " +

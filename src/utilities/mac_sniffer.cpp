@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/mac_sniffer.h"
 
-#include "host/file_backup.h"
+#include "link/save_dialog.h"
 
 namespace zor {
 
@@ -107,20 +107,14 @@ void MacSniffer::followLength() {
 }
 
 void MacSniffer::Save_Click() {
-    try {
-        FileChoice choice =
-            bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                               .title = "Save Received Packets",
-                                               .folder = {},
-                                               .startName = textPattern,
-                                               .filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*",
-                                               .defaultExtension = "txt"});
-        if (choice.name != textPattern) {
-            saveUserFile(choice.name, Incoming.contents());
-        }
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error");
-    }
+    saveByDialog(bench,
+                 {.mode = FileRequest::Mode::Save,
+                  .title = "Save Received Packets",
+                  .folder = {},
+                  .startName = textPattern,
+                  .filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*",
+                  .defaultExtension = "txt"},
+                 [this](const std::string&) { return Incoming.contents(); });
 }
 
 } // namespace zor

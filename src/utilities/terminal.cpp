@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/terminal.h"
 
-#include "host/file_backup.h"
 #include "host/files.h"
 #include "link/connect.h"
+#include "link/save_dialog.h"
 #include "support/lines.h"
 
 #include <optional>
@@ -168,15 +168,8 @@ void Terminal::LoadScript_Click() {
 }
 
 void Terminal::SaveScript_Click() {
-    try {
-        FileChoice choice =
-            bench.platform.dialogs.chooseFile(scriptDialog(FileRequest::Mode::Save, "Save Script File"));
-        if (choice.name != scriptPattern) {
-            saveUserFile(choice.name, Script.text());
-        }
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error");
-    }
+    saveByDialog(bench, scriptDialog(FileRequest::Mode::Save, "Save Script File"),
+                 [this](const std::string&) { return Script.text(); });
 }
 
 void Terminal::SendScript_Click() {
@@ -198,15 +191,10 @@ void Terminal::send(const std::string& text) {
 }
 
 void Terminal::SaveLog_Click() {
-    try {
-        FileRequest request = scriptDialog(FileRequest::Mode::Save, "Save Terminal Log");
-        FileChoice choice = bench.platform.dialogs.chooseFile(request);
-        if (choice.name != scriptPattern) {
-            saveUserFile(choice.name, Text1.withRemarks());
-            bench.notice("Saved " + choice.name);
-        }
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error");
+    std::string name = saveByDialog(bench, scriptDialog(FileRequest::Mode::Save, "Save Terminal Log"),
+                                    [this](const std::string&) { return Text1.withRemarks(); });
+    if (!name.empty()) {
+        bench.notice("Saved " + name);
     }
 }
 

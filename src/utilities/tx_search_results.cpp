@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a search has found: how far it is, its points and carriers, and where they go.
-#include "host/files.h"
+#include "link/save_dialog.h"
 #include "panels/common/chip_panel.h"
-#include "support/error.h"
 #include "utilities/tx_search.h"
 #include "utilities/tx_search_scale.h"
 
@@ -176,20 +175,15 @@ std::string TxSearch::csv() const {
 }
 
 void TxSearch::save() {
-    try {
-        FileChoice choice =
-            bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                               .title = "Save Carriers",
-                                               .folder = {},
-                                               .startName = filePattern,
-                                               .filter = "Values (*.csv)|*.csv|All files (*.*)|*.*",
-                                               .defaultExtension = "csv"});
-        if (choice.name != filePattern) {
-            writeFileWhole(choice.name, csv());
-        }
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error", "Please try again");
-    }
+    saveByDialog(
+        bench,
+        {.mode = FileRequest::Mode::Save,
+         .title = "Save Carriers",
+         .folder = {},
+         .startName = filePattern,
+         .filter = "Values (*.csv)|*.csv|All files (*.*)|*.*",
+         .defaultExtension = "csv"},
+        [this](const std::string&) { return csv(); }, "Please try again");
 }
 
 } // namespace zor

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/wire_log.h"
 
-#include "host/file_backup.h"
+#include "link/save_dialog.h"
 
 #include <algorithm>
 #include <array>
@@ -175,23 +175,20 @@ void WireLog::showCount() {
 }
 
 void WireLog::Save_Click() {
-    try {
-        FileChoice choice = bench.platform.dialogs.chooseFile(
-            {.mode = FileRequest::Mode::Save,
-             .title = "Save Wire Log",
-             .folder = {},
-             .startName = savePattern,
-             .filter = "Text files (*.txt)|*.txt|CSV files (*.csv)|*.csv|All files (*.*)|*.*",
-             .defaultExtension = "txt"});
-        if (choice.name == savePattern) {
-            return;
-        }
-        std::string name = choice.name;
-        bool table = name.size() > 4 && holds(name.substr(name.size() - 4), ".csv");
-        saveUserFile(name, table ? asCsv() : asText());
+    std::string name =
+        saveByDialog(bench,
+                     {.mode = FileRequest::Mode::Save,
+                      .title = "Save Wire Log",
+                      .folder = {},
+                      .startName = savePattern,
+                      .filter = "Text files (*.txt)|*.txt|CSV files (*.csv)|*.csv|All files (*.*)|*.*",
+                      .defaultExtension = "txt"},
+                     [this](const std::string& chosen) {
+                         bool table = chosen.size() > 4 && holds(chosen.substr(chosen.size() - 4), ".csv");
+                         return table ? asCsv() : asText();
+                     });
+    if (!name.empty()) {
         bench.notice("Saved " + name);
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File save error");
     }
 }
 
