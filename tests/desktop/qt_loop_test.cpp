@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QTimer>
 
 #include <string>
@@ -93,6 +94,90 @@ TEST(QtLoop, EventsOfTheToolkitAreHandledInsideAWait) {
     QTimer::singleShot(2, [&] { handled = true; });
     loop.runUntil([&] { return handled; });
     EXPECT_TRUE(handled);
+}
+
+TEST(QtLoop, WhatIsLeftBehindAnEventRunsInItsOrderBeforeTheTurnEnds) {
+    QtLoop loop;
+    std::string order;
+    QTimer::singleShot(1, [&] {
+        loop.afterEvent([&] { order += "first "; });
+        loop.afterEvent([&] { order += "second"; });
+        order += "event ";
+    });
+    loop.runUntil([&] { return !order.empty(); });
+    EXPECT_EQ(order, "event first second");
+}
+
+TEST(QtLoop, AWaitInsideTheSameEventTakesWhatWasLeftBehindItWithoutSleeping) {
+    QtLoop loop;
+    bool came = false;
+    bool late = false;
+    QObject test;
+    QTimer::singleShot(2000, &test, [&] { late = true; });
+    QTimer::singleShot(1, [&] {
+        loop.afterEvent([&] { came = true; });
+        loop.runUntil([&] { return came || late; });
+    });
+    loop.runUntil([&] { return came || late; });
+    EXPECT_TRUE(came);
+    EXPECT_FALSE(late);
+}
+
+TEST(QtLoop, OneThatWaitsBehindAnEventLetsTheNextOnesRunInsideItsWait) {
+    QtLoop loop;
+    std::string order;
+    bool late = false;
+    QObject test;
+    QTimer::singleShot(2000, &test, [&] { late = true; });
+    QTimer::singleShot(1, [&] {
+        loop.afterEvent([&] {
+            loop.runUntil([&] { return !order.empty() || late; });
+            order += "waited";
+        });
+        loop.afterEvent([&] { order += "next "; });
+    });
+    loop.runUntil([&] { return order.size() > 5 || late; });
+    EXPECT_EQ(order, "next waited");
+}
+
+TEST(QtLoop, WhatIsLeftBehindAnEventRunsInTheToolkitsOwnLoopsToo) {
+    QtLoop loop;
+    bool late = false;
+    QEventLoop dialog;
+    QTimer::singleShot(2000, &dialog, [&] {
+        late = true;
+        dialog.quit();
+    });
+    QTimer::singleShot(1, [&] { loop.afterEvent([&] { dialog.quit(); }); });
+    dialog.exec();
+    EXPECT_FALSE(late);
+
+    int runs = 0;
+    loop.afterEvent([&] { ++runs; });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(runs, 1);
+}
+
+TEST(QtLoop, ATimerThatIsStoppedAndStartedAnewIsNeverEarly) {
+    QtLoop loop;
+    EventLoop::Duration fired{};
+    auto id = loop.startTimer(5ms, EventLoop::Repeat::Once, [] { FAIL() << "a stopped timer fired"; });
+    loop.stopTimer(id);
+    auto started = loop.now();
+    loop.startTimer(20ms, EventLoop::Repeat::Once, [&] { fired = loop.now(); });
+    loop.runUntil([&] { return fired.count() != 0; });
+    EXPECT_GE(fired - started, 20ms);
+}
+
+TEST(QtLoop, ATimerThatComesBeforeTheOneWaitedForWakesInItsTime) {
+    QtLoop loop;
+    bool early = false;
+    bool late = false;
+    loop.startTimer(3000ms, EventLoop::Repeat::Once, [&] { late = true; });
+    loop.startTimer(5ms, EventLoop::Repeat::Once, [&] { early = true; });
+    loop.runUntil([&] { return early || late; });
+    EXPECT_TRUE(early);
+    EXPECT_FALSE(late);
 }
 
 } // namespace zor

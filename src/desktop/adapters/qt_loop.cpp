@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/adapters/qt_loop.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -14,6 +15,10 @@ QtLoop::QtLoop() {
     wake.setSingleShot(true);
     wake.setTimerType(Qt::PreciseTimer);
     QObject::connect(&wake, &QTimer::timeout, &wake, [this] { fireNext(); });
+    // Whichever loop runs, one of the two comes between an event and the sleep behind it.
+    const QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, &turns, [this] { runBehind(); });
+    QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &turns, [this] { runBehind(); });
 }
 
 EventLoop::Duration QtLoop::now() const {
@@ -35,24 +40,45 @@ void QtLoop::stopTimer(TimerId timer) {
     if (due != dueTimes.end()) {
         timers.erase(Key(due->second, timer));
         dueTimes.erase(due);
-        arm();
     }
 }
 
 void QtLoop::runOnce() {
-    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    // What the event itself has posted, such as the characters a port has read, is handled without another
-    // turn.
-    QCoreApplication::sendPostedEvents();
+    // What an outer turn left behind its event may be what this wait waits for: then there is no sleeping.
+    if (!runBehind()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        runBehind();
+    }
+}
+
+void QtLoop::afterEvent(std::function<void()> action) {
+    behind.push_back(std::move(action));
+}
+
+bool QtLoop::runBehind() {
+    if (behind.empty()) {
+        return false;
+    }
+    // One that waits lets those behind it run inside that wait.
+    while (!behind.empty()) {
+        std::function<void()> next = std::move(behind.front());
+        behind.erase(behind.begin());
+        next();
+    }
+    return true;
 }
 
 void QtLoop::arm() {
     if (timers.empty()) {
-        wake.stop();
         return;
     }
-    Duration wait = timers.begin()->first.first - now();
-    wake.start(std::max(std::chrono::ceil<milliseconds>(wait), milliseconds(0)));
+    Duration due = timers.begin()->first.first;
+    // Woken too early it finds nothing that is due and goes on; so a timer that each exchange stops and
+    // starts again costs the toolkit nothing.
+    if (!wake.isActive() || due < wakeDue) {
+        wakeDue = due;
+        wake.start(std::max(std::chrono::ceil<milliseconds>(due - now()), milliseconds(0)));
+    }
 }
 
 void QtLoop::fireNext() {

@@ -4,11 +4,14 @@
 #include "platform/event_loop.h"
 
 #include <QElapsedTimer>
+#include <QObject>
 #include <QTimer>
 
+#include <functional>
 #include <map>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace zor {
 
@@ -25,6 +28,11 @@ class QtLoop : public EventLoop {
     void stopTimer(TimerId timer) override;
     void runOnce() override;
 
+    /// Runs this behind the event that is being handled now, in the order of the calls, before whichever loop
+    /// it is in sleeps again. A posted event would do the same, but wakes that loop through the system: two
+    /// calls of it and an empty turn for each.
+    void afterEvent(std::function<void()> action);
+
   private:
     /// Due time, then order of start.
     using Key = std::pair<Duration, TimerId>;
@@ -36,9 +44,17 @@ class QtLoop : public EventLoop {
 
     void arm();
     void fireNext();
+    /// @return whether there was any
+    bool runBehind();
 
     QElapsedTimer clock;
     QTimer wake;
+    /// What a running `wake` was set for: the next timer's time or, if that was stopped since, an earlier
+    /// one.
+    Duration wakeDue{};
+    /// Lets the toolkit's own loops, such as an open dialog's, run what waits behind an event.
+    QObject turns;
+    std::vector<std::function<void()>> behind;
     std::map<Key, Entry> timers;
     std::unordered_map<TimerId, Duration> dueTimes;
     TimerId lastId = 0;

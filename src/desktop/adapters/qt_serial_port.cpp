@@ -3,7 +3,6 @@
 
 #include "desktop/adapters/qt_text.h"
 
-#include <QMetaObject>
 #include <QPointer>
 #include <QStringList>
 
@@ -101,7 +100,7 @@ bool hasModemLines(int handle) {
 
 } // namespace
 
-QtSerialPort::QtSerialPort(EventLoop& eventLoop, SerialDevices& serialDevices)
+QtSerialPort::QtSerialPort(QtLoop& eventLoop, SerialDevices& serialDevices)
     : loop(eventLoop)
     , devices(serialDevices) {
     QObject::connect(&port, &QSerialPort::readyRead, &port, [this] { takeIncoming(); });
@@ -243,14 +242,19 @@ void QtSerialPort::noticeGone() {
     // Left open, a device that is not there would report its error again and again.
     port.close();
     // Told from the loop: the error may have been found in the midst of a write.
-    QMetaObject::invokeMethod(
-        &port,
-        [this] {
-            if (isOpen() && gone && deviceGone) {
-                deviceGone();
-            }
-        },
-        Qt::QueuedConnection);
+    afterEvent([this] {
+        if (isOpen() && gone && deviceGone) {
+            deviceGone();
+        }
+    });
+}
+
+void QtSerialPort::afterEvent(std::function<void()> action) {
+    loop.afterEvent([alive = QPointer<QSerialPort>(&port), action = std::move(action)] {
+        if (alive) {
+            action();
+        }
+    });
 }
 
 void QtSerialPort::takeIncoming() {
@@ -261,8 +265,7 @@ void QtSerialPort::takeIncoming() {
         // The toolkit tells of nothing new while this call runs, so it must end before a character is handed
         // on.
         deliveryAsked = true;
-        QMetaObject::invokeMethod(
-            &port, [this] { deliver(); }, Qt::QueuedConnection);
+        afterEvent([this] { deliver(); });
     }
 }
 
@@ -301,14 +304,11 @@ void QtSerialPort::reportLineErrors() {
     for (std::size_t kind = 0; kind < events.size(); ++kind) {
         if (counts[kind] != before[kind]) {
             // One event is enough: it makes the owner open the port anew.
-            QMetaObject::invokeMethod(
-                &port,
-                [this, event = events[kind]] {
-                    if (isOpen() && eventRaised) {
-                        loop.perform([this, event] { eventRaised(event); });
-                    }
-                },
-                Qt::QueuedConnection);
+            afterEvent([this, event = events[kind]] {
+                if (isOpen() && eventRaised) {
+                    loop.perform([this, event] { eventRaised(event); });
+                }
+            });
             return;
         }
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/adapters/qt_loop.h"
 #include "desktop/adapters/serial_devices.h"
-#include "platform/event_loop.h"
 #include "platform/serial_port.h"
 
 #include <QFileSystemWatcher>
@@ -16,7 +16,7 @@ namespace zor {
 /// A serial port of the machine, opened by its number in SerialDevices.
 class QtSerialPort : public SerialPort {
   public:
-    QtSerialPort(EventLoop& eventLoop, SerialDevices& serialDevices);
+    QtSerialPort(QtLoop& eventLoop, SerialDevices& serialDevices);
     ~QtSerialPort() override;
 
     void open(int number, const LineSettings& settings) override;
@@ -31,13 +31,15 @@ class QtSerialPort : public SerialPort {
 
     void configure(const LineSettings& settings);
     void takeIncoming();
+    /// Once the toolkit's call is over that now tells of the port. Dropped if the port is destroyed before.
+    void afterEvent(std::function<void()> action);
     void deliver();
     void reportLineErrors();
     void noticeGone();
     void waitUntilSent();
     [[nodiscard]] bool readErrorCounts(ErrorCounts& counts) const;
 
-    EventLoop& loop;
+    QtLoop& loop;
     SerialDevices& devices;
     /// Incoming characters wait here: handing one on may run a wait, and what comes in meanwhile is handed on
     /// inside that wait, in order.
@@ -56,7 +58,7 @@ class QtSerialPort : public SerialPort {
 
 class QtSerialPorts : public SerialPorts {
   public:
-    QtSerialPorts(EventLoop& eventLoop, SerialDevices& serialDevices)
+    QtSerialPorts(QtLoop& eventLoop, SerialDevices& serialDevices)
         : loop(eventLoop)
         , devices(serialDevices) {}
 
@@ -68,7 +70,7 @@ class QtSerialPorts : public SerialPorts {
     [[nodiscard]] int find(const std::string& adapter) override { return devices.find(adapter); }
 
   private:
-    EventLoop& loop;
+    QtLoop& loop;
     SerialDevices& devices;
 };
 
