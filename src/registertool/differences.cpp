@@ -7,6 +7,7 @@
 #include "registertool/text_file.h"
 #include "support/csv.h"
 #include "support/file_name.h"
+#include "support/upper_case.h"
 
 #include <algorithm>
 
@@ -23,14 +24,6 @@ constexpr const char* fileSign = "≠";
 /// Where a configuration file's own lines begin, behind the chip and the notes.
 constexpr std::size_t firstEntry = 2;
 constexpr const char* listPattern = "*.txt";
-
-/// Addresses count alike in either case.
-std::string upperCase(std::string text) {
-    for (char& c : text) {
-        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    }
-    return text;
-}
 
 } // namespace
 

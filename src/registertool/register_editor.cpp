@@ -101,14 +101,28 @@ void RegisterEditor::forbid() {
 
 GridRow RegisterEditor::cellsOf(const Setting& setting) const {
     GridRow cells = settingCells(setting);
-    cells.front() = GridCell(tool.differences.marksOf(setting), CellLook::Mark);
+    cells.front() = markOf(setting);
     return cells;
 }
 
+GridCell RegisterEditor::markOf(const Setting& setting) const {
+    return {tool.differences.marksOf(setting), CellLook::Mark};
+}
+
 void RegisterEditor::showRows() {
+    if (inGrid == tool.table.inSight() && gridGeneration == tool.table.generation()) {
+        // Each row has followed its register; only what it is marked against may be another.
+        for (std::size_t place = 0; place < inGrid.size(); ++place) {
+            SettingsDataGrid.setCell(place, 0, markOf(tool.table.rows()[inGrid[place]]));
+        }
+        SettingsDataGrid.putPicked(std::nullopt);
+        return;
+    }
+    inGrid = tool.table.inSight();
+    gridGeneration = tool.table.generation();
     std::vector<GridRow> rows;
-    rows.reserve(tool.table.inSight().size());
-    for (std::size_t row : tool.table.inSight()) {
+    rows.reserve(inGrid.size());
+    for (std::size_t row : inGrid) {
         rows.push_back(cellsOf(tool.table.rows()[row]));
     }
     SettingsDataGrid.setRows(std::move(rows));
@@ -125,6 +139,9 @@ std::optional<std::size_t> RegisterEditor::gridRowOf(std::size_t settingRow) con
 void RegisterEditor::showRow(std::size_t settingRow) {
     auto before = gridRowOf(settingRow);
     bool inSight = tool.table.putInSight(settingRow);
+    if (before.has_value() != inSight) {
+        inGrid = tool.table.inSight();
+    }
     if (before && inSight) {
         SettingsDataGrid.setRow(*before, cellsOf(tool.table.rows()[settingRow]));
     } else if (before) {

@@ -48,6 +48,7 @@ class RegisterEditor {
   private:
     /// What a register shows, its marks included.
     [[nodiscard]] GridRow cellsOf(const Setting& setting) const;
+    [[nodiscard]] GridCell markOf(const Setting& setting) const;
     void showRows();
     void showRow(std::size_t settingRow);
     void pick();
@@ -64,6 +65,9 @@ class RegisterEditor {
     [[nodiscard]] std::optional<std::size_t> gridRowOf(std::size_t settingRow) const;
 
     SPI& tool;
+    /// The rows of the table that the grid has, and the generation whose numbers they are.
+    std::vector<std::size_t> inGrid;
+    unsigned gridGeneration = 0;
     Subscription stored;
     Subscription showsOthers;
 };

@@ -2,10 +2,12 @@
 #include "registertool/setting_table.h"
 
 #include "registertool/register_lines.h"
+#include "support/upper_case.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 namespace zor {
 
@@ -37,13 +39,11 @@ constexpr ColumnOrigin takenColumns[] = {{"Name", "Name"},
                                          {"HexValue", "DefaultValue"},
                                          {"BinaryValue", "DefaultValue", binaryValue}};
 
-/// Letters of hexadecimal digits count alike in either case, as they do to the store.
-bool sameAddress(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) {
-        return false;
-    }
-    auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
-    return std::ranges::equal(a, b, {}, upper, upper);
+/// What of a row a walk over the chip reads, behind what tells the row from another program's.
+constexpr std::string_view takenByWalk[] = {"Address", "HexValue", "BinaryValue"};
+
+bool holds(const StoredRow& row, const Setting& setting) {
+    return row[0] == setting.Address && row[1] == setting.HexValue && row[2] == binaryValue(setting.HexValue);
 }
 
 /// A register as its row of the table has it; the columns' numbers are looked up once for all rows.
@@ -200,8 +200,12 @@ void SettingTable::storeTaken() {
         return;
     }
     StoreTransaction transaction(*database);
+    // Most of what a walk reads stands there already, and looking costs a fraction of writing.
+    const std::vector<StoredRow> held = database->read(wholeTable, takenByWalk);
     for (std::size_t row : unstored) {
-        store(row, settings[row].HexValue);
+        if (row >= held.size() || !holds(held[row], settings[row])) {
+            store(row, settings[row].HexValue);
+        }
     }
     transaction.commit();
     unstored.clear();
@@ -221,9 +225,14 @@ void SettingTable::take(std::size_t row, const std::string& hexValue) {
 }
 
 const Setting* SettingTable::at(std::string_view address) const {
-    auto row = std::ranges::find_if(
-        settings, [address](const Setting& setting) { return sameAddress(setting.Address, address); });
-    return row == settings.end() ? nullptr : &*row;
+    if (std::exchange(indexed, generationNumber) != generationNumber) {
+        firstOf.clear();
+        for (std::size_t row = 0; row < settings.size(); ++row) {
+            firstOf.emplace(upperCase(settings[row].Address), row);
+        }
+    }
+    auto row = firstOf.find(upperCase(address));
+    return row == firstOf.end() ? nullptr : &settings[row->second];
 }
 
 void SettingTable::narrow() {

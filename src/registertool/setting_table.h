@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace zor {
@@ -70,7 +71,8 @@ class SettingTable {
     void takeRead(std::size_t row, const std::string& hexValue);
     /// Stores what `takeRead` took, in one transaction. Throws StoreError; what was taken waits on then.
     void storeTaken();
-    /// The first register of that address; nullptr if there is none. Asks the rows, not the store.
+    /// The first register of that address, in either case as it is to the store; nullptr if there is none.
+    /// Asks the rows, not the store.
     [[nodiscard]] const Setting* at(std::string_view address) const;
 
     /// Shows the rows of another query. Throws StoreError.
@@ -117,6 +119,9 @@ class SettingTable {
     std::vector<std::size_t> shownRows;
     std::vector<std::size_t> rowsInSight;
     unsigned generationNumber = 0;
+    /// The first row of each address, in capitals, as the rows of one generation have it.
+    mutable std::unordered_map<std::string, std::size_t> firstOf;
+    mutable unsigned indexed = 0;
 };
 
 } // namespace zor

@@ -5,8 +5,8 @@
 #include "rftools/transmit_preview.h"
 #include "support/hex_text.h"
 #include "support/numbers.h"
+#include "support/upper_case.h"
 
-#include <algorithm>
 #include <optional>
 
 namespace zor {
@@ -19,12 +19,6 @@ constexpr const char* sendOne = "&Send Packet";
 constexpr std::string_view sendCommand = "T14,";
 constexpr double bitsInKilobit = 1000;
 constexpr std::string_view hexDigits = "0123456789ABCDEF";
-
-std::string upper(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return text;
-}
 
 bool isHex(std::string_view text) {
     return text.find_first_not_of(hexDigits) == std::string_view::npos;
@@ -44,7 +38,7 @@ void Frm_BerylRfLinkTest::TB_Payload_Change() {
         std::size_t place = 0;
         // A key brings one character at the caret, a paste any number.
         for (std::size_t at = 0; at < before.size(); ++at) {
-            std::string c = upper(before.substr(at, 1));
+            std::string c = upperCase(before.substr(at, 1));
             if (isHex(c)) {
                 digits += c;
                 place += at < caret ? 1 : 0;
@@ -78,7 +72,7 @@ void Frm_BerylRfLinkTest::showPayload(Option& view) {
 }
 
 void Frm_BerylRfLinkTest::insertInFront(const std::string& text) {
-    std::string digits = upper(text);
+    std::string digits = upperCase(text);
     if (!isHex(digits)) {
         bench.notice("\"" + text + "\" is not hexadecimal; nothing was inserted.");
         return;
