@@ -62,9 +62,9 @@ void ToggleInterval(benchmark::State& state) {
     window.cb_astabil.tick(true);
     window.Slider.slide(window.Slider.maximum());
     std::vector<EventLoop::Duration> toggles;
-    Subscription heard = bench.connect().tap.bytes.subscribe([&toggles](const WireBytes& line) {
+    Subscription heard = bench.connect().tap.bytes.subscribe([&toggles, &bench](const WireBytes& line) {
         if (line.direction == WireBytes::Direction::ToBoard && line.bytes.starts_with('y')) {
-            toggles.push_back(line.time);
+            toggles.push_back(bench.main().loop().now());
         }
     });
     auto waitForToggle = [&] {
@@ -171,9 +171,9 @@ void ArmingBehindAPacket(benchmark::State& state) {
     std::vector<EventLoop::Duration> delays;
     Subscription heard = bench.connect().tap.bytes.subscribe([&](const WireBytes& line) {
         if (line.direction == WireBytes::Direction::FromBoard) {
-            lastHeard = line.time;
+            lastHeard = bench.main().loop().now();
         } else if (line.bytes.ends_with("5\r")) {
-            delays.push_back(line.time - lastHeard);
+            delays.push_back(bench.main().loop().now() - lastHeard);
         }
     });
     window.EnRx.click();

@@ -311,7 +311,7 @@ void Connect::tellTap(WireBytes::Port role, WireBytes::Direction direction, std:
     if (tap.bytes.heard()) {
         int number = role == WireBytes::Port::Working ? workingNumber : trial ? trial->number : 0;
         bool awaited = role == WireBytes::Port::Search || anyWaiting();
-        tap.bytes.emit({role, number, direction, bytes, awaited, bench.platform.loop.now()});
+        tap.bytes.emit({role, number, direction, bytes, awaited});
     }
 }
 

@@ -60,7 +60,8 @@ const char* wordOf(WireEntry::Result result) {
 }
 
 WireRecorder::WireRecorder(Bench& ownBench, WireTap& tap)
-    : start(ownBench.platform.loop.now())
+    : loop(ownBench.platform.loop)
+    , start(loop.now())
     , wallStart(std::chrono::system_clock::now())
     , bytes(tap.bytes.subscribe([this](const WireBytes& crossed) { recordBytes(crossed); }))
     , exchanges(tap.exchanges.subscribe([this](const WireExchange& exchange) { recordExchange(exchange); })) {
@@ -90,12 +91,13 @@ void WireRecorder::recordBytes(const WireBytes& crossed) {
     if (crossed.direction == WireBytes::Direction::ToBoard || crossed.awaited) {
         return;
     }
+    EventLoop::Duration now = loop.now();
     if (unasked.answer.empty()) {
-        unasked.time = crossed.time;
+        unasked.time = now;
         unasked.port = crossed.number;
     }
     unasked.answer += crossed.bytes;
-    unasked.length = crossed.time - unasked.time;
+    unasked.length = now - unasked.time;
     if (unasked.answer.size() >= unaskedLength || unasked.answer.ends_with("\r\n") ||
         unasked.answer.ends_with(LinkVariables::Last7OK) ||
         unasked.answer.ends_with(LinkVariables::Last7ERROR)) {

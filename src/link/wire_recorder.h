@@ -84,6 +84,7 @@ class WireRecorder {
 
     std::deque<WireEntry> history;
     std::uint64_t next = 0;
+    const EventLoop& loop;
     EventLoop::Duration start;
     std::chrono::system_clock::time_point wallStart;
     /// What the board says while nobody waits for it, up to the line's end.

@@ -20,8 +20,6 @@ struct WireBytes {
     std::string_view bytes;
     /// A line waits for its answer, to which the character belongs.
     bool awaited = false;
-    /// When they were handed to the line, or arrived.
-    EventLoop::Duration time{};
 };
 
 /// A command line with how it ended.

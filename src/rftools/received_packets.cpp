@@ -126,7 +126,7 @@ void ReceivedPackets::listen() {
         if (heard.role != WireBytes::Port::Working) {
             return;
         }
-        now = heard.time;
+        now = bench.platform.loop.now();
         if (heard.direction == WireBytes::Direction::FromBoard) {
             hear(heard.bytes);
         } else {
