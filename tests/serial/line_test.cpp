@@ -132,6 +132,29 @@ TEST_F(Line, ADeviceThatHasGoneIsToldByClosing) {
     EXPECT_EQ(openError(*line, 1), 8002);
 }
 
+TEST_F(Line, AnActionThatWaitsGetsTheRestOfWhatWasReadWithItsCharacter) {
+    int farEnd = ::posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_GE(farEnd, 0);
+    ASSERT_EQ(::grantpt(farEnd), 0);
+    ASSERT_EQ(::unlockpt(farEnd), 0);
+    devices.addDevice(::ptsname(farEnd), "LoadBoard");
+    auto line = ports.create();
+    bool inTime = false;
+    line->received = [&](char c) {
+        text += c;
+        if (c == 'a') {
+            inTime = wait([&] { return text.ends_with('c'); });
+        }
+    };
+    line->open(1, {});
+    ASSERT_EQ(::write(farEnd, "abc", 3), 3);
+    EXPECT_TRUE(wait([&] { return text.size() == 3; }));
+    EXPECT_TRUE(inTime);
+    EXPECT_EQ(text, "abc");
+    line->close();
+    ::close(farEnd);
+}
+
 TEST_F(Line, WhatAnActionWaitsForInsideAReceivedCharacterComesInOrder) {
     startBoard();
     auto line = ports.create();

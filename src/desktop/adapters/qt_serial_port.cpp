@@ -261,10 +261,12 @@ void QtSerialPort::takeIncoming() {
     QByteArray bytes = port.readAll();
     incoming.insert(incoming.end(), bytes.begin(), bytes.end());
     reportLineErrors();
-    if (!deliveryAsked && !incoming.empty()) {
-        // The toolkit tells of nothing new while this call runs, so it must end before a character is handed
-        // on.
-        deliveryAsked = true;
+    // The toolkit tells of nothing new while this call runs, so it must end before a character is handed on.
+    askDelivery();
+}
+
+void QtSerialPort::askDelivery() {
+    if (!incoming.empty() && !std::exchange(deliveryAsked, true)) {
         afterEvent([this] { deliver(); });
     }
 }
@@ -276,6 +278,8 @@ void QtSerialPort::deliver() {
     while (alive && !incoming.empty()) {
         char c = incoming.front();
         incoming.pop_front();
+        // A wait inside the action hands on the rest.
+        askDelivery();
         loop.perform([this, c] {
             if (received) {
                 received(c);

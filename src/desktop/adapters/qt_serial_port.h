@@ -31,6 +31,7 @@ class QtSerialPort : public SerialPort {
 
     void configure(const LineSettings& settings);
     void takeIncoming();
+    void askDelivery();
     /// Once the toolkit's call is over that now tells of the port. Dropped if the port is destroyed before.
     void afterEvent(std::function<void()> action);
     void deliver();
