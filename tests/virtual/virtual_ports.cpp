@@ -103,9 +103,7 @@ void VirtualSeat::opened(VirtualSerialPort& port, const LineSettings& settings) 
     rtsIsOn = settings.rts.value_or(rtsIsOn);
     allOpenings.push_back(settings);
     board().lineOpened();
-    if (!waiting.empty()) {
-        loop.startTimer(EventLoop::Duration(0), EventLoop::Repeat::Once, [this] { handOn(); });
-    }
+    handOnRest();
 }
 
 void VirtualSeat::closed() {
@@ -125,15 +123,25 @@ void VirtualSeat::fromBoard(char byte) {
     }
 }
 
-/// One read. What a character leads to may wait, and lets the next read come inside this one; it may also
-/// close the port.
+/// One read. What a character leads to may wait, and lets the rest of it and the next read come inside this
+/// one; it may also close the port.
 void VirtualSeat::handOn() {
     while (holder != nullptr && !waiting.empty()) {
         char byte = waiting.front();
         waiting.pop_front();
+        handOnRest();
         if (holder->received) {
             loop.perform([this, byte] { holder->received(byte); });
         }
+    }
+}
+
+void VirtualSeat::handOnRest() {
+    if (!waiting.empty() && !std::exchange(restAsked, true)) {
+        loop.startTimer(EventLoop::Duration(0), EventLoop::Repeat::Once, [this] {
+            restAsked = false;
+            handOn();
+        });
     }
 }
 

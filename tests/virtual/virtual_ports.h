@@ -70,6 +70,7 @@ class VirtualSeat {
     void fromBoard(char byte);
     void setFormat(const std::string& format);
     void handOn();
+    void handOnRest();
 
     EventLoop& loop;
     int portNumber;
@@ -87,6 +88,7 @@ class VirtualSeat {
     std::vector<LineSettings> allOpenings;
     /// What the driver has received and not handed on yet; so much of it fits.
     std::deque<char> waiting;
+    bool restAsked = false;
     std::size_t inputBuffer = 0;
 };
 

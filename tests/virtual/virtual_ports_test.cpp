@@ -150,6 +150,26 @@ TEST(VirtualPort, EndsAReadAtAPause) {
     EXPECT_EQ(line.reads, (std::vector<std::string>{"ab", "cd"}));
 }
 
+TEST(VirtualPort, HandsOnTheRestOfAReadInsideAWaitForIt) {
+    Line line;
+    line.ports.place(1, sim::BoardKind::LoadBoard1);
+    line.ports.delivery = allWaiting;
+    line.open(1);
+    EventLoop::Duration waited{};
+    line.port->received = [&](char c) {
+        line.heard += c;
+        if (c == 'O') {
+            EventLoop::Duration began = line.loop.now();
+            line.loop.runUntil([&] { return line.heard.ends_with('>'); });
+            waited = line.loop.now() - began;
+        }
+    };
+    line.port->write("Z3\r");
+    line.loop.runFor(1s);
+    EXPECT_EQ(line.heard, "\n\rOK\n\r>");
+    EXPECT_EQ(waited.count(), 0);
+}
+
 TEST(VirtualPort, ThatIsClosedInAReadLosesTheRestOfIt) {
     Line line;
     line.ports.place(1, sim::BoardKind::LoadBoard1);
