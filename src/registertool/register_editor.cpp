@@ -157,17 +157,15 @@ std::string RegisterEditor::pickedAddress() const {
 }
 
 void RegisterEditor::findAgain(const std::string& address, Editor editor) {
-    const std::vector<std::size_t>& shown = tool.table.shown();
-    auto place = std::ranges::find_if(
-        shown, [&](std::size_t row) { return tool.table.rows()[row].Address == address; });
-    if (address.empty() || place == shown.end()) {
+    auto kept = address.empty() ? std::nullopt : tool.table.find(address);
+    if (!kept || std::ranges::find(tool.table.shown(), *kept) == tool.table.shown().end()) {
         return;
     }
-    if (auto row = gridRowOf(*place)) {
+    if (auto row = gridRowOf(*kept)) {
         SettingsDataGrid.putPicked(*row);
     }
     if (editor == Editor::Follows) {
-        takeRow(tool.table.rows()[*place]);
+        takeRow(tool.table.rows()[*kept]);
     }
 }
 

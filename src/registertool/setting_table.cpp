@@ -280,16 +280,26 @@ void SettingTable::rereadShown() {
     }
 }
 
-void SettingTable::takeShown() {
-    shownRows.clear();
-    shownRows.reserve(Settings->count());
-    for (Settings->moveFirst(); !Settings->pastLast(); Settings->moveNext()) {
+std::vector<std::size_t> SettingTable::rowsOf(std::string_view query) const {
+    return attached() ? rowsIn(*database->select(query, RegisterStore::Values::WhenAsked))
+                      : std::vector<std::size_t>();
+}
+
+std::vector<std::size_t> SettingTable::rowsIn(RecordSource& source) const {
+    std::vector<std::size_t> rows;
+    rows.reserve(source.count());
+    for (source.moveFirst(); !source.pastLast(); source.moveNext()) {
         // The rows are in the order of their keys. One that another program put there meanwhile is not ours.
-        auto row = std::ranges::lower_bound(settings, Settings->key(), {}, &Setting::key);
-        if (row != settings.end() && row->key == Settings->key()) {
-            shownRows.push_back(static_cast<std::size_t>(row - settings.begin()));
+        auto row = std::ranges::lower_bound(settings, source.key(), {}, &Setting::key);
+        if (row != settings.end() && row->key == source.key()) {
+            rows.push_back(static_cast<std::size_t>(row - settings.begin()));
         }
     }
+    return rows;
+}
+
+void SettingTable::takeShown() {
+    shownRows = rowsIn(*Settings);
     takeWanted();
     showsOthers.emit();
 }

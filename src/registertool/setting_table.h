@@ -75,6 +75,8 @@ class SettingTable {
     /// Asks the rows, not the store.
     [[nodiscard]] const Setting* at(std::string_view address) const;
 
+    /// The rows of a query, in its order; what is shown stays. Throws StoreError.
+    [[nodiscard]] std::vector<std::size_t> rowsOf(std::string_view query) const;
     /// Shows the rows of another query. Throws StoreError.
     void show(std::string_view query);
     void rereadShown();
@@ -106,6 +108,7 @@ class SettingTable {
     void store(std::size_t row, const std::string& hexValue);
     /// Takes a value into the row and tells of it.
     void take(std::size_t row, const std::string& hexValue);
+    [[nodiscard]] std::vector<std::size_t> rowsIn(RecordSource& source) const;
     void takeShown();
     void takeWanted();
 

@@ -342,13 +342,14 @@ bool LongAction::goesOn() const {
     return !tool.portGone && !tool.stopping && hasItsGround();
 }
 
-bool LongAction::send(const std::string& line) {
+bool LongAction::readyForNext() {
     // What the user asked for meanwhile goes between two exchanges.
     tool.runWaiting();
-    if (!goesOn()) {
-        return false;
-    }
-    return tool.send(line) && hasItsGround();
+    return goesOn();
+}
+
+bool LongAction::send(const std::string& line) {
+    return readyForNext() && tool.send(line) && hasItsGround();
 }
 
 } // namespace zor

@@ -171,6 +171,9 @@ class LongAction {
     ~LongAction() { end(); }
 
     [[nodiscard]] bool goesOn() const;
+    /// Lets what the user asked for meanwhile go first, which may change any value. @return whether the run
+    /// goes on behind it
+    [[nodiscard]] bool readyForNext();
     /// Sends a line and waits. @return whether there is an answer, and still somebody to take it
     bool send(const std::string& line);
     /// The tool is open and has the registers that the run began with.

@@ -79,37 +79,55 @@ void TextFiles::LoadSettings_Click() {
     std::vector<std::string> lines;
     loading(tool.bench, [&] {
         if (auto name = chooseTextToLoad(tool.bench, "Load Chip Configuration")) {
-            lines = readTextLines(*name);
+            try {
+                lines = readTextLines(*name);
+            } catch (const ToolError& error) {
+                if (error.number() == inputPastEnd) {
+                    // That there is no first line shows when it is read, behind a load's beginning.
+                    tool.editor.findAgain(beginLoad(), RegisterEditor::Editor::Follows);
+                }
+                throw;
+            }
         }
     });
     if (lines.empty()) {
         return;
     }
-    tool.whole.ProgressBar1.putValue(0);
-    std::string kept = tool.editor.pickedAddress();
-    tool.filter.tickAll();
-    tool.table.show(allSettings);
+    std::string kept = beginLoad();
     if (lines.size() >= firstEntry) {
         tool.Notes.setText(lines[1]);
     }
-    std::vector<std::string> missing = takeRegisters(lines);
-    tool.editor.findAgain(kept, RegisterEditor::Editor::Follows);
-    for (const std::string& address : missing) {
-        tool.bench.platform.dialogs.show({.text = "Register address " + address + "h does not exist!",
+    const unsigned generation = tool.table.generation();
+    std::size_t next = firstEntry;
+    while (auto missing = takeUpToMissing(lines, next)) {
+        tool.bench.platform.dialogs.show({.text = "Register address " + *missing + "h does not exist!",
                                           .title = "Register Address Error.",
                                           .icon = BoxIcon::Warning});
+        if (tool.isClosed() || tool.table.generation() != generation) {
+            return;
+        }
     }
+    tool.editor.findAgain(kept, RegisterEditor::Editor::Follows);
     tool.whenFree([this] { tool.whole.UpdateChip_Click(); });
 }
 
-std::vector<std::string> TextFiles::takeRegisters(const std::vector<std::string>& lines) {
-    std::vector<std::string> missing;
+std::string TextFiles::beginLoad() {
+    std::string kept = tool.editor.pickedAddress();
+    tool.whole.ProgressBar1.putValue(0);
+    tool.filter.tickAll();
+    tool.table.show(allSettings);
+    return kept;
+}
+
+std::optional<std::string> TextFiles::takeUpToMissing(const std::vector<std::string>& lines,
+                                                      std::size_t& next) {
+    std::optional<std::string> missing;
     std::optional<StoreTransaction> transaction;
     if (tool.store) {
         transaction.emplace(*tool.store);
     }
-    for (std::size_t at = firstEntry; at < lines.size(); ++at) {
-        const std::string& line = lines[at];
+    while (next < lines.size() && !missing) {
+        const std::string& line = lines[next++];
         if (line.empty()) {
             continue;
         }
@@ -117,7 +135,7 @@ std::vector<std::string> TextFiles::takeRegisters(const std::vector<std::string>
         if (auto found = tool.table.findInQuery("Address = " + address)) {
             tool.table.storeValue(*found, value);
         } else {
-            missing.push_back(address);
+            missing = address;
         }
     }
     if (transaction) {

@@ -4,6 +4,8 @@
 #include "elements/button.h"
 #include "registertool/fifo_page.h"
 
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,8 +34,13 @@ class TextFiles {
   private:
     void saveRegisters(const std::string& query);
     void LoadSettings_Click();
-    /// @return the addresses that the chip does not have
-    std::vector<std::string> takeRegisters(const std::vector<std::string>& lines);
+    /// All registers are listed from here on. @return the address of the row that was picked, empty if none
+    std::string beginLoad();
+    /// Takes the values of a configuration's lines, in one transaction, up to the first of a register that
+    /// the chip does not have, which is told before the next line counts.
+    /// @param next  the line to begin with; behind it that of the missing register, or the end
+    /// @return the missing register's address; nothing at the end
+    std::optional<std::string> takeUpToMissing(const std::vector<std::string>& lines, std::size_t& next);
     void SaveGUI_Click();
     void LoadGUI_Click();
     void saveFifo(FifoPage::Column column, const std::string& title);

@@ -11,13 +11,6 @@ namespace {
 
 constexpr double wholeProgress = 100;
 
-/// One line of an update, taken from the store before the first one goes out.
-struct Write {
-    std::string name;
-    std::string line;
-    bool writable;
-};
-
 } // namespace
 
 WholeTable::WholeTable(SPI& ownTool)
@@ -58,7 +51,7 @@ void WholeTable::RefreshTable_Click() {
     std::vector<std::size_t> rows = tool.table.shown();
     std::size_t done = 0;
     std::size_t read = 0;
-    for (; done < rows.size() && busy.goesOn(); ++done) {
+    for (; done < rows.size() && busy.readyForNext(); ++done) {
         const Setting& setting = tool.table.rows()[rows[done]];
         tool.report.at("reading " + setting.Name + ",", done + 1, rows.size());
         if (setting.R) {
@@ -95,32 +88,24 @@ void WholeTable::UpdateChip_Click() {
     ProgressBar1.putValue(0);
     tool.report.begin();
     std::string kept = tool.editor.pickedAddress();
-    std::vector<Write> writes;
-    if (tool.store) {
-        tool.table.storeTaken();
-        constexpr std::string_view columns[] = {"Name", "Address", "HexValue", "W"};
-        for (const StoredRow& row : tool.store->read(allSettings, columns)) {
-            auto text = [&row](std::size_t column) { return row[column].value_or(std::string()); };
-            writes.push_back({text(0), writeLine(text(1), text(2)), row[3] == "True"});
-        }
-    }
+    // Each line has the value of its moment: a row that is changed meanwhile goes out as it then is.
+    std::vector<std::size_t> rows = tool.table.rowsOf(allSettings);
     std::size_t done = 0;
-    for (; done < writes.size() && busy.goesOn(); ++done) {
-        tool.report.at("writing " + writes[done].name + ",", done + 1, writes.size());
-        if (writes[done].writable && !busy.send(writes[done].line)) {
+    for (; done < rows.size() && busy.readyForNext(); ++done) {
+        const Setting& setting = tool.table.rows()[rows[done]];
+        tool.report.at("writing " + setting.Name + ",", done + 1, rows.size());
+        if (setting.W && !busy.send(writeLine(setting.Address, setting.HexValue))) {
             break;
         }
-        showProgress(done + 1, writes.size());
+        showProgress(done + 1, rows.size());
     }
     busy.end();
     if (busy.sameTable()) {
-        if (done == writes.size()) {
+        if (done == rows.size()) {
             tellOutcome(done, "written");
         }
         tool.macros.GUI_Sync();
-        if (tool.editor.pickedAddress().empty()) {
-            tool.editor.findAgain(kept, RegisterEditor::Editor::Stays);
-        }
+        tool.editor.findAgain(kept, RegisterEditor::Editor::Stays);
     }
 }
 
