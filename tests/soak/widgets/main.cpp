@@ -30,8 +30,16 @@
 #include <string_view>
 #include <thread>
 
+#include <csignal>
+
+#include <pthread.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+/// A program that hangs is aborted; the sanitizer then says in what.
+extern "C" const char* __asan_default_options() { // NOLINT(bugprone-reserved-identifier)
+    return "handle_abort=1";
+}
 
 namespace zor {
 
@@ -122,6 +130,9 @@ class Session {
                 since = Clock::now();
             } else if (Clock::now() - since > hangsAfter) {
                 std::cerr << "the program hangs\n";
+                // There it is told where it hangs.
+                ::pthread_kill(program, SIGABRT);
+                std::this_thread::sleep_for(10s);
                 std::abort();
             }
         }
@@ -224,6 +235,8 @@ class Session {
     DesktopWindow window{main};
     RandomHand hand;
     Clock::time_point end;
+    /// The thread that the program runs in.
+    pthread_t program = ::pthread_self();
     std::atomic<std::uint64_t> beats = 0;
     std::atomic<bool> done = false;
     int gestures = 0;
