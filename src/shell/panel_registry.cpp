@@ -376,11 +376,6 @@ const PanelChoice& plainChoiceOf(std::string_view panel) {
 
 } // namespace
 
-std::string PanelRegistry::chipOfFile(const std::string& path) {
-    const PanelRow* row = rowOfFile(path);
-    return row == nullptr ? std::string() : plainChoiceOf(row->name).caption;
-}
-
 void PanelRegistry::openConfiguration(const std::string& path) {
     const PanelRow* row = rowOfFile(path);
     if (row == nullptr) {

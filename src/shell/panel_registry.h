@@ -71,8 +71,6 @@ class PanelRegistry {
     /// Opens the panel as it was kept. Throws ToolError if that cannot be read; nothing has changed then.
     void restoreKept(const Kept& kept);
 
-    /// The chip whose files have that extension, its case aside; empty if there is none.
-    [[nodiscard]] static std::string chipOfFile(const std::string& path);
     /// Opens the panel of such a file, if it is not open, and loads the file. A chip's regional variant stays
     /// if it is the open one.
     void openConfiguration(const std::string& path);

@@ -156,14 +156,6 @@ TEST(LinkFigures, TwoCrystalsOf20PpmPutTheEnds34Point7KilohertzApartAt868) {
     EXPECT_NEAR(neededBandwidth(keyed(9600, 60e3), 34'732), 199'064, 0.5);
 }
 
-TEST(LinkFigures, ACurrentThatIsOnATenthOfTheTimeCountsATenth) {
-    EXPECT_DOUBLE_EQ(averageCurrent(10, 30, 0.01, 300), 1.009);
-    EXPECT_DOUBLE_EQ(averageCurrent(10, 0, 0.01, 300), 0.01);
-    // Longer than its period, or without one, it is always on.
-    EXPECT_DOUBLE_EQ(averageCurrent(10, 400, 0.01, 300), 10);
-    EXPECT_DOUBLE_EQ(averageCurrent(10, 5, 0.01, 0), 10);
-}
-
 TEST(LinkFigures, ABatteryOf230MilliampHoursGives100MicroampsFor2300Hours) {
     EXPECT_DOUBLE_EQ(*batteryHours(230, 0.1), 2300);
     EXPECT_FALSE(batteryHours(230, 0).has_value());

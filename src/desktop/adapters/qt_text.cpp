@@ -22,11 +22,6 @@ QString linesToQt(std::string_view text) {
     return toQt(text).replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }
 
-std::string linesFromQt(const QString& text) {
-    QString lines = text;
-    return fromQt(lines.replace(QLatin1String("\n"), QLatin1String("\r\n")));
-}
-
 QString literalCaption(std::string_view caption) {
     return toQt(caption).replace(QLatin1Char('&'), QLatin1String("&&"));
 }

@@ -13,9 +13,8 @@ namespace zor {
 [[nodiscard]] QString toQt(std::string_view text);
 [[nodiscard]] std::string fromQt(const QString& text);
 
-/// The same with the core's line ends (CR LF) and the toolkit's (LF) changed for one another.
+/// The same with the toolkit's line ends (LF) for the core's (CR LF).
 [[nodiscard]] QString linesToQt(std::string_view text);
-[[nodiscard]] std::string linesFromQt(const QString& text);
 
 /// A caption for a widget that takes '&' for a mnemonic, where ours means the character itself.
 [[nodiscard]] QString literalCaption(std::string_view caption);

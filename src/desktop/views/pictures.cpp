@@ -54,19 +54,6 @@ void drawSign(QPainter& painter, const QRectF& box, const QColor& data, const QC
     painter.drawPath(wave);
 }
 
-class SignView : public QWidget {
-  public:
-    explicit SignView(int pictureHeight) { setFixedSize(pictureHeight * 2, pictureHeight); }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        drawSign(painter, QRectF(rect()).adjusted(2, 2, -2, -2), roles(palette()).softText,
-                 roles(palette()).accent);
-    }
-};
-
 /// A tile with one bit of the sign: a slow wave, then a fast one. All eight would be a blur in 16 pixels.
 QPixmap iconTile(int side) {
     QPixmap tile(side, side);
@@ -217,12 +204,6 @@ QWidget* iconPicture(Element& element, int height) {
     auto* view = new IconView(height);
     new Binding(element, *view);
     return view;
-}
-
-QWidget* signPicture(Element& element, int height) {
-    auto* picture = new SignView(height);
-    new Binding(element, *picture);
-    return picture;
 }
 
 QWidget* splashPicture(Button& element) {

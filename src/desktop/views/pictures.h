@@ -12,9 +12,7 @@ namespace zor {
 class Element;
 class Button;
 
-/// A carrier that is keyed by data: the product's sign.
-[[nodiscard]] QWidget* signPicture(Element& element, int height);
-/// The same on a ground of its own, for windows and task bars.
+/// The product's sign, a carrier that is keyed by data, on a ground of its own: for windows and task bars.
 [[nodiscard]] QIcon productIcon();
 /// The icon as a picture.
 [[nodiscard]] QWidget* iconPicture(Element& element, int height);

@@ -80,8 +80,6 @@ enum class WheelUse { ChoosesWithFocus, NeverChooses };
 [[nodiscard]] QWidget* strongButton(Button& element);
 /// The same for one that is no element.
 void makeStrong(QPushButton& push);
-/// A button that shows a sign of its own instead of the caption, which an element may not have.
-[[nodiscard]] QWidget* button(Button& element, const QString& face);
 
 enum class Tone { Normal, Soft, Reminder, Error, Title };
 /// A caption; one that acts on clicks takes them.
@@ -92,8 +90,6 @@ enum class Tone { Normal, Soft, Reminder, Error, Title };
 [[nodiscard]] QWidget* lampSample(Swatch& element, bool lit, const QString& meaning);
 [[nodiscard]] QWidget* progress(Progress& element);
 
-/// A memory's cells, painted; arrow keys and clicks pick one, and a pointer at rest is told what it holds.
-[[nodiscard]] QWidget* cellPicture(CellPicture& element);
 /// What a cell of that kind looks like, and what it means.
 [[nodiscard]] QWidget* cellSample(CellPicture::Cell kind, const QString& meaning);
 enum class CellShape {

@@ -204,12 +204,6 @@ QWidget* smallButton(Button& element) {
     return push;
 }
 
-QWidget* button(Button& element, const QString& face) {
-    auto* push = new QPushButton(face);
-    bindButton(*push, element);
-    return push;
-}
-
 QWidget* strongButton(Button& element) {
     QWidget* push = button(element);
     makeStrong(*static_cast<QPushButton*>(push));

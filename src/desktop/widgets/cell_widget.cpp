@@ -268,11 +268,6 @@ class CellSample : public QWidget {
 
 } // namespace
 
-QWidget* cellPicture(CellPicture& element) {
-    constexpr double customaryRowHeight = 7;
-    return cellPicture(element, customaryRowHeight);
-}
-
 QWidget* cellPicture(CellPicture& element, double rowHeight) {
     return new CellPictureView(element, rowHeight);
 }

@@ -9,7 +9,8 @@ class QWidget;
 
 namespace zor {
 
-/// The picture with rows of that height, in pixels, as far as there is room.
+/// A memory's cells, painted; arrow keys and clicks pick one, and a pointer at rest is told what it holds.
+/// @param rowHeight  in pixels, as far as there is room
 [[nodiscard]] QWidget* cellPicture(CellPicture& element, double rowHeight);
 /// The bytes' places, to stand directly above a text of fixed pitch, 32 bytes a line and a blank between two.
 /// As high as the picture's own ruler: the text's first line is level with the first row of cells.

@@ -129,11 +129,6 @@ double neededBandwidth(const Keying& keying, double offset) {
     return carsonBandwidth(keying) + 2 * offset;
 }
 
-double averageCurrent(double onCurrent, double onTime, double offCurrent, double period) {
-    double share = period > 0 ? std::clamp(onTime / period, 0.0, 1.0) : 1;
-    return onCurrent * share + offCurrent * (1 - share);
-}
-
 std::optional<double> batteryHours(double milliampHours, double milliamps) {
     return milliamps > 0 ? std::optional(milliampHours / milliamps) : std::nullopt;
 }

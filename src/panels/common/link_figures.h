@@ -49,10 +49,6 @@ struct Keying {
 /// the worst offset to either side. Without automatic frequency control.
 [[nodiscard]] double neededBandwidth(const Keying& keying, double offset);
 
-/// A current that comes and goes: its mean over the period, in the unit of the currents.
-/// @param onTime  at most the period counts
-[[nodiscard]] double averageCurrent(double onCurrent, double onTime, double offCurrent, double period);
-
 /// In hours, of a battery that gives all of its capacity and loses none by itself. Nothing without a current.
 [[nodiscard]] std::optional<double> batteryHours(double milliampHours, double milliamps);
 
