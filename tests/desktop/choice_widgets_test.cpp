@@ -2,6 +2,7 @@
 #include "widget_of_test.h"
 
 #include "desktop/widgets/binders.h"
+#include "desktop/widgets/memory_picture.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>
@@ -19,7 +20,7 @@ using ChoiceWidgets = WidgetOfTest;
 TEST_F(ChoiceWidgets, AMemorysCellsAreClickedAndWalkedWithTheArrows) {
     auto& element = add<CellPicture>("MemoryPicture", 64U, 16U);
     element.onCell = [&](std::size_t cell) { element.pick(cell); };
-    auto& picture = show<QWidget>(cellPicture(element));
+    auto& picture = show<QWidget>(cellPicture(element, 7));
     QTest::mouseClick(&picture, Qt::LeftButton, {}, QPoint(picture.width() - 3, picture.height() - 3));
     EXPECT_EQ(element.picked(), 1023U) << "the nearest cell";
     QTest::keyClick(&picture, Qt::Key_Down);

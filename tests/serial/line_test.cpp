@@ -8,6 +8,7 @@
 
 #include <sys/stat.h>
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <fcntl.h>
@@ -29,7 +30,15 @@ class Line : public testing::Test {
                   << "lb2";
         QString terminal = board.start(arguments);
         ASSERT_FALSE(terminal.isEmpty());
-        devices.addDevice(terminal.toStdString(), "LoadBoard");
+        // By a name of our own: another program may be given the terminal's as soon as it is free.
+        ASSERT_TRUE(QFile::link(terminal, device));
+        ASSERT_EQ(::chmod(place.path().toUtf8().constData(), 0755), 0);
+        devices.addDevice(device.toStdString(), "LoadBoard");
+    }
+
+    void pullOutBoard() {
+        board.stop();
+        QFile::remove(device);
     }
 
     std::unique_ptr<SerialPort> port() {
@@ -50,6 +59,8 @@ class Line : public testing::Test {
     bool answered() const { return text.ends_with("\n\rOK\n\r>"); }
 
     QTemporaryDir nothing;
+    QTemporaryDir place;
+    QString device = place.filePath(QStringLiteral("board"));
     QtLoop loop;
     SerialDevices devices{"/dev", nothing.path().toStdString()};
     QtSerialPorts ports{loop, devices};
@@ -118,7 +129,7 @@ TEST_F(Line, ADeviceThatHasGoneIsToldByClosing) {
     line->open(1, {});
     line->write("i\r");
     ASSERT_TRUE(wait([&] { return answered(); }));
-    board.stop();
+    pullOutBoard();
     wait([] { return false; });
     EXPECT_TRUE(line->isOpen());
     line->write("i\r");
