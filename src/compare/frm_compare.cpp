@@ -4,6 +4,7 @@
 #include "compare/quiet_panel.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
+#include "support/file_name.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -160,7 +161,7 @@ void frm_Compare::choose(Side& side) {
     if (!file) {
         side.path.clear();
     }
-    side.document.setCaption(std::filesystem::path(side.path).filename().string());
+    side.document.setCaption(zor::nameOf(pathOf(side.path).filename()));
     side.document.setTip(side.path);
     L_Result.setCaption("");
     look();
@@ -275,7 +276,7 @@ std::string frm_Compare::nameOf(const Side& side) const {
     case What::Header:
         break;
     }
-    return std::filesystem::path(side.path).filename().string();
+    return zor::nameOf(pathOf(side.path).filename());
 }
 
 } // namespace zor

@@ -6,6 +6,7 @@
 #include "link/save_dialog.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
+#include "support/file_name.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -31,9 +32,8 @@ std::optional<std::string> frm_Compare::chooseFile(What what) {
         request.filter = file.filter;
         request.defaultExtension = file.extension;
         std::string last = bench.recentFiles.last(file.extension);
-        request.folder = last.empty()
-                             ? std::filesystem::path(bench.link.CurrentPath) / ".." / "Project_Configurations"
-                             : std::filesystem::path(last).parent_path();
+        request.folder = last.empty() ? pathOf(bench.link.CurrentPath) / ".." / "Project_Configurations"
+                                      : pathOf(last).parent_path();
     } else {
         request.title = "Compare with C Header";
         request.filter = "C header files (*.h)|*.h|All files (*.*)|*.*";

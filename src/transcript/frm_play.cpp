@@ -2,6 +2,7 @@
 #include "transcript/frm_play.h"
 
 #include "link/save_dialog.h"
+#include "support/file_name.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -112,8 +113,8 @@ void FrmPlay::open() {
     try {
         player.load(choice.name);
     } catch (const LineFailure& failure) {
-        bench.warn(std::filesystem::path(choice.name).filename().string() + ", line " +
-                   std::to_string(failure.line) + ": " + failure.what());
+        bench.warn(nameOf(pathOf(choice.name).filename()) + ", line " + std::to_string(failure.line) + ": " +
+                   failure.what());
         return;
     } catch (const ToolError& error) {
         bench.tellFileError(error, "File open error");

@@ -5,6 +5,7 @@
 #include "elements/text_field.h"
 #include "link/connect.h"
 #include "shell/main_window.h"
+#include "support/file_name.h"
 #include "transcript/transcript.h"
 
 #include <algorithm>
@@ -103,9 +104,14 @@ EventLoop::Duration Recorder::now() const {
 }
 
 std::string Recorder::shortName(const std::string& name) const {
-    std::filesystem::path inside = std::filesystem::path(name).lexically_relative(folder);
-    bool outside = inside.empty() || inside.begin()->string() == "..";
-    return outside ? name : inside.generic_string();
+    std::filesystem::path inside = pathOf(name).lexically_relative(folder);
+    bool outside = inside.empty() || *inside.begin() == "..";
+    if (outside) {
+        return name;
+    }
+    // With slashes everywhere, so that the transcript plays on any system.
+    std::u8string slashed = inside.generic_u8string();
+    return {slashed.begin(), slashed.end()};
 }
 
 bool Recorder::running(Role role) const {
