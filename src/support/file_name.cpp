@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/file_name.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace zor {
@@ -29,6 +30,13 @@ std::string nameOf(const std::filesystem::path& path) {
         }
         return name;
     }
+}
+
+std::string slashedNameOf(const std::filesystem::path& path) {
+    std::string name = nameOf(path);
+    std::replace(name.begin(), name.end(), static_cast<char>(std::filesystem::path::preferred_separator),
+                 '/');
+    return name;
 }
 
 } // namespace zor

@@ -16,4 +16,7 @@ namespace zor {
 /// A letter that has no UTF-8 becomes a question mark.
 [[nodiscard]] std::string nameOf(const std::filesystem::path& path);
 
+/// The same with slashes between the folders, whatever the system has there.
+[[nodiscard]] std::string slashedNameOf(const std::filesystem::path& path);
+
 } // namespace zor

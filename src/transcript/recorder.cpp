@@ -106,12 +106,8 @@ EventLoop::Duration Recorder::now() const {
 std::string Recorder::shortName(const std::string& name) const {
     std::filesystem::path inside = pathOf(name).lexically_relative(folder);
     bool outside = inside.empty() || *inside.begin() == "..";
-    if (outside) {
-        return name;
-    }
-    // With slashes everywhere, so that the transcript plays on any system.
-    std::u8string slashed = inside.generic_u8string();
-    return {slashed.begin(), slashed.end()};
+    // With slashes, so that the transcript plays on any system.
+    return outside ? name : slashedNameOf(inside);
 }
 
 bool Recorder::running(Role role) const {

@@ -73,7 +73,7 @@ bool isDocument(const std::string& file) {
 
 /// Where a link leads that stands in a document; both are paths from the folder of documents.
 std::string linkedFrom(const std::string& document, const std::string& link) {
-    return (std::filesystem::path(document).parent_path() / link).lexically_normal().generic_string();
+    return slashedNameOf((pathOf(document).parent_path() / pathOf(link)).lexically_normal());
 }
 
 } // namespace
