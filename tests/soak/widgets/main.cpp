@@ -49,8 +49,10 @@ using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
 constexpr int pauseBetween = 15; // ms
-/// Without a single gesture for so long the program hangs.
-constexpr auto hangsAfter = 60s;
+/// Without a single gesture in so many turns of the watcher, a minute of them, the program hangs. They are
+/// counted, not timed: a session that was stopped as a whole and goes on has not hung meanwhile.
+constexpr auto watchesEvery = 200ms;
+constexpr int hangsAfter = 300;
 /// So long a program may take to come to rest behind a session.
 constexpr auto restsWithin = 60s;
 constexpr int looksEvery = 25; // gestures
@@ -122,13 +124,13 @@ class Session {
 
     void watchForHangs() {
         std::uint64_t seen = beats;
-        auto since = Clock::now();
+        int watchedInVain = 0;
         while (!done) {
-            std::this_thread::sleep_for(200ms);
+            std::this_thread::sleep_for(watchesEvery);
             if (beats != seen) {
                 seen = beats;
-                since = Clock::now();
-            } else if (Clock::now() - since > hangsAfter) {
+                watchedInVain = 0;
+            } else if (++watchedInVain > hangsAfter) {
                 std::cerr << "the program hangs\n";
                 // There it is told where it hangs.
                 ::pthread_kill(program, SIGABRT);
@@ -179,11 +181,12 @@ class Session {
     void comeToRest() {
         if (!resting) {
             resting = true;
+            restsUntil = Clock::now() + restsWithin;
             note("the session is over");
             board.tell("unmute");
             board.tell("delay 0");
         }
-        if (Clock::now() > end + restsWithin) {
+        if (Clock::now() > restsUntil) {
             wrong("the program does not come to rest, port held by step " +
                   std::to_string(main.bench().link.CommState()));
             std::_Exit(1);
@@ -235,6 +238,7 @@ class Session {
     DesktopWindow window{main};
     RandomHand hand;
     Clock::time_point end;
+    Clock::time_point restsUntil;
     /// The thread that the program runs in.
     pthread_t program = ::pthread_self();
     std::atomic<std::uint64_t> beats = 0;
