@@ -44,7 +44,8 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
     , boardChoice(ownBench, linkBar, link, channel, selector)
     , reconnect(ownBench, linkBar, link, boardChoice, channel)
     , tools(ownBench)
-    , registry(ownBench, menu, {TX, RX, TRX, EE})
+    , registry(ownBench, menu, {TX, RX, TRX})
+    , programmer(ownBench, EE, menu.mnutoolsEEPROM)
     , kept(*this, ownBench, registry)
     , workspace(ownBench)
     , columnMemory(ownBench)
@@ -65,7 +66,6 @@ MainWindow::MainWindow(Platform& platform, Desk& desk)
         ownBench.withdrawn.subscribe([this](const std::string& text) { foot.withdraw(text); }));
     platform.loop.uncaught = [this](const ToolError& error) { ownBench.tellError(error, productTitle); };
     FactoryModeTimer.setInterval(factoryGestureTime);
-    EE.setTip("EEPROM programmer");
     workspace.openPanel = [this](std::string_view panel) { registry.reopen(panel); };
     workspace.createPanel = [this](std::string_view panel) -> Form& { return registry.create(panel); };
     Undo.setVisible(false);

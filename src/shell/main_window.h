@@ -20,6 +20,7 @@
 #include "shell/kept_settings.h"
 #include "shell/main_menu.h"
 #include "shell/panel_registry.h"
+#include "shell/programmer_button.h"
 #include "shell/tool_windows.h"
 #include "shell/workspace.h"
 
@@ -121,6 +122,7 @@ class MainWindow : public Form {
     zor::Reconnect reconnect;
     ToolWindows tools;
     PanelRegistry registry;
+    ProgrammerButton programmer;
 
   public:
     /// What a run that ended badly has left, and what this one keeps.

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "shell/panel_registry.h"
 
-#include "link/connect.h"
 #include "panels/common/chip_panel.h"
-#include "panels/common/panel_memory.h"
+#include "shell/panel_slot.h"
 #include "support/error.h"
 
 #include <algorithm>
-#include <array>
 #include <exception>
 
 namespace zor {
@@ -29,38 +27,7 @@ void closeTools(const Bench& bench, const std::vector<Tool>& tools) {
     }
 }
 
-/// Sets a mark for as long as it lives.
-struct Marked {
-    bool& mark;
-    explicit Marked(bool& ownMark)
-        : mark(ownMark) {
-        mark = true;
-    }
-    ~Marked() { mark = false; }
-    Marked(const Marked&) = delete;
-    Marked& operator=(const Marked&) = delete;
-};
-
 } // namespace
-
-struct PanelRegistry::Slot {
-    const PanelRow& row;
-    std::unique_ptr<ChipPanel> panel;
-    /// What it showed when it had been loaded; nothing while it is not.
-    std::unique_ptr<PanelMemory> loaded;
-    Subscription ending;
-};
-
-/// A panel that its window's button took away, with what of it cannot be had again otherwise.
-struct PanelRegistry::Discarded {
-    Slot& slot;
-    bool bijaku;
-    PanelMemory memory;
-    /// The chip keeps its words as long as the port stays open.
-    Subscription portClosing;
-    /// It is of a run before: what files hold for all panels comes back with it.
-    bool ofAnotherRun = false;
-};
 
 /// A bar button and what it remembers.
 struct PanelRegistry::Class {
@@ -84,7 +51,6 @@ PanelRegistry::PanelRegistry(Bench& ownBench, MainMenu& ownMenu, ChipButtons own
     for (Class& chipClass : chipClasses) {
         wireButton(chipClass);
     }
-    wireEeprom();
 }
 
 PanelRegistry::~PanelRegistry() {
@@ -141,27 +107,6 @@ ChipPanel* PanelRegistry::openPanel() const {
     auto open = std::find_if(slots.begin(), slots.end(),
                              [](const auto& slot) { return slot->panel && slot->panel->isOpen(); });
     return open == slots.end() ? nullptr : (*open)->panel.get();
-}
-
-void PanelRegistry::wireEeprom() {
-    bool exists = bench.tools.exists(Tool::eeprom);
-    buttons.EE.setEnabled(exists);
-    menu.mnutoolsEEPROM.setEnabled(exists);
-    // Pressed while there is a programmer, also one that works out of sight; a press brings that one up.
-    eepromMaking = bench.tools.made.subscribe([this](Tool tool) {
-        if (tool == Tool::eeprom) {
-            buttons.EE.setPressed(true);
-            eepromEnding = bench.tools.find(tool)->closed.subscribe([this] { buttons.EE.setPressed(false); });
-        }
-    });
-    buttons.EE.onClick = [this] {
-        const Form* programmer = bench.tools.find(Tool::eeprom);
-        programmer != nullptr && programmer->isOpen() ? EEPROM_hide() : EEPROM_show();
-    };
-    menu.mnutoolsEEPROM.onClick = [this] {
-        bench.tools.close(Tool::frm_Splash);
-        EEPROM_show();
-    };
 }
 
 PanelRegistry::Class& PanelRegistry::classOf(ChipClass chipClass) {
@@ -333,128 +278,6 @@ void PanelRegistry::hide(Slot& slot) {
     closeTools(bench, row.tools.closedOnHide);
 }
 
-void PanelRegistry::keepDiscarded(Slot& slot) {
-    // One that was given up in its load had nothing of the user's yet.
-    std::unique_ptr<PanelMemory> loaded = std::move(slot.loaded);
-    if (leaving || !loaded) {
-        return;
-    }
-    PanelMemory memory(*slot.panel);
-    if (memory.sameSettings(*loaded)) {
-        return;
-    }
-    std::string chip = slot.panel->chip();
-    discarded = std::make_unique<Discarded>(Discarded{slot, bench.IsBijakuModeSet(), std::move(memory), {}});
-    // Its own memory: while the panel comes back and waits for its board, the registry holds it no more.
-    PanelMemory& remembered = discarded->memory;
-    discarded->portClosing = bench.connect->portClosed.subscribe([&remembered] { remembered.forgetSent(); });
-    settingsDiscarded.emit(chip);
-}
-
-void PanelRegistry::forgetDiscarded(const Slot& slot) {
-    if (discarded != nullptr && &discarded->slot == &slot) {
-        discarded.reset();
-        undoLost.emit();
-    }
-}
-
-namespace {
-
-const PanelRow* rowOfFile(const std::string& path) {
-    const std::vector<PanelRow>& rows = panelRows();
-    auto row = std::find_if(rows.begin(), rows.end(), [kind = kindOfFile(path)](const PanelRow& candidate) {
-        return candidate.fileKind == kind;
-    });
-    return row == rows.end() ? nullptr : &*row;
-}
-
-const PanelChoice& plainChoiceOf(std::string_view panel) {
-    return *std::find_if(panelChoices().begin(), panelChoices().end(), [panel](const PanelChoice& choice) {
-        return choice.panel == panel && choice.variant == Variant::Plain;
-    });
-}
-
-} // namespace
-
-void PanelRegistry::openConfiguration(const std::string& path) {
-    const PanelRow* row = rowOfFile(path);
-    if (row == nullptr) {
-        throw ToolError(unsupported, "Incorrect extension");
-    }
-    Slot& slot = slotOf(row->name);
-    if (slot.panel != nullptr && slot.panel->isOpen()) {
-        slot.panel->show();
-    } else {
-        Marked chosen(fileIsChosen);
-        choose(plainChoiceOf(row->name));
-    }
-    if (slot.panel != nullptr && slot.panel->isOpen()) {
-        slot.panel->loadFile(path);
-    }
-}
-
-void PanelRegistry::restoreDiscarded() {
-    if (discarded == nullptr) {
-        return;
-    }
-    Slot& slot = discarded->slot;
-    bench.SetBijakuMode(discarded->bijaku);
-    for (const PanelChoice& choice : panelChoices()) {
-        if (choice.panel == slot.row.name &&
-            (choice.variant == Variant::Bijaku) == (slot.row.viewBijaku != nullptr && discarded->bijaku)) {
-            remember(choice);
-        }
-    }
-    Marked restoring(restoresNext);
-    TogglePanel(slot.row.name, false);
-    undoLost.emit();
-}
-
-std::optional<PanelRegistry::Kept> PanelRegistry::keepOpen() {
-    for (const auto& slot : slots) {
-        if (slot->panel && slot->panel->isOpen() && slot->loaded) {
-            PanelMemory memory(*slot->panel);
-            if (!memory.sameSettings(*slot->loaded)) {
-                bool variant = slot->row.viewBijaku != nullptr && bench.IsBijakuModeSet();
-                return Kept{std::string(slot->row.name), variant, memory.written()};
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-bool PanelRegistry::knows(std::string_view panel) const {
-    return std::any_of(slots.begin(), slots.end(), [panel](const auto& slot) {
-        return slot->row.name == panel && slot->row.make != nullptr;
-    });
-}
-
-std::string PanelRegistry::chipOf(std::string_view panel, bool bijaku) const {
-    for (const PanelChoice& choice : panelChoices()) {
-        if (choice.panel == panel && (choice.variant == Variant::Bijaku) == bijaku) {
-            return choice.caption;
-        }
-    }
-    return std::string(panel);
-}
-
-void PanelRegistry::restoreKept(const Kept& kept) {
-    PanelMemory memory{std::string_view(kept.memory)};
-    Slot& slot = slotOf(kept.panel);
-    if (slot.panel) {
-        // What is in it now stays a step back.
-        if (!slot.panel->isOpen()) {
-            TogglePanel(kept.panel, false);
-        }
-        if (slot.panel) {
-            memory.putTo(*slot.panel);
-        }
-        return;
-    }
-    discarded = std::make_unique<Discarded>(Discarded{slot, kept.bijaku, std::move(memory), {}, true});
-    restoreDiscarded();
-}
-
 void PanelRegistry::panelClosed(Slot& slot) {
     keepDiscarded(slot);
     std::shared_ptr<ChipPanel> gone = std::move(slot.panel);
@@ -474,16 +297,6 @@ void PanelRegistry::panelClosed(Slot& slot) {
 void PanelRegistry::closeWindowsOfPanels() const {
     bench.tools.close(Tool::Help_R1);
     bench.tools.close(Tool::frm_PowerSupply);
-}
-
-void PanelRegistry::EEPROM_show() {
-    buttons.EE.setPressed(true);
-    bench.tools.open(Tool::eeprom);
-}
-
-void PanelRegistry::EEPROM_hide() {
-    buttons.EE.setPressed(false);
-    bench.tools.close(Tool::eeprom);
 }
 
 void PanelRegistry::closeAtExit() {

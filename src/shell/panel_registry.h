@@ -13,12 +13,11 @@
 
 namespace zor {
 
-/// The first bar's buttons.
+/// The first bar's buttons of the chip classes.
 struct ChipButtons {
     BarButton& TX;
     BarButton& RX;
     BarButton& TRX;
-    BarButton& EE;
 };
 
 /// The chip panels, of which one at most is open, and what of menus and bars goes with them.
@@ -75,9 +74,6 @@ class PanelRegistry {
     /// if it is the open one.
     void openConfiguration(const std::string& path);
 
-    void EEPROM_show();
-    void EEPROM_hide();
-
     /// The end of the program: the panels whose end concerns the chip are closed.
     void closeAtExit();
 
@@ -88,7 +84,6 @@ class PanelRegistry {
 
     void wireMenu();
     void wireButton(Class& chipClass);
-    void wireEeprom();
     [[nodiscard]] static std::vector<Class> classes(const ChipButtons& buttons);
     [[nodiscard]] Class& classOf(ChipClass chipClass);
     [[nodiscard]] Slot& slotOf(std::string_view panel);
@@ -113,8 +108,6 @@ class PanelRegistry {
     ChipButtons buttons;
     std::vector<Class> chipClasses;
     std::vector<std::unique_ptr<Slot>> slots;
-    Subscription eepromMaking;
-    Subscription eepromEnding;
     std::unique_ptr<Discarded> discarded;
     /// The next panel to be made gets a file that is chosen already.
     bool fileIsChosen = false;

@@ -85,9 +85,8 @@ class Registry : public ::testing::Test {
     BarButton TX{window, bar, "TX", "KT110x"};
     BarButton RX{window, bar, "RX", "KT210x"};
     BarButton TRX{window, bar, "TRX", "KT310x"};
-    BarButton EE{window, bar, "EE", "EE"};
     MainMenu menu{window};
-    PanelRegistry registry{shared, menu, {TX, RX, TRX, EE}, rows};
+    PanelRegistry registry{shared, menu, {TX, RX, TRX}, rows};
 };
 
 } // namespace
@@ -191,7 +190,7 @@ TEST_F(Registry, EveryChoiceIsRememberedWithItsCaption) {
 
 TEST_F(Registry, APanelThatDoesNotExistIsNotOffered) {
     rows[1].make = nullptr;
-    PanelRegistry smaller(shared, menu, {TX, RX, TRX, EE}, rows);
+    PanelRegistry smaller(shared, menu, {TX, RX, TRX}, rows);
     EXPECT_FALSE(menu.mnuViewTx1.click());
     EXPECT_FALSE(TX.chooseText("Jade"));
     EXPECT_TRUE(TX.chooseText("Opal"));
