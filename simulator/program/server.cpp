@@ -3,6 +3,7 @@
 
 #include "simulator/board_control.h"
 #include "simulator/trace_text.h"
+#include "support/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -260,7 +261,7 @@ void Server::trace(std::string_view direction, std::string_view text, std::strin
     if (!meaning.empty()) {
         shown += "  " + std::string(meaning);
     }
-    std::fprintf(stderr, "%.6f %s\n", seconds, shown.c_str());
+    std::fprintf(stderr, "%s %s\n", decimalsText(seconds, 6).c_str(), shown.c_str());
 }
 
 } // namespace zor::sim

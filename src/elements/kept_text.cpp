@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "elements/kept_text.h"
 
+#include "support/numbers.h"
+
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <utility>
 
 namespace zor {
@@ -65,10 +65,8 @@ std::string KeptText::droppedNote() const {
     if (droppedCount == 0) {
         return {};
     }
-    std::array<char, 80> note{};
-    std::snprintf(note.data(), note.size(), "The oldest %.1f MiB are gone; the newest %zu MiB are kept.",
-                  static_cast<double>(droppedCount) / (1 << 20), mostKept >> 20);
-    return note.data();
+    return "The oldest " + decimalsText(static_cast<double>(droppedCount) / (1 << 20), 1) +
+           " MiB are gone; the newest " + std::to_string(mostKept >> 20) + " MiB are kept.";
 }
 
 void KeptText::remark(std::string text) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "elements/plot_scale.h"
 
+#include "support/numbers.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -49,25 +51,20 @@ std::string tickText(double value, double step) {
     }
     int decimals = std::max(0, -floorPower(step));
     if (decimals > 6 || std::abs(value) >= 1e9) {
-        std::array<char, 40> text{};
-        std::snprintf(text.data(), text.size(), "%.6g", value);
-        return text.data();
+        return shortText(value, 6);
     }
-    std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.*f", decimals, value);
-    return text.data();
+    return decimalsText(value, decimals);
 }
 
 /// "0.001" to "1000" as they are, beyond them as a power of ten.
 std::string decadeText(double value) {
     int exponent = floorPower(value);
-    std::array<char, 40> text{};
     if (exponent >= -3 && exponent <= 4) {
-        std::snprintf(text.data(), text.size(), "%.*f", std::max(0, -exponent), value);
-    } else {
-        std::snprintf(text.data(), text.size(), "%.0fE%+03d", value / power(exponent), exponent);
+        return decimalsText(value, std::max(0, -exponent));
     }
-    return text.data();
+    std::array<char, 16> powerOfTen{};
+    std::snprintf(powerOfTen.data(), powerOfTen.size(), "E%+03d", exponent);
+    return decimalsText(value / power(exponent), 0) + powerOfTen.data();
 }
 
 PlotRange withWidth(PlotRange range) {

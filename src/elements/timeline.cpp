@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "elements/timeline.h"
 
-#include <array>
+#include "support/numbers.h"
+
 #include <cmath>
-#include <cstdio>
 #include <utility>
 
 namespace zor {
@@ -28,9 +28,7 @@ constexpr double unitsFrom = 2;
 
 std::string threeDigits(double value) {
     int before = value >= 1 ? static_cast<int>(std::floor(std::log10(value))) + 1 : 1;
-    std::array<char, 48> text{};
-    std::snprintf(text.data(), text.size(), "%.*f", before >= 3 ? 0 : 3 - before, value);
-    std::string shown = text.data();
+    std::string shown = decimalsText(value, before >= 3 ? 0 : 3 - before);
     if (shown.find('.') != std::string::npos) {
         shown.erase(shown.find_last_not_of('0') + 1);
         if (shown.back() == '.') {

@@ -6,6 +6,7 @@
 #include "link/save_dialog.h"
 #include "support/error.h"
 #include "support/hex_text.h"
+#include "support/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -22,19 +23,14 @@ constexpr const char* filePattern = "*.csv";
 /// Of a long loss so many gaps are drawn; the strip has no room for more.
 constexpr std::int64_t mostGaps = 200;
 
-template <class... Values>
-std::string formatted(const char* form, Values... values) {
-    std::array<char, 96> line{};
-    std::snprintf(line.data(), line.size(), form, values...);
-    return line.data();
-}
-
 /// Hours, minutes, seconds and milliseconds since the window listens.
 std::string clockText(EventLoop::Duration since) {
     auto whole = std::chrono::duration_cast<std::chrono::milliseconds>(since).count();
-    return formatted("%lld:%02lld:%02lld.%03lld", static_cast<long long>(whole / 3'600'000),
-                     static_cast<long long>(whole / 60'000 % 60), static_cast<long long>(whole / 1000 % 60),
-                     static_cast<long long>(whole % 1000));
+    std::array<char, 48> text{};
+    std::snprintf(text.data(), text.size(), "%lld:%02lld:%02lld.%03lld",
+                  static_cast<long long>(whole / 3'600'000), static_cast<long long>(whole / 60'000 % 60),
+                  static_cast<long long>(whole / 1000 % 60), static_cast<long long>(whole % 1000));
+    return text.data();
 }
 
 /// Bytes as they can be read in a line: what is no plain character shows as a point.
@@ -208,7 +204,8 @@ void ReceivedPackets::addPoints(const PacketEvent& event) {
 void ReceivedPackets::showFigures() {
     LinkFigures figures = log.figures();
     std::string line = std::to_string(figures.received) + " received, " + std::to_string(figures.lost) +
-                       formatted(" lost (%.1f %%), %.0f a minute", figures.lostPercent, figures.perMinute);
+                       " lost (" + decimalsText(figures.lostPercent, 1) + " %), " +
+                       decimalsText(figures.perMinute, 0) + " a minute";
     if (figures.damaged > 0) {
         line += ", " + std::to_string(figures.damaged) + " broken off";
     }

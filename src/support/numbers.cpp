@@ -41,7 +41,7 @@ double hexPrefix(std::string_view digits) {
 }
 
 /// Fixed notation with so many significant digits, never an exponent.
-std::string fixedText(double value, int significant) {
+std::string significantText(double value, int significant) {
     if (std::isnan(value)) {
         return "0";
     }
@@ -186,11 +186,11 @@ int roundToInt(double value) {
 }
 
 std::string numberText(double value) {
-    return fixedText(value, 15);
+    return significantText(value, 15);
 }
 
 std::string numberText(float value) {
-    return fixedText(static_cast<double>(value), 7);
+    return significantText(static_cast<double>(value), 7);
 }
 
 std::optional<double> readNumericPrefix(std::string_view text) {
@@ -260,6 +260,21 @@ std::optional<std::uint32_t> readHex(std::string_view text) {
         value = value * 16 + static_cast<std::uint32_t>(digit);
     }
     return value;
+}
+
+std::string decimalsText(double value, int decimals) {
+    // The greatest double has 309 digits before the point.
+    std::array<char, 400> text{};
+    auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed,
+                             std::clamp(decimals, 0, 15));
+    return {text.data(), end.ptr};
+}
+
+std::string shortText(double value, int digits) {
+    std::array<char, 40> text{};
+    auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general,
+                             std::clamp(digits, 1, 17));
+    return {text.data(), end.ptr};
 }
 
 } // namespace zor

@@ -27,6 +27,13 @@ namespace zor {
 /// The same with the 7 significant digits that a single-precision number carries.
 [[nodiscard]] std::string numberText(float value);
 
+/// With exactly so many decimals (0 to 15) and a point whatever the machine's language, for texts that are
+/// only looked at: 13.4 with one decimal gives "13.4", 0.05 with none "0".
+[[nodiscard]] std::string decimalsText(double value, int decimals);
+
+/// In so many digits (1 to 17), as a power of ten where that is shorter: "1.5e+12".
+[[nodiscard]] std::string shortText(double value, int digits);
+
 /// The number that a text begins with: leading blanks, one sign, digits and one decimal point, or "&H" and
 /// hexadecimal digits. There is no exponent, so "1e3" reads as 1.
 /// @return nothing if the text does not begin with a number

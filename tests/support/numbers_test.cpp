@@ -294,4 +294,21 @@ TEST(ReadHex, TakesOnlyHexadecimalFromEndToEnd) {
     EXPECT_EQ(readHex(std::string(10000, 'F')), std::nullopt);
 }
 
+TEST(Numbers, ATextThatIsOnlyLookedAtHasItsDecimalsAndAPoint) {
+    EXPECT_EQ(decimalsText(13.4, 1), "13.4");
+    EXPECT_EQ(decimalsText(13, 2), "13.00");
+    EXPECT_EQ(decimalsText(0.04, 1), "0.0");
+    EXPECT_EQ(decimalsText(-2.5, 0), "-2");
+    EXPECT_EQ(decimalsText(1e300, 0).size(), 301U);
+    EXPECT_EQ(decimalsText(std::numeric_limits<double>::infinity(), 3), "inf");
+    EXPECT_EQ(decimalsText(1.0 / 3, 99), "0.333333333333333");
+}
+
+TEST(Numbers, AShortTextTakesThePowerOfTenWhereThatIsShorter) {
+    EXPECT_EQ(shortText(1.5e12, 6), "1.5e+12");
+    EXPECT_EQ(shortText(0.00001234567, 3), "1.23e-05");
+    EXPECT_EQ(shortText(433.92, 6), "433.92");
+    EXPECT_EQ(shortText(0, 6), "0");
+}
+
 } // namespace zor
