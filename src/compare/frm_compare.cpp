@@ -6,6 +6,7 @@
 #include "support/error.h"
 #include "support/file_name.h"
 #include "support/numbers.h"
+#include "support/wording.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -51,10 +52,6 @@ GridRow cellsOf(const Difference& row) {
 
 bool sameRow(const Difference& a, const Difference& b) {
     return a.kind == b.kind && a.word == b.word && a.name == b.name && a.highBit == b.highBit;
-}
-
-std::string counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
 #include "support/numbers.h"
+#include "support/wording.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -25,10 +26,6 @@ std::vector<GridColumn> columns() {
             {"Field", Access::ReadOnly, 22, false},
             {"Asked", Access::ReadOnly, 12, true},
             {"Possible", Access::ReadOnly, 44, false}};
-}
-
-std::string counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 } // namespace

@@ -117,8 +117,6 @@ class Eeprom : public Form, public Undoable {
         updateEnd = 3000,
     };
 
-    class Start;
-
     void Prog_Click();
     void Command1_Click();
     void StopButton_Click();
@@ -200,6 +198,7 @@ class Eeprom : public Form, public Undoable {
     std::int32_t StoppedStep = 0;
 
     /// The first sends of a run are not over.
+    /// Set around the first sends of a run: ticks wait for their end, whichever way it comes.
     bool starting = false;
     Twips workSheetHeight;
     /// The digits that MemoryPicture shows, in lower case, as many bytes as the device has at most.

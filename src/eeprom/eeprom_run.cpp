@@ -3,6 +3,7 @@
 #include "eeprom/eeprom.h"
 #include "eeprom/eeprom_device.h"
 #include "link/connect.h"
+#include "support/marked.h"
 
 #include <utility>
 
@@ -35,21 +36,6 @@ bool Eeprom::takePort(Step first) {
     return true;
 }
 
-/// The first sends of a run: ticks wait for their end, whichever way it comes.
-class Eeprom::Start {
-  public:
-    explicit Start(Eeprom& tool)
-        : owner(tool) {
-        owner.starting = true;
-    }
-    Start(const Start&) = delete;
-    Start& operator=(const Start&) = delete;
-    ~Start() { owner.starting = false; }
-
-  private:
-    Eeprom& owner;
-};
-
 void Eeprom::Prog_Click() {
     std::string digits = hexDigits(WorkSheet.text());
     PageSplit split = splitIntoPages(digits.size());
@@ -60,7 +46,7 @@ void Eeprom::Prog_Click() {
     if (!takePort(askBeforePage)) {
         return;
     }
-    Start start(*this);
+    Marked start(starting);
     StatusMsg.setText("Status read ");
     PageIndex = 1;
     EEprogData = std::move(digits);
@@ -78,7 +64,7 @@ void Eeprom::StartEepromRead(Step step) {
     if (!takePort(step)) {
         return;
     }
-    Start start(*this);
+    Marked start(starting);
     openForReading(step);
     if (claim.held()) {
         EEprog_timer.start(readInterval);
@@ -103,7 +89,7 @@ void Eeprom::Command1_Click() {
     if (!takePort(askStatus)) {
         return;
     }
-    Start start(*this);
+    Marked start(starting);
     EEprog_timer.start(readInterval);
     // The write-enable latch shows in the status: a status of 0 then means that nobody is there.
     (void)sendInRun("S106");

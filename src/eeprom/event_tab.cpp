@@ -5,6 +5,7 @@
 #include "eeprom/event_limits.h"
 #include "eeprom/transmitter_words.h"
 #include "support/numbers.h"
+#include "support/wording.h"
 
 #include <optional>
 #include <utility>
@@ -87,10 +88,6 @@ EventTab::EventTab(ECET& contentEditor, Bench& ownBench, int eventIndex)
     setButtons();
     routineChanged = TB_EventContent.changed.subscribe([this] { read(); });
     read();
-}
-
-std::string EventTab::indexed(const char* name, int index) {
-    return std::string(name) + "(" + std::to_string(index) + ")";
 }
 
 void EventTab::wire() {

@@ -92,7 +92,6 @@ class EventTab {
     Label LockHint;
 
     /// The name of a member of an array.
-    [[nodiscard]] static std::string indexed(const char* name, int index);
     [[nodiscard]] const std::string& caption() const { return Frm_ECETEvents.caption(); }
     [[nodiscard]] std::string routine() const { return TB_EventContent.text(); }
     void putRoutine(std::string digits) { TB_EventContent.put(std::move(digits)); }

@@ -5,6 +5,7 @@
 #include "elements/form.h"
 #include "elements/step_name.h"
 #include "elements/text_field.h"
+#include "support/marked.h"
 
 #include <algorithm>
 #include <utility>
@@ -17,18 +18,6 @@ std::uint64_t nextNumber() {
     static std::uint64_t last = 0;
     return ++last;
 }
-
-/// Marks something for as long as it lives.
-struct Going {
-    bool& mark;
-    explicit Going(bool& own)
-        : mark(own) {
-        mark = true;
-    }
-    Going(const Going&) = delete;
-    Going& operator=(const Going&) = delete;
-    ~Going() { mark = false; }
-};
 
 } // namespace
 
@@ -334,7 +323,7 @@ std::string History::undo() {
         return {};
     }
     {
-        Going now(going);
+        Marked now(going);
         putFollowersBack();
         put(steps[done - 1], Way::Back);
     }
@@ -353,7 +342,7 @@ std::string History::redo() {
         return {};
     }
     {
-        Going now(going);
+        Marked now(going);
         putFollowersBack();
         put(steps[done], Way::Forth);
     }

@@ -2,6 +2,7 @@
 #include "link/data_selector.h"
 
 #include "link/commands.h"
+#include "support/marked.h"
 
 #include <utility>
 
@@ -106,14 +107,7 @@ void DataSelector::CB_Mode_Click() {
 }
 
 void DataSelector::comeBack() {
-    struct Marked {
-        bool& mark;
-        explicit Marked(bool& ownMark)
-            : mark(ownMark) {
-            mark = true;
-        }
-        ~Marked() { mark = false; }
-    } marked(comingBack);
+    Marked marked(comingBack);
     if (connect.usb.IssueBreakByDriver(bench.link.UsbLocation) != 0) {
         bar.CB_Mode.putPosition(dataMode);
         if (!bench.platform.ports.present(connect.portNumber())) {

@@ -7,6 +7,7 @@
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 #include "support/numbers.h"
+#include "support/wording.h"
 
 #include <algorithm>
 #include <array>
@@ -21,10 +22,6 @@ constexpr std::string_view titleMark = "#BATCHNAME ";
 constexpr const char* noRounds = "0";
 /// How long a round without any exchange gives way to the user.
 constexpr std::chrono::milliseconds restTime(10);
-
-std::string indexed(const char* name, int index) {
-    return std::string(name) + "(" + std::to_string(index) + ")";
-}
 
 std::size_t linesOf(const std::string& script) {
     return static_cast<std::size_t>(std::ranges::count(script, '\r'));

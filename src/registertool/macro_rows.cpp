@@ -4,16 +4,13 @@
 #include "registertool/cell_values.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
+#include "support/wording.h"
 
 namespace zor {
 
 namespace {
 
 constexpr int cellsOfARow = 8;
-
-std::string indexed(const char* name, int index) {
-    return std::string(name) + "(" + std::to_string(index) + ")";
-}
 
 } // namespace
 

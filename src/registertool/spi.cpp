@@ -3,9 +3,9 @@
 
 #include "registertool/cell_values.h"
 #include "registertool/register_file.h"
+#include "support/local_time.h"
 #include "support/numbers.h"
 
-#include <ctime>
 #include <utility>
 
 namespace zor {
@@ -14,15 +14,6 @@ namespace {
 
 constexpr const char* selectChip = "Select Chip ...";
 constexpr const char* storeTitle = "Register database";
-
-/// 2026-11-21
-std::string today() {
-    std::time_t now = std::time(nullptr);
-    const std::tm* local = std::localtime(&now);
-    char text[16];
-    std::size_t length = local == nullptr ? 0 : std::strftime(text, sizeof text, "%Y-%m-%d", local);
-    return {text, length};
-}
 
 } // namespace
 
@@ -268,7 +259,7 @@ void SPI::showChip() {
     macros.offerNames();
     macros.reset();
     whole.ProgressBar1.putValue(0);
-    Notes.setText(ChipSelect.text() + ", " + today());
+    Notes.setText(ChipSelect.text() + ", " + localTime(std::chrono::system_clock::now(), "%Y-%m-%d"));
     // The steps were another chip's.
     history()->forget();
 }

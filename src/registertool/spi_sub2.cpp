@@ -3,6 +3,7 @@
 
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
+#include "support/wording.h"
 
 namespace zor {
 
@@ -26,10 +27,6 @@ constexpr MacroLine macroLines[] = {
     {"Read RX FIFO", "#FIFO_READ"},
     {"Statusread", "#STATUSREAD"},
 };
-
-std::string indexed(const char* name, int index) {
-    return std::string(name) + "(" + std::to_string(index) + ")";
-}
 
 } // namespace
 

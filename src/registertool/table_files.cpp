@@ -9,6 +9,7 @@
 #include "support/file_name.h"
 #include "support/numbers.h"
 #include "support/register_table.h"
+#include "support/wording.h"
 
 #include <algorithm>
 
@@ -61,10 +62,6 @@ ListedRegister registerAt(const RecordSource& row) {
         entry.bitNames[bit] = textOf(row, "bit" + std::to_string(bit));
     }
     return entry;
-}
-
-std::string counted(std::size_t count, const std::string& thing) {
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
 }
 
 } // namespace

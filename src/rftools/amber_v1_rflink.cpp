@@ -5,6 +5,7 @@
 #include "panels/receivers/receiver_panel.h"
 #include "rftools/chip_of_tool.h"
 #include "support/hex_text.h"
+#include "support/marked.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -29,21 +30,6 @@ constexpr Extent startExtent{7200, 9600};
 
 constexpr ReceiverLinkTraits generation1{"AmberV1rflink", &WindowSwitches::RxLinkOn, false};
 constexpr ReceiverLinkTraits generation2{"AmberV1rflink_LB2", &WindowSwitches::RxLinkOn_LB2, true};
-
-/// Marks a stretch of sends.
-class Sending {
-  public:
-    explicit Sending(bool& ownMark)
-        : mark(ownMark) {
-        mark = true;
-    }
-    Sending(const Sending&) = delete;
-    Sending& operator=(const Sending&) = delete;
-    ~Sending() { mark = false; }
-
-  private:
-    bool& mark;
-};
 
 std::int32_t wholeNumber(const std::string& text) {
     double number = numericPrefix(text);
@@ -197,7 +183,7 @@ void AmberV1rflink::startReceiving() {
 
 /// @return false if reception was ended meanwhile, or there is no board any more
 bool AmberV1rflink::arm() {
-    Sending marked(sending);
+    Marked marked(sending);
     RxTimer.stop();
     checkFields();
     unsigned mine = turn;
@@ -230,7 +216,7 @@ void AmberV1rflink::stopReceiving() {
     ++turn;
     RxTimer.stop();
     bench.CommStatus->setText(reading);
-    Sending marked(sending);
+    Marked marked(sending);
     // Also where the port is closed on purpose meanwhile.
     struct Ending {
         AmberV1rflink& window;

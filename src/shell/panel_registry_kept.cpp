@@ -4,26 +4,13 @@
 #include "link/connect.h"
 #include "shell/panel_slot.h"
 #include "support/error.h"
+#include "support/marked.h"
 
 #include <algorithm>
 
 namespace zor {
 
-namespace {
-
-/// Sets a mark for as long as it lives.
-struct Marked {
-    bool& mark;
-    explicit Marked(bool& ownMark)
-        : mark(ownMark) {
-        mark = true;
-    }
-    ~Marked() { mark = false; }
-    Marked(const Marked&) = delete;
-    Marked& operator=(const Marked&) = delete;
-};
-
-} // namespace
+namespace {} // namespace
 
 void PanelRegistry::keepDiscarded(Slot& slot) {
     // One that was given up in its load had nothing of the user's yet.
@@ -58,12 +45,6 @@ const PanelRow* rowOfFile(const std::string& path) {
         return candidate.fileKind == kind;
     });
     return row == rows.end() ? nullptr : &*row;
-}
-
-const PanelChoice& plainChoiceOf(std::string_view panel) {
-    return *std::find_if(panelChoices().begin(), panelChoices().end(), [panel](const PanelChoice& choice) {
-        return choice.panel == panel && choice.variant == Variant::Plain;
-    });
 }
 
 } // namespace

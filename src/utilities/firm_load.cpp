@@ -4,6 +4,7 @@
 #include "host/files.h"
 #include "link/connect.h"
 #include "support/file_name.h"
+#include "support/wording.h"
 
 #include <cmath>
 #include <utility>
@@ -25,10 +26,6 @@ constexpr const char* lineErrorTitle = "USB communication error";
 
 ToolError emptyFileError() {
     return {emptyFile, "This is an empty file!"};
-}
-
-std::string counted(std::size_t number, const std::string& what) {
-    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // What a search has found: how far it is, its points and carriers, and where they go.
 #include "link/save_dialog.h"
 #include "panels/common/chip_panel.h"
+#include "support/wording.h"
 #include "utilities/tx_search.h"
 #include "utilities/tx_search_scale.h"
 
@@ -17,8 +18,8 @@ using namespace search_scale;
 
 constexpr const char* filePattern = "*.csv";
 
-std::string counted(std::size_t count) {
-    return count == 0 ? "no carrier" : std::to_string(count) + (count == 1 ? " carrier" : " carriers");
+std::string carriers(std::size_t count) {
+    return count == 0 ? "no carrier" : counted(count, "carrier");
 }
 
 /// How the search ended, as the line under the plot begins.
@@ -89,7 +90,7 @@ void TxSearch::showEnd() {
         SearchProgress.putValue(100);
     }
     std::string text = endText(run->how().value_or(SearchRun::End::Stopped));
-    text += ": " + counted(run->plan().carriers().size());
+    text += ": " + carriers(run->plan().carriers().size());
     if (!run->chipPutBack()) {
         text += "; the chip needs an Update";
     }

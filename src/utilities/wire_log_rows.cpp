@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // An exchange as a row of the log, and the rows as text and as comma separated values.
+#include "support/local_time.h"
 #include "support/numbers.h"
 #include "utilities/wire_log.h"
 
 #include <array>
 #include <cstdio>
-#include <ctime>
 
 namespace zor {
 
@@ -19,14 +19,10 @@ std::string milliseconds(EventLoop::Duration time) {
 }
 
 std::string timeOfDay(std::chrono::system_clock::time_point moment) {
-    std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
     auto rest = std::chrono::duration_cast<std::chrono::milliseconds>(moment.time_since_epoch()) % 1000;
-    std::array<char, 16> clock{};
-    if (const std::tm* local = std::localtime(&seconds)) {
-        std::strftime(clock.data(), clock.size(), "%H:%M:%S", local);
-    }
-    std::array<char, 24> text{};
-    std::snprintf(text.data(), text.size(), "%s.%03d", clock.data(), static_cast<int>(rest.count()));
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "%s.%03d", localTime(moment, "%H:%M:%S").c_str(),
+                  static_cast<int>(rest.count()));
     return text.data();
 }
 

@@ -3,6 +3,7 @@
 
 #include "link/connect.h"
 #include "panels/common/forecast.h"
+#include "support/marked.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -230,14 +231,7 @@ void ChipPanel::unload() {
     // A sequence ends with the panel that owns it.
     interruptSample.end();
     statusRead.end();
-    struct Farewell {
-        bool& mark;
-        explicit Farewell(bool& ownMark)
-            : mark(ownMark) {
-            mark = true;
-        }
-        ~Farewell() { mark = false; }
-    } farewell(sayingFarewell);
+    Marked farewell(sayingFarewell);
     if (ownForecast) {
         ownForecast->panelCloses();
     }

@@ -6,11 +6,11 @@
 #include "panels/common/forecast.h"
 #include "support/csv.h"
 #include "support/error.h"
+#include "support/local_time.h"
 #include "support/numbers.h"
 
 #include <algorithm>
 #include <array>
-#include <ctime>
 #include <utility>
 
 namespace zor {
@@ -38,15 +38,6 @@ const char* endText(CurrentWalk::End how) {
         return "The port was closed meanwhile: nothing was kept.";
     }
     return "";
-}
-
-std::string dateText(std::chrono::system_clock::time_point moment) {
-    std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
-    std::array<char, 32> text{};
-    if (const std::tm* local = std::localtime(&seconds)) {
-        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", local);
-    }
-    return text.data();
 }
 
 } // namespace
@@ -149,7 +140,7 @@ void Forecast::tellOutcome(std::string text) {
 
 void Forecast::keepReadings() {
     std::string board = boardName(bench);
-    std::string time = dateText(bench.wireRecorder->wallClock(bench.platform.loop.now()));
+    std::string time = localTime(bench.wireRecorder->wallClock(bench.platform.loop.now()), "%Y-%m-%d %H:%M");
     std::vector<MeasuredCurrent> fresh;
     for (const CurrentWalk::Reading& reading : walk.readings()) {
         fresh.push_back(
