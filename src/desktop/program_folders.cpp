@@ -24,18 +24,30 @@ void layExamples(const fs::path& from, const fs::path& to) {
     }
 }
 
-/// Documents are read only; a link always shows those of the program that runs. A folder of the user's own
-/// stays.
-void linkFolder(const fs::path& from, const fs::path& to) {
+bool comesFromAProgram(const fs::path& link) {
+    std::error_code ignored;
+    return fs::is_symlink(link, ignored) &&
+           fs::read_symlink(link, ignored).parent_path().filename() == link.parent_path().filename();
+}
+
+/// The folder is the user's, who puts data sheets into it; what the program brings stands in it by links, so
+/// that they always show the documents of the program that runs.
+void linkDocuments(const fs::path& from, const fs::path& to) {
     std::error_code ignored;
     if (fs::is_symlink(to, ignored)) {
-        if (fs::read_symlink(to, ignored) == from) {
-            return;
-        }
         fs::remove(to, ignored);
     }
-    if (!fs::exists(to, ignored) && fs::exists(from, ignored)) {
-        fs::create_directory_symlink(from, to, ignored);
+    fs::create_directories(to, ignored);
+    for (const fs::directory_entry& document : fs::directory_iterator(to, ignored)) {
+        if (comesFromAProgram(document.path())) {
+            fs::remove(document.path(), ignored);
+        }
+    }
+    for (const fs::directory_entry& document : fs::directory_iterator(from, ignored)) {
+        fs::path link = to / document.path().filename();
+        if (!fs::exists(fs::symlink_status(link, ignored))) {
+            fs::create_symlink(document.path(), link, ignored);
+        }
     }
 }
 
@@ -53,12 +65,10 @@ ProgramFolders ProgramFolders::find(const fs::path& executable, const fs::path& 
                            .companions = isInstalled ? installed : executable.parent_path()};
     // What cannot be made here shows where it is needed: a save then says so, a read finds the defaults.
     fs::create_directories(folders.program, ignored);
-    for (const char* name : {"Project_Configurations", "EEPROM_Images"}) {
+    for (const char* name : {"Project_Configurations", "EEPROM_Images", "Examples"}) {
         layExamples(folders.companions / name, users / name);
     }
-    for (const char* name : {"Documentation", "Examples"}) {
-        linkFolder(folders.companions / name, users / name);
-    }
+    linkDocuments(folders.companions / "Documentation", users / "Documentation");
     return folders;
 }
 

@@ -75,7 +75,7 @@ TEST(ProgramFolders, TheFoldersBesideAnInstalledProgramsOwnAreTheUsers) {
     EXPECT_EQ(textOf(beside / "Project_Configurations" / "a.tc"), "example");
     EXPECT_EQ(textOf(beside / "Documentation" / "user-guide.md"), "guide");
     EXPECT_TRUE(fs::is_directory(beside / "EEPROM_Images"));
-    EXPECT_FALSE(fs::exists(beside / "Examples")) << "none came with the program";
+    EXPECT_TRUE(fs::is_directory(beside / "Examples"));
 }
 
 TEST(ProgramFolders, ExamplesAreTheUsersToChangeAndToThrowAway) {
@@ -100,11 +100,31 @@ TEST(ProgramFolders, DocumentsFollowTheProgramThatRuns) {
     EXPECT_EQ(textOf(older.users / "Documentation" / "user-guide.md"), "newer guide");
 }
 
-TEST(ProgramFolders, AFolderOfTheUsersOwnIsNotReplacedByALink) {
+TEST(ProgramFolders, TheFolderOfDocumentsIsTheUsersToPutDataSheetsInto) {
     Installed installed;
-    fs::create_directories(installed.users / "Documentation");
+    fs::create_directories(installed.users);
+    // As an earlier program laid it.
+    fs::create_directory_symlink(installed.came / "Documentation", installed.users / "Documentation");
     (void)installed.find();
-    EXPECT_FALSE(fs::is_symlink(installed.users / "Documentation"));
+    fs::path documents = installed.users / "Documentation";
+    EXPECT_FALSE(fs::is_symlink(documents));
+    put(documents / "KT1100.pdf", "data sheet");
+    fs::remove(documents / "user-guide.md");
+    put(documents / "user-guide.md", "mine");
+    (void)installed.find();
+    EXPECT_EQ(textOf(documents / "KT1100.pdf"), "data sheet");
+    EXPECT_EQ(textOf(documents / "user-guide.md"), "mine");
+    EXPECT_FALSE(fs::exists(installed.came / "Documentation" / "KT1100.pdf"));
+}
+
+TEST(ProgramFolders, ADocumentThatComesNoMoreLeavesNoLink) {
+    Installed installed;
+    put(installed.came / "Documentation" / "old.md", "old");
+    (void)installed.find();
+    EXPECT_EQ(textOf(installed.users / "Documentation" / "old.md"), "old");
+    fs::remove(installed.came / "Documentation" / "old.md");
+    (void)installed.find();
+    EXPECT_FALSE(fs::is_symlink(installed.users / "Documentation" / "old.md"));
 }
 
 TEST(ProgramFolders, APortableFolderThatMayNotBeWrittenLeavesItsFilesToTheUser) {
