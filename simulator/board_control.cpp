@@ -317,7 +317,7 @@ constexpr Statement statements[] = {
     {"air",     "air XX XX ...",    "bytes that the receiver hears",                        fromAir},
     {"chip",    "chip NAME",        "mount another radio chip",                             mountChip},
     {"eeprom",  "eeprom [again | none | busy MS|always | ADDRESS XX...]",
-                                    "a serial EEPROM, fresh or the last one; its bytes",    setEeprom},
+                                    "a serial EEPROM instead of the chip, fresh or the last one; its bytes", setEeprom},
     {"slow",    "slow MS",          "a loader takes so long for each of XOFF and XON",      setFlowTime},
     {"stall",   "stall N",          "a loader falls silent at line N of a download, 0 never", stallAt},
     {"image",   "image PATH",       "write what a loader was given to a file, as text",     keepImage},
@@ -326,8 +326,6 @@ constexpr Statement statements[] = {
     {"fifo",    "fifo XX XX ...",   "bytes that wait in the register chip's receive FIFO",  fillFifo},
     {"loop",    "loop RATE [SEED]|off",
                                     "transmit to receive FIFO, with that bit error rate",   setLoop},
-    {"eeprom",  "eeprom [none | busy MS|always | ADDRESS XX...]",
-                                    "a serial EEPROM in place of the radio chip; its bytes", setEeprom},
 };
 // clang-format on
 

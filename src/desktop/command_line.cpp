@@ -7,6 +7,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -33,6 +34,13 @@ constexpr std::array boardOptions = {
     BoardOption{"seed", "N", "With --demo: the same seed gives the same faults."},
 };
 
+/// Options that the toolkit takes out of the line before it is read again, with one dash or two.
+constexpr std::array toolkitOptions = {
+    "platform", "platformpluginpath", "platformtheme", "plugin",  "style",   "stylesheet",
+    "display",  "qwindowgeometry",    "geometry",      "session", "reverse", "qwindowtitle",
+    "title",    "qwindowicon",        "icon",          "name",    "nograb",  "dograb",
+};
+
 /// Everything that `zor` may be called with.
 class Options {
   public:
@@ -54,6 +62,8 @@ class Options {
     }
 
     [[nodiscard]] bool plays() const { return parser.isSet(transcript); }
+    /// An option that is neither the program's nor the toolkit's, in a sentence; empty if there is none.
+    [[nodiscard]] std::string stranger() const;
     /// What does not go together, or has no sense, in a sentence; empty if all is well.
     [[nodiscard]] std::string fault() const;
     [[nodiscard]] CommandLine taken() const;
@@ -108,6 +118,14 @@ QStringList Options::boardSwitches() const {
 QString Options::boardOptionWithoutDemo() const {
     bool simulated = parser.isSet(demo) || !parser.value(pictures).isEmpty();
     return simulated ? QString() : boardSwitches().value(0);
+}
+
+std::string Options::stranger() const {
+    QStringList unknown = parser.unknownOptionNames();
+    auto found = std::find_if(unknown.begin(), unknown.end(), [](const QString& name) {
+        return std::find(toolkitOptions.begin(), toolkitOptions.end(), fromQt(name)) == toolkitOptions.end();
+    });
+    return found == unknown.end() ? std::string() : "unknown option \"--" + fromQt(*found) + "\"";
 }
 
 std::string Options::fault() const {
@@ -190,6 +208,9 @@ bool CommandLine::lookAhead(int argc, char** argv) {
     }
     if (known) {
         endIfFaulty(options);
+    } else if (std::string stranger = options.stranger(); !stranger.empty()) {
+        // Told here, before there is need of a display.
+        endWith(stranger);
     } else if (options.parser.unknownOptionNames().isEmpty()) {
         endWith(fromQt(options.parser.errorText()));
     }
