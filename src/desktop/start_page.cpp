@@ -176,8 +176,8 @@ QWidget* StartPage::chipGroups() {
             MenuEntry& entry = main.menu.*chip->view;
             connect(row, &QPushButton::clicked, this, [&entry] { entry.click(); });
             auto show = [row, &entry] { row->setEnabled(entry.active()); };
-            for (const Element* source = &entry; source != nullptr; source = source->container()) {
-                subscriptions.push_back(const_cast<Element*>(source)->changed.subscribe(show));
+            for (Element* source = &entry; source != nullptr; source = source->container()) {
+                subscriptions.push_back(source->changed.subscribe(show));
             }
             show();
             column->addWidget(row);

@@ -33,7 +33,7 @@ struct Platform {
     Dialogs& dialogs;
     Surroundings& surroundings;
     RegisterStores& registerStores;
-    /// Where the executable lies; settings files live beside it.
+    /// Where settings files live: beside the executable or, installed, with the user.
     std::filesystem::path programFolder;
     /// Stands in for the program's folder where that may not be written.
     std::filesystem::path userFolder;

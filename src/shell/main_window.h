@@ -83,9 +83,9 @@ class MainWindow : public Form {
         subscriptions.push_back(signal.subscribe(std::move(action)));
     }
     void wireMenu();
-    /// Opens a tool's window, or says that there is none.
     /// The entry bears a tick until the form has closed.
     void tickWhileOpen(MenuEntry& entry, Form& form);
+    /// Opens a tool's window, or says that there is none.
     void openTool(Tool tool);
     void wireLink();
     void startSearch();

@@ -176,11 +176,7 @@ void PanelRegistry::TogglePanel(std::string_view panel, bool state) {
 void PanelRegistry::reopen(std::string_view panel) {
     Slot& slot = slotOf(panel);
     if (slot.row.chipClass == ChipClass::Transmitter) {
-        auto choice =
-            std::find_if(panelChoices().begin(), panelChoices().end(), [panel](const PanelChoice& candidate) {
-                return candidate.panel == panel && candidate.variant == Variant::Plain;
-            });
-        remember(*choice);
+        remember(plainChoiceOf(panel));
     }
     show(slot);
 }

@@ -9,6 +9,8 @@
 #include "panels/transmitters/kt1102.h"
 #include "panels/transmitters/opal_v2.h"
 
+#include <algorithm>
+
 namespace zor {
 
 namespace {
@@ -64,13 +66,13 @@ const std::vector<PanelRow>& panelRows() {
     constexpr auto transceiver = ChipClass::Transceiver;
     // clang-format off
     static const std::vector<PanelRow> rows = {
-        {"OpalV2",    &WindowSwitches::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>,    "tc"},
-        {"JadeV1",    &WindowSwitches::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>,    "tc1"},
-        {"KT1102",    &WindowSwitches::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>,    "tc2"},
-        {"AmberV1",   &WindowSwitches::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    make<AmberV1>,   "rc"},
-        {"Coral",     &WindowSwitches::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    make<Coral>,     "rc2"},
-        {"BerylV3",   &WindowSwitches::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>,   "trc"},
-        {"FRM_Topaz", &WindowSwitches::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), make<FRM_Topaz>, "lrc"},
+        {"OpalV2",    &WindowSwitches::TX0on,  transmitter, &Menu::mnuViewTx0,      &Menu::mnuViewTx0Bijaku, transmitterTools(), make<OpalV2>,    "tc",  OpalV2::chipTraits},
+        {"JadeV1",    &WindowSwitches::TX1on,  transmitter, &Menu::mnuViewTx1,      nullptr,                 transmitterTools(), make<JadeV1>,    "tc1", JadeV1::chipTraits},
+        {"KT1102",    &WindowSwitches::TX2on,  transmitter, &Menu::mnuViewTx2,      nullptr,                 toolsOfKT1102(),    make<KT1102>,    "tc2", KT1102::chipTraits},
+        {"AmberV1",   &WindowSwitches::RXon,   receiver,    &Menu::mnuViewRx,       nullptr,                 receiverTools(),    make<AmberV1>,   "rc",  AmberV1::chipTraits},
+        {"Coral",     &WindowSwitches::RX1on,  receiver,    &Menu::mnuViewCoralRx,  nullptr,                 receiverTools(),    make<Coral>,     "rc2", Coral::chipTraits},
+        {"BerylV3",   &WindowSwitches::TRXon,  transceiver, &Menu::mnuViewTRx,      &Menu::mnuViewTRxBijaku, transceiverTools(), make<BerylV3>,   "trc", BerylV3::chipTraits},
+        {"FRM_Topaz", &WindowSwitches::TRX1on, transceiver, &Menu::mnuViewTopazTRx, nullptr,                 transceiverTools(), make<FRM_Topaz>, "lrc", FRM_Topaz::chipTraits},
     };
     // clang-format on
     return rows;
@@ -93,6 +95,12 @@ const std::vector<PanelChoice>& panelChoices() {
     };
     // clang-format on
     return choices;
+}
+
+const PanelChoice& plainChoiceOf(std::string_view panel) {
+    return *std::find_if(panelChoices().begin(), panelChoices().end(), [panel](const PanelChoice& choice) {
+        return choice.panel == panel && choice.variant == Variant::Plain;
+    });
 }
 
 } // namespace zor

@@ -5,12 +5,13 @@
 #include "shell/main_menu.h"
 
 #include <memory>
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace zor {
 
 class ChipPanel;
+struct PanelTraits;
 
 /// Which bar button a panel belongs to.
 enum class ChipClass { Transmitter, Receiver, Transceiver };
@@ -38,6 +39,7 @@ struct PanelRow {
     std::unique_ptr<ChipPanel> (*make)(Bench&);
     /// The extension of its configuration files, without the point.
     const char* fileKind;
+    const PanelTraits& (*traits)();
 };
 
 enum class Variant { Plain, Bijaku };
@@ -56,5 +58,7 @@ struct PanelChoice {
 
 [[nodiscard]] const std::vector<PanelRow>& panelRows();
 [[nodiscard]] const std::vector<PanelChoice>& panelChoices();
+/// The panel's choice that is no regional variant.
+[[nodiscard]] const PanelChoice& plainChoiceOf(std::string_view panel);
 
 } // namespace zor

@@ -2,14 +2,9 @@
 #include "shell/start_advice.h"
 
 #include "link/recent_files.h"
-#include "panels/receivers/amber_v1.h"
-#include "panels/receivers/beryl_v3.h"
-#include "panels/receivers/coral.h"
-#include "panels/receivers/frm_topaz.h"
-#include "panels/transmitters/jade_v1.h"
-#include "panels/transmitters/kt1102.h"
-#include "panels/transmitters/opal_v2.h"
+#include "panels/common/panel_traits.h"
 #include "shell/main_window.h"
+#include "shell/panel_table.h"
 #include "support/file_name.h"
 
 #include <algorithm>
@@ -20,15 +15,10 @@ namespace zor {
 
 namespace {
 
-const PanelTraits* traitsOf(std::string_view panel) {
-    for (const PanelTraits* traits :
-         {&OpalV2::chipTraits(), &JadeV1::chipTraits(), &KT1102::chipTraits(), &AmberV1::chipTraits(),
-          &Coral::chipTraits(), &BerylV3::chipTraits(), &FRM_Topaz::chipTraits()}) {
-        if (traits->formName == panel) {
-            return traits;
-        }
-    }
-    return nullptr;
+const PanelTraits& traitsOf(std::string_view panel) {
+    auto row = std::find_if(panelRows().begin(), panelRows().end(),
+                            [panel](const PanelRow& candidate) { return candidate.name == panel; });
+    return row->traits();
 }
 
 const char* megahertz(Band band) {
@@ -106,16 +96,13 @@ std::vector<const PanelChoice*> chipsOf(ChipClass chipClass) {
 }
 
 std::string bandsOf(const PanelChoice& chip) {
-    const PanelTraits* traits = traitsOf(chip.panel);
-    if (traits == nullptr) {
-        return {};
-    }
+    const PanelTraits& traits = traitsOf(chip.panel);
     if (chip.variant == Variant::Bijaku) {
         // The low-power variant has its panel's first band alone.
-        return std::string(megahertz(traits->offeredBands.front())) + " MHz, low power";
+        return std::string(megahertz(traits.offeredBands.front())) + " MHz, low power";
     }
     std::string bands;
-    for (Band band : traits->offeredBands) {
+    for (Band band : traits.offeredBands) {
         bands += (bands.empty() ? "" : ", ") + std::string(megahertz(band));
     }
     return bands + " MHz";

@@ -105,9 +105,10 @@ struct Workspace::Row {
     /// Which tool is hidden while the block is read, and shown after it.
     std::optional<Tool> shown = tool;
 
-    static Row of(Tool which) {
+    static Row of(Tool which) { return of(which, which); }
+    static Row of(Tool which, Tool shown) {
         const ToolRow& row = rowOf(which);
-        return {row.on, row.form, valuesOf(row.workspace), which};
+        return {row.on, row.form, valuesOf(row.workspace), which, Opening::Show, shown};
     }
     static Row ofPanel(bool WindowSwitches::*on, const char* name, Opening opening) {
         return {on, name, valuesOf(WorkspaceValues::TopLeft), std::nullopt, opening};
@@ -118,24 +119,20 @@ const std::vector<Workspace::Row>& Workspace::rows() {
     using Switch = WindowSwitches;
     constexpr auto show = Row::Opening::Show;
     constexpr auto asChosen = Row::Opening::AsChosen;
-    static const std::vector<Row> table = [=] {
-        std::vector<Row> order = {
-            Row::of(Tool::Terminal),
-            Row::of(Tool::eeprom),
-            Row::ofPanel(&Switch::TX0on, "OpalV2", asChosen),
-            Row::ofPanel(&Switch::TX1on, "JadeV1", asChosen),
-            Row::ofPanel(&Switch::RXon, "AmberV1", asChosen),
-            Row::ofPanel(&Switch::RX1on, "Coral", asChosen),
-            Row::of(Tool::AmberV1rflink),
-            Row::of(Tool::AmberV1rflink_LB2),
-            Row::of(Tool::OpalV2test),
-            Row::ofPanel(&Switch::TRXon, "BerylV3", show),
-            Row::ofPanel(&Switch::TRX1on, "FRM_Topaz", show),
-        };
+    static const std::vector<Row> table = {
+        Row::of(Tool::Terminal),
+        Row::of(Tool::eeprom),
+        Row::ofPanel(&Switch::TX0on, "OpalV2", asChosen),
+        Row::ofPanel(&Switch::TX1on, "JadeV1", asChosen),
+        Row::ofPanel(&Switch::RXon, "AmberV1", asChosen),
+        Row::ofPanel(&Switch::RX1on, "Coral", asChosen),
+        Row::of(Tool::AmberV1rflink),
         // Kept as users' files know it: the values go to the generation 2 window, the other one is shown.
-        order[7].shown = Tool::AmberV1rflink;
-        return order;
-    }();
+        Row::of(Tool::AmberV1rflink_LB2, Tool::AmberV1rflink),
+        Row::of(Tool::OpalV2test),
+        Row::ofPanel(&Switch::TRXon, "BerylV3", show),
+        Row::ofPanel(&Switch::TRX1on, "FRM_Topaz", show),
+    };
     return table;
 }
 

@@ -162,10 +162,6 @@ void drawList(ListView& view, const ListBox& held) {
     view.update();
 }
 
-} // namespace
-
-namespace {
-
 /// @param text  what stands beside the box
 QWidget* tickSaying(TickBox& element, std::function<QString(const Binding&)> text) {
     auto* box = new QCheckBox;
