@@ -4,8 +4,8 @@
 #include "desktop/demo_tour.h"
 
 #include "panels/common/chip_panel.h"
+#include "rftools/tx_search.h"
 #include "shell/main_window.h"
-#include "utilities/tx_search.h"
 #include "utilities/wire_log.h"
 
 namespace zor {

@@ -15,13 +15,13 @@
 #include "rftools/frm_link_rx.h"
 #include "rftools/opal_v2_test.h"
 #include "rftools/test_functions.h"
+#include "rftools/tx_search.h"
 #include "shell/about.h"
 #include "utilities/firm_load.h"
 #include "utilities/guide.h"
 #include "utilities/mac_sniffer.h"
 #include "utilities/power_supply.h"
 #include "utilities/terminal.h"
-#include "utilities/tx_search.h"
 #include "utilities/wire_log.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The search for transmitters unfolded: what stands in it then, and the room that it takes.
-#include "utilities/tx_search.h"
+#include "rftools/tx_search.h"
 #include "views_of_test.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "desktop/adapters/qt_text.h"
 #include "desktop/views/compose.h"
 #include "desktop/views/views.h"
-#include "utilities/tx_search.h"
+#include "rftools/tx_search.h"
 
 namespace zor {
 

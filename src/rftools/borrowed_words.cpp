@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utilities/borrowed_words.h"
+#include "rftools/borrowed_words.h"
 
 #include "panels/common/chip_panel.h"
 #include "support/numbers.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utilities/search_rates.h"
+#include "rftools/search_rates.h"
 
 #include "panels/common/timing.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utilities/tx_search_plan.h"
+#include "rftools/tx_search_plan.h"
 
 #include <algorithm>
 #include <cmath>

@@ -6,9 +6,9 @@
 #include "link/exchange.h"
 #include "link/port_owner.h"
 #include "platform/event_loop.h"
-#include "utilities/borrowed_words.h"
-#include "utilities/tx_search_chips.h"
-#include "utilities/tx_search_plan.h"
+#include "rftools/borrowed_words.h"
+#include "rftools/tx_search_chips.h"
+#include "rftools/tx_search_plan.h"
 
 #include <chrono>
 #include <cstdint>

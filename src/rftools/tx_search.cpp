@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "utilities/tx_search.h"
+#include "rftools/tx_search.h"
 
 #include "link/connect.h"
 #include "link/plot_file.h"
 #include "panels/common/chip_panel.h"
-#include "utilities/tx_search_scale.h"
+#include "rftools/tx_search_scale.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The search for transmitters on the simulated air: each receiving chip against beacons at random frequencies
 // and rates, and against silence.
-#include "utilities/tx_search.h"
+#include "rftools/tx_search.h"
 
 #include "panels/common/chip_panel.h"
 #include "shell/panel_table.h"

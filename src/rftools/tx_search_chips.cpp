@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "utilities/tx_search_chips.h"
+#include "rftools/tx_search_chips.h"
 
 #include "panels/common/chip_panel.h"
 

@@ -2,7 +2,7 @@
 // A search's lines on the wire: the chip set for a reading, and its status read.
 #include "link/connect.h"
 #include "panels/common/chip_panel.h"
-#include "utilities/tx_search_run.h"
+#include "rftools/tx_search_run.h"
 
 #include <algorithm>
 #include <cmath>

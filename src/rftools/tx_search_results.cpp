@@ -2,9 +2,9 @@
 // What a search has found: how far it is, its points and carriers, and where they go.
 #include "link/save_dialog.h"
 #include "panels/common/chip_panel.h"
+#include "rftools/tx_search.h"
+#include "rftools/tx_search_scale.h"
 #include "support/wording.h"
-#include "utilities/tx_search.h"
-#include "utilities/tx_search_scale.h"
 
 #include <string>
 #include <utility>

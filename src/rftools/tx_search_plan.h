@@ -3,7 +3,7 @@
 // has them sets the chip as `next` says, waits, and hands the status over.
 #pragma once
 
-#include "utilities/search_rates.h"
+#include "rftools/search_rates.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // The fields of a search: what is typed put right, and what they come to on the open panel's chip.
 #include "panels/common/chip_panel.h"
+#include "rftools/tx_search.h"
+#include "rftools/tx_search_scale.h"
 #include "support/numbers.h"
-#include "utilities/tx_search.h"
-#include "utilities/tx_search_scale.h"
 
 #include <algorithm>
 #include <chrono>

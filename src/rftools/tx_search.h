@@ -11,7 +11,7 @@
 #include "elements/tick_box.h"
 #include "link/bench.h"
 #include "panels/common/frequency.h"
-#include "utilities/tx_search_run.h"
+#include "rftools/tx_search_run.h"
 
 #include <memory>
 #include <optional>
