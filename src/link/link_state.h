@@ -24,7 +24,9 @@ enum class LinkState {
     Lost,
 };
 
-/// The one state of the link, and the one writer of the bars that show it.
+/// The one state of the link. Nobody else fills or locks the list of boards, enables Connect and Disconnect,
+/// or shows the data selector's bar. Of the texts beside them it writes what a step of the picture says; what
+/// is received turns CommStatus too (Connect), and who begins a reading says so there.
 ///
 ///     None ---begin---> Searching ---found---> Choosing ---chosen---> Connected <---> DataMode
 ///      ^  ^                |   ^                  |                    |     |           |
