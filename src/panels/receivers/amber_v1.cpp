@@ -25,6 +25,10 @@ const ReceivingTraits amberReceiving = receiverTraits();
 constexpr const char* oldRevision = "'E' or below";
 constexpr const char* newRevision = "'F' or above";
 
+/// Codes of the FIFO's fill start that wait for no pattern.
+constexpr int startsWithVdi = 0;
+constexpr int startsAlways = 3;
+
 /// Indicators that the older generation lacks.
 constexpr int firstNewIndicator = 10;
 constexpr int lastNewIndicator = 16;
@@ -166,7 +170,8 @@ void AmberV1::setFrequencyControlForm() {
 
 void AmberV1::FIFOstrt_Click() {
     // On the older generation these two fill without a pattern, so there is no latch to enable or to reset.
-    bool latches = isF() || (FIFOstrt.text() != "VDI" && FIFOstrt.text() != "Always");
+    // The code counts: a file may bring a text that stands for none.
+    bool latches = isF() || (FIFOstrt.code() != startsWithVdi && FIFOstrt.code() != startsAlways);
     ffillen.setEnabled(latches);
     FFreset.setEnabled(latches);
     FIFOw.rebuild();

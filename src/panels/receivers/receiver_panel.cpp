@@ -135,10 +135,11 @@ void ReceiverPanel::takeDataLineAtStart() {
 }
 
 void ReceiverPanel::calibrate() {
-    // The synthesizer calibrates as the receiver chain starts.
-    std::uint32_t off = Recw.value() & ~receiverBit;
-    sendStep(Recw, off);
-    sendStep(Recw, off + receiverBit);
+    // The synthesizer calibrates as the receiver chain starts. What is set while a step waits for its answer
+    // is in the next one.
+    auto off = [this] { return Recw.value() & ~receiverBit; };
+    sendStep(Recw, off());
+    sendStep(Recw, off() + receiverBit);
     sendStep(Recw, Recw.value());
 }
 

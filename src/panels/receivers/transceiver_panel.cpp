@@ -211,10 +211,11 @@ void TransceiverPanel::chb_er_Click() {
 
 void TransceiverPanel::calibrate() {
     // The synthesizer calibrates as it starts: by itself, or with the receiver or transmitter that needs it.
-    std::uint32_t off = PowerW.value() & ~(receiverBit | transmitterBit | synthesizerBit);
-    sendStep(PowerW, off);
+    // What is set while a step waits for its answer is in the next one.
+    auto off = [this] { return PowerW.value() & ~(receiverBit | transmitterBit | synthesizerBit); };
+    sendStep(PowerW, off());
     if (!chb_er.ticked() && !chb_et.ticked()) {
-        sendStep(PowerW, off + synthesizerBit);
+        sendStep(PowerW, off() + synthesizerBit);
     }
     sendStep(PowerW, PowerW.value());
 }

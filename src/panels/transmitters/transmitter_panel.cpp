@@ -137,12 +137,13 @@ void TransmitterPanel::configurationRead() {
 }
 
 void TransmitterPanel::calibrate() {
-    // The synthesizer calibrates at its edge from off to on, and ends as its tick says.
-    std::uint32_t off = PowerMw.value() & ~synthesizerBit;
-    sendStep(PowerMw, off);
-    sendStep(PowerMw, off + synthesizerBit);
+    // The synthesizer calibrates at its edge from off to on, and ends as its tick says. What is set while a
+    // step waits for its answer is in the next one.
+    auto off = [this] { return PowerMw.value() & ~synthesizerBit; };
+    sendStep(PowerMw, off());
+    sendStep(PowerMw, off() + synthesizerBit);
     if (!pm(4)->ticked()) {
-        sendStep(PowerMw, off);
+        sendStep(PowerMw, off());
     }
 }
 
