@@ -3,6 +3,7 @@
 
 #include "eeprom/event_tab.h"
 #include "eeprom/transmitter_words.h"
+#include "link/number_reading.h"
 #include "panels/common/chip_panel.h"
 
 #include <utility>
@@ -108,6 +109,7 @@ void Frm_CmdSequence::makeCommandBoxes() {
 void Frm_CmdSequence::wire() {
     TB_DataRate.onEdit = [this] { TB_DataRate_Change(); };
     TB_DataRate.onCommit = [this] { TB_DataRate_LostFocus(); };
+    tellReadingsOf(bench, {&TB_DataRate});
     for (std::size_t button = 0; button < CB_ContinousExecution.size(); ++button) {
         TickBox& box = CB_ContinousExecution[button];
         unsigned bit = 1U << (static_cast<unsigned>(pushbutton::firstContinuousBit) + button);

@@ -2,6 +2,7 @@
 #include "registertool/batch_page.h"
 
 #include "host/file_backup.h"
+#include "link/number_reading.h"
 #include "registertool/cell_values.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
@@ -130,6 +131,7 @@ BatchPage::BatchPage(SPI& ownTool)
     SaveBatch.onClick = [this] { SaveBatch_Click(); };
     AddCommand.setTip("Offers commands and macros for the selected batch");
     AddCommand.onClick = [this] { tool.bench.tools.open(Tool::SPIsub2); };
+    tellReadingsOf(tool.bench, {&LoopCount, &LoopLimit});
 }
 
 void BatchPage::wire(Batch& batch) {

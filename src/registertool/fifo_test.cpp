@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/fifo_test.h"
 
+#include "link/number_reading.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "support/numbers.h"
@@ -88,6 +89,7 @@ FifoTest::FifoTest(SPI& ownTool)
     , BER(ownTool, "BER", noRate)
     , tool(ownTool) {
     placeAndWire();
+    tellReadingsOf(tool.bench, {&Packets, &PacketLost, &Errors, &Databits});
 }
 
 void FifoTest::placeAndWire() {

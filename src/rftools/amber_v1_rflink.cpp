@@ -2,6 +2,7 @@
 #include "rftools/amber_v1_rflink.h"
 
 #include "link/connect.h"
+#include "link/number_reading.h"
 #include "panels/receivers/receiver_panel.h"
 #include "rftools/chip_of_tool.h"
 #include "support/hex_text.h"
@@ -102,6 +103,7 @@ AmberV1rflink::AmberV1rflink(Bench& ownBench, const ReceiverLinkTraits& ownTrait
     };
     Clear.onClick = [this] { Monitor.clear(); };
     RxLinkTimeout.onEdit = [this] { RxLinkTimeout_Change(); };
+    tellReadingsOf(bench, {&EOP, &PL, &RxLinkTimeout});
 
     subscriptions.push_back(Text1.appended.subscribe([this](std::string_view) { Text1_Change(); }));
     for (KeptText* kept : {&Monitor, &Text1}) {

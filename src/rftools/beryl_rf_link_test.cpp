@@ -2,6 +2,7 @@
 #include "rftools/beryl_rf_link_test.h"
 
 #include "link/connect.h"
+#include "link/number_reading.h"
 #include "panels/receivers/transceiver_panel.h"
 #include "rftools/window_place.h"
 #include "support/numbers.h"
@@ -233,6 +234,7 @@ void Frm_BerylRfLinkTest::unload() {
 void Frm_BerylRfLinkTest::wireNumber(TextField& field, UpDown& arrows, int maximum) {
     field.onEdit = [this, &field] { acceptDigits(field); };
     field.onCommit = [this, &field, maximum] { number_LostFocus(field, maximum); };
+    tellReadingsOf(bench, {&field});
     arrows.reading = [&field, maximum] {
         return std::clamp(roundToInt(numericPrefix(field.text())), 0, maximum);
     };

@@ -2,6 +2,7 @@
 #include "rftools/opal_v2_test.h"
 
 #include "link/connect.h"
+#include "link/number_reading.h"
 #include "panels/common/chip_panel.h"
 #include "rftools/chip_of_tool.h"
 #include "support/numbers.h"
@@ -73,6 +74,7 @@ OpalV2test::OpalV2test(Bench& ownBench)
     DSen.onChange = [this] { settingChanged(); };
     Auto.onChoose = Manual.onChoose = [this] { modeChosen(); };
     GearBoxData.onCommit = [this] { GearBoxData_LostFocus(); };
+    tellReadingsOf(bench, {&GearBoxData});
     Update.onClick = [this] { Update_Click(); };
     ReadGearbox.onClick = [this] { ReadGearbox_Click(); };
 

@@ -2,6 +2,7 @@
 #include "rftools/tx_search.h"
 
 #include "link/connect.h"
+#include "link/number_reading.h"
 #include "link/plot_file.h"
 #include "panels/common/chip_panel.h"
 #include "rftools/tx_search_scale.h"
@@ -112,6 +113,7 @@ void TxSearch::wire() {
     SpanTo.onCommit = [this] { span_LostFocus(SpanTo); };
     SpanStep.onCommit = [this] { number_LostFocus(SpanStep, stepRange); };
     SpanDwell.onCommit = [this] { number_LostFocus(SpanDwell, dwellRange); };
+    tellReadingsOf(bench, {&SpanFrom, &SpanTo, &SpanStep, &SpanDwell});
     SaveSpectrum.onClick = [this] { savePlot(bench, SearchPlot, "Save Search"); };
     TakeCarrier.onClick = [this] { TakeCarrier_Click(); };
     SaveCarriers.onClick = [this] { save(); };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/current_over_time.h"
 
+#include "link/number_reading.h"
 #include "link/plot_file.h"
 #include "support/numbers.h"
 
@@ -103,6 +104,7 @@ void CurrentOverTime::wire() {
     SetMarkB.onClick = [this] { setMark(MarkB); };
     MarkA.onCommit = [this] { commitMark(MarkA); };
     MarkB.onCommit = [this] { commitMark(MarkB); };
+    tellReadingsOf(bench, {&CursorAt, &MarkA, &MarkB});
     SavePlot.onClick = [this] { savePlot(bench, CurrentPlot, "Save Current"); };
     ClearPlot.onClick = [this] { clear(); };
 }

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QTableView>
 #include <QTimer>
 
@@ -46,6 +47,18 @@ TEST(WireLogWindow, AMillionCharactersLeaveItAliveAndBounded) {
     EXPECT_TRUE(log.Follow.ticked());
     EXPECT_TRUE(log.Filter.edit("no such text"));
     EXPECT_EQ(log.Log.rowCount(), 0U);
+}
+
+TEST(WireLogWindow, TheFilterTakesACommaAsItIs) {
+    Program program;
+    program.start();
+    program.main.perform([&] { program.main.bench().tools.open(Tool::frm_WireLog); });
+    auto& log = dynamic_cast<WireLog&>(*program.desk.find("frm_WireLog"));
+    auto* line = program.window.windowOf(log)->content().findChild<QLineEdit*>(QStringLiteral("Filter"));
+    ASSERT_NE(line, nullptr);
+    line->setFocus();
+    QTest::keyClicks(line, "a,b");
+    EXPECT_EQ(log.Filter.text(), "a,b");
 }
 
 } // namespace zor

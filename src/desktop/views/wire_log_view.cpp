@@ -52,7 +52,7 @@ QWidget* wireLogView(Form& form) {
     QWidget* table = gridView(w.Log, 12);
     followNewest(*table, w);
     return window(
-        {line(labelled(w.LabelFilter, field(w.Filter, 20)), labelled(w.LabelResult, list(w.Result, 12)),
+        {line(labelled(w.LabelFilter, textField(w.Filter, 20)), labelled(w.LabelResult, list(w.Result, 12)),
               tick(w.Pause), tick(w.Follow), stretch(), labelled(w.LabelDock, list(w.Dock, 7))),
          table, line(label(w.Count, Tone::Soft), stretch(), button(w.Clear), button(w.Copy), button(w.Save))},
         1);
