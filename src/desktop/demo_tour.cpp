@@ -24,11 +24,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// Entries that open no window of ours: dialogs of the system, files, the end of the program.
+/// Entries that open no window of ours (dialogs of the system, files, the end of the program), and those
+/// whose windows have a stop of their own.
 const std::set<std::string> notVisited{
     "mnuFileExit",     "mnuSaveWorkspace", "mnuViewToolbar", "mnuHelpBrowseDoc", "mnuHelpBrowseEx",
     "mnuHelpSWguide",  "mnuHelp1100DS",    "mnuHelp2100DS",  "mnutoolsTerminal", "mnutoolsEEPROM",
-    "mnutoolsWireLog", "mnutoolsSniffer",  "mnuFileRecord",  "mnuFilePlay"};
+    "mnutoolsWireLog", "mnutoolsSniffer",  "mnuFileRecord",  "mnuFilePlay",      "mnuViewTx0"};
 
 } // namespace
 
@@ -47,21 +48,28 @@ bool DemoTour::canWriteTo(const QDir& folder) {
 void DemoTour::play() {
     boxCloser.start(200ms);
     settle(300ms);
-    takePicture(QStringLiteral("start"));
+    QPixmap start = look();
     for (Form* form : openForms()) {
         form->userClose();
     }
     waitForBoard();
+    if (main.menu.mnuload.enabled()) {
+        visitLoader();
+    } else {
+        keep(start, QStringLiteral("start"));
+        visitEverything();
+    }
+    boxCloser.stop();
+    main.userClose();
+}
+
+void DemoTour::visitEverything() {
     takePicture(QStringLiteral("connected"));
     visitTerminal();
+    visitFirstSteps();
     visitWireLog();
     visitHeaderGenerator();
-    main.perform([this] { main.bench().tools.open(Tool::frm_PowerSupply); });
-    visitForm(*main.bench().tools.find(Tool::frm_PowerSupply));
     visitCurrents();
-    // Its entry is for those who have a board with the loader.
-    main.perform([this] { main.bench().tools.open(Tool::FirmLoad); });
-    visitForm(*main.bench().tools.find(Tool::FirmLoad));
     visitContentEditor();
     visitEeprom();
     visitLinks();
@@ -71,8 +79,6 @@ void DemoTour::play() {
         visit(*menu);
     }
     visitCompare();
-    boxCloser.stop();
-    main.userClose();
 }
 
 void DemoTour::settle(std::chrono::milliseconds time) {
@@ -84,11 +90,13 @@ void DemoTour::settle(std::chrono::milliseconds time) {
 void DemoTour::waitForBoard() {
     main.loop().runUntil(
         [this] { return main.bench().link.CommState() == 0 && !main.linkBar.Connect.enabled(); });
-    main.loop().runUntil([this] { return main.linkBar.CommStatus.text() == "Comm. OK"; });
+    // A loader refuses what a board is set up with.
+    main.loop().runUntil(
+        [this] { return main.linkBar.CommStatus.text() == "Comm. OK" || main.menu.mnuload.enabled(); });
     settle(500ms);
 }
 
-void DemoTour::takePicture(const QString& name) {
+QPixmap DemoTour::look() const {
     if (QApplication::activeModalWidget() == nullptr) {
         // A box that was answered leaves no window active where there is no window manager.
         window.activateWindow();
@@ -105,6 +113,14 @@ void DemoTour::takePicture(const QString& name) {
             painter.drawRect(place.adjusted(-1, -1, 0, 0));
         }
     }
+    return picture;
+}
+
+void DemoTour::takePicture(const QString& name) {
+    keep(look(), name);
+}
+
+void DemoTour::keep(const QPixmap& picture, const QString& name) {
     if (!picture.save(folder.filePath(prefix + name + QStringLiteral(".png")))) {
         hasFailed = true;
     }
@@ -136,6 +152,20 @@ void DemoTour::visit(MenuEntry& entry) {
             return;
         }
     }
+}
+
+void DemoTour::visitFirstSteps() {
+    main.menu.mnuViewTx0.click();
+    ChipPanel& panel = *main.bench().openPanel();
+    panel.FreqCenter.type("315");
+    settle(150ms);
+    takePicture(QStringLiteral("OpalV2"));
+    panel.FreqCenter.type("316");
+    settle(150ms);
+    takePicture(QStringLiteral("step-back"));
+    panel.FreqCenter.type("315");
+    panel.userClose();
+    settle(50ms);
 }
 
 void DemoTour::visitTerminal() {
@@ -216,6 +246,11 @@ void DemoTour::workOn(ChipPanel& panel) {
     }
     if (Element* power = panel.find("OutputPower")) {
         power->chooseText("-3 dB");
+    }
+    // A transceiver listens, as the guide's first packet wants it.
+    if (panel.find("chb_er") != nullptr) {
+        panel.find("chb_er")->tick(true);
+        panel.find("EnRxFIFO")->tick(true);
     }
     panel.Update.click();
     panel.CalibratePLL.click();

@@ -6,8 +6,10 @@
 #include "platform/event_loop.h"
 
 #include <QDir>
+#include <QPixmap>
 
 #include <functional>
+#include <string>
 
 namespace zor {
 
@@ -15,7 +17,8 @@ class ChipPanel;
 class MenuEntry;
 
 /// Walks through the program on its own and takes a picture of every window: for the user guide, and for
-/// whoever changed a view and wants to see all of them. It needs the simulated board. Owned by main.
+/// whoever changed a view and wants to see all of them. It needs the simulated board; one that runs its
+/// loader has a tour of its own, of the loader's window. Owned by main.
 class DemoTour {
   public:
     /// @param pictures  where the pictures go; made if it is missing
@@ -38,7 +41,14 @@ class DemoTour {
   private:
     void settle(std::chrono::milliseconds time);
     void waitForBoard();
+    [[nodiscard]] QPixmap look() const;
+    void keep(const QPixmap& picture, const QString& name);
     void takePicture(const QString& name);
+    void visitEverything();
+    /// The first panel as the guide's first steps have it, and with a step to go back.
+    void visitFirstSteps();
+    /// What a board that runs its loader has; a file is on its way into it.
+    void visitLoader();
     void visit(MenuEntry& entry);
     void visitTerminal();
     void visitWireLog();
@@ -58,6 +68,9 @@ class DemoTour {
     void visitContentEditor();
     void visitRegisters();
     void visitCompare();
+    /// Writes a transcript and plays it to its end in the player, which stays open; nullptr if it cannot be
+    /// written.
+    Form* playTranscript(const QString& name, const std::string& text);
     /// Plays a short transcript with a check that does not hold.
     void visitPlay();
     void visitForm(Form& form);

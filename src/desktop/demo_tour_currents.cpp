@@ -37,6 +37,9 @@ void DemoTour::visitCurrents() {
     forecast.ShowForecast.click();
 
     Form& supply = *openTool(Tool::frm_PowerSupply);
+    supply.find("PB_Current")->click();
+    settle(100ms);
+    takePicture(QStringLiteral("frm_PowerSupply"));
     supply.find("ShowPlot")->click();
     supply.find("ContRead")->click();
     settle(1500ms);

@@ -50,7 +50,8 @@ void DemoTour::visitReceiver() {
     main.menu.mnuViewRx.click();
     main.bench().openPanel()->Update.click();
     settle(200ms);
-    tellBoard(QStringLiteral("far carrier 300"));
+    // Each level stays longer than a picture takes.
+    tellBoard(QStringLiteral("far carrier 1000"));
     if (auto* output = dynamic_cast<frm_Link_RX*>(openTool(Tool::frm_Link_RX))) {
         output->cb_MoniEn.tick(true);
         main.loop().runUntil([output] { return output->LED_H.lit() || output->isClosed(); });
@@ -80,6 +81,9 @@ void DemoTour::visitTransceiver() {
         hearTenPackets(*link, "PB_Enable");
         visitForm(*link);
     }
+    // The data line goes back: out of sight the panel would hold it in every picture to come.
+    panel.find("EnRxFIFO")->tick(false);
+    panel.Update.click();
     main.menu.mnuViewTRx.click();
 }
 

@@ -30,20 +30,27 @@ within 1500 text main.CommStatus "Comm. OK"
 
 } // namespace
 
-void DemoTour::visitPlay() {
-    // Its name is in the picture, and stays short there whatever this machine's own place for such files is.
-    QTemporaryDir place(QStringLiteral("/tmp/bench-XXXXXX"));
-    QString name = place.filePath(QStringLiteral("transmitter-check.bench"));
+Form* DemoTour::playTranscript(const QString& name, const std::string& text) {
     QFile file(name);
-    if (!file.open(QIODevice::WriteOnly) || file.write(transcript) < 0 || !file.flush()) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.c_str()) < 0 || !file.flush()) {
         hasFailed = true;
-        return;
+        return nullptr;
     }
     main.menu.mnuFilePlay.click();
     Form* play = main.desk().find("frm_Play");
     loadTranscript(fromQt(name));
     play->find("PB_Play")->click();
     main.loop().runUntil([&] { return play->find("PB_Report")->enabled(); });
+    return play;
+}
+
+void DemoTour::visitPlay() {
+    // Its name is in the picture, and stays short there whatever this machine's own place for such files is.
+    QTemporaryDir place(QStringLiteral("/tmp/bench-XXXXXX"));
+    Form* play = playTranscript(place.filePath(QStringLiteral("transmitter-check.bench")), transcript);
+    if (play == nullptr) {
+        return;
+    }
     settle(100ms);
     for (Form* form : openForms()) {
         if (form != play) {
