@@ -254,7 +254,7 @@ constexpr StatementRow rows[] = {
     {"sent",     0, StatementRow::anyCount, expectSent},
     {"box",      1, 3, expectBox},
     {"nobox",    0, 0, [](Scene& w, const Arguments&) { expectNoBox(w); }},
-    {"dialog",   3, 3, expectDialog},
+    {"dialog",   3, 4, expectDialog},
     {"content",  1, 3, expectContent},
     {"nofile",   1, 1, expectNoFile},
     {"port",     1, 1, expectPort},

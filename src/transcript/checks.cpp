@@ -120,7 +120,11 @@ void expectDialog(Scene& scene, const Arguments& arguments) {
         throw Failure("expected a file dialog, found none");
     }
     const FileRequest& request = dialogs.front();
-    expectLines("dialog", arguments.rest(0), {request.title, request.startName, request.filter});
+    std::vector<std::string> found = {request.title, request.startName, request.filter};
+    if (arguments.count() > found.size()) {
+        found.push_back(request.proposal);
+    }
+    expectLines("dialog", arguments.rest(0), found);
     dialogs.pop_front();
 }
 
