@@ -73,6 +73,8 @@ class frm_Compare : public Form {
     bool readConfiguration(Side& side, const std::string& path);
     bool readHeader(Side& side, const std::string& path);
     [[nodiscard]] std::optional<std::string> chooseFile(What what);
+    /// What tells the files' kinds apart.
+    [[nodiscard]] std::string firstName(What what) const;
     /// Looks again once the action that changed something is over.
     void lookLater();
     void look();

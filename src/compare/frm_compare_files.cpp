@@ -3,7 +3,7 @@
 #include "compare/frm_compare.h"
 #include "compare/quiet_panel.h"
 #include "host/files.h"
-#include "link/save_dialog.h"
+#include "link/file_dialog.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
 #include "support/file_name.h"
@@ -21,6 +21,12 @@ constexpr const char* savePattern = "*.txt";
 constexpr std::uintmax_t longestHeader = 1U << 20U;
 
 } // namespace
+
+std::string frm_Compare::firstName(What what) const {
+    const ChipPanel& panel = *target.get();
+    return what == What::File ? "compared." + std::string(panel.traits().file.extension)
+                              : firstHeader(panel.chip());
+}
 
 std::optional<std::string> frm_Compare::chooseFile(What what) {
     const FileTraits& file = target.get()->traits().file;
@@ -40,9 +46,9 @@ std::optional<std::string> frm_Compare::chooseFile(What what) {
         request.defaultExtension = "h";
     }
     request.startName = "*." + request.defaultExtension;
-    FileChoice choice = bench.platform.dialogs.chooseFile(request);
+    FileChoice choice = askForFile(bench, request, firstName(what));
     // The panel may have gone while the dialog was open.
-    bool none = choice.name == request.startName || target.get() == nullptr;
+    bool none = noFileChosen(choice, request) || target.get() == nullptr;
     return none ? std::nullopt : std::optional(choice.name);
 }
 
@@ -55,6 +61,7 @@ bool frm_Compare::readInto(Side& side, What what) {
         bool done = what == What::File ? readConfiguration(side, *path) : readHeader(side, *path);
         if (done) {
             side.path = *path;
+            fileLoaded(bench, firstName(what), *path);
         }
         return done;
     } catch (const ToolError& error) {
@@ -205,7 +212,7 @@ std::string frm_Compare::asText() const {
 void frm_Compare::PB_Save_Click() {
     // What is saved is what the user saw as he asked for it.
     std::string text = asText();
-    std::string name = saveByDialog(
+    saveByDialog(
         bench,
         {.mode = FileRequest::Mode::Save,
          .title = "Save Comparison",
@@ -213,10 +220,7 @@ void frm_Compare::PB_Save_Click() {
          .startName = savePattern,
          .filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*",
          .defaultExtension = "txt"},
-        [&text](const std::string&) { return text; }, "Please try again");
-    if (!name.empty()) {
-        bench.notice("Saved " + name);
-    }
+        "comparison.txt", [&text](const std::string&) { return text; }, "Please try again");
 }
 
 } // namespace zor

@@ -2,6 +2,7 @@
 #include "compare/frm_set_from.h"
 
 #include "host/files.h"
+#include "link/file_dialog.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
 #include "support/numbers.h"
@@ -172,23 +173,18 @@ void frm_SetFrom::PB_LoadHeader_Click() {
     request.startName = headerPattern;
     request.filter = "C header files (*.h)|*.h|All files (*.*)|*.*";
     request.defaultExtension = "h";
-    auto saved = bench.savedHeaders.find(target.get()->chip());
-    if (saved != bench.savedHeaders.end()) {
-        std::filesystem::path last = saved->second;
-        request.folder = last.parent_path();
-        request.proposal = last.filename().string();
+    auto read = [this](const FileChoice& choice) {
+        try {
+            TB_HeaderText.setText(readFile(choice.name, longestHeader));
+            return true;
+        } catch (const ToolError& error) {
+            bench.tellFileError(error, "File open error");
+            return false;
+        }
+    };
+    if (loadChosen(bench, request, firstHeader(target.get()->chip()), read)) {
+        PB_SetHeader_Click();
     }
-    FileChoice choice = bench.platform.dialogs.chooseFile(request);
-    if (choice.name == request.startName) {
-        return;
-    }
-    try {
-        TB_HeaderText.setText(readFile(choice.name, longestHeader));
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File open error");
-        return;
-    }
-    PB_SetHeader_Click();
 }
 
 void frm_SetFrom::PB_SetHeader_Click() {

@@ -152,8 +152,9 @@ class Eeprom : public Form, public Undoable {
     void tellStopped();
 
     // Files.
-    [[nodiscard]] std::optional<std::string> chooseFile(const FileRequest& request) const;
-    [[nodiscard]] std::optional<std::string> chooseSaveName(const FileRequest& request) const;
+    /// The chosen name with that extension; nothing if the user keeps the file that is there.
+    [[nodiscard]] std::optional<std::string> saveName(const FileChoice& choice,
+                                                      const std::string& extension) const;
     void takeFile(std::string text, const std::string& name);
     void showFile();
     void setFileTitle(const std::string& name);

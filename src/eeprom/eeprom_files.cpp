@@ -2,8 +2,8 @@
 // The programmer's files: ASCII-hex images, and those that other tools make.
 #include "eeprom/eeprom.h"
 #include "eeprom/foreign_image.h"
-#include "host/file_backup.h"
 #include "host/files.h"
+#include "link/file_dialog.h"
 #include "support/error.h"
 #include "support/file_name.h"
 
@@ -17,6 +17,9 @@ namespace {
 constexpr const char* loadErrorTitle = "File open error";
 constexpr const char* saveErrorTitle = "File save error";
 constexpr const char* saveErrorClosing = "Please try again";
+/// What the first images are proposed as.
+constexpr const char* firstImage = "eeprom.asc";
+constexpr const char* firstForeign = "eeprom.hex";
 
 FileRequest imageRequest(const Bench& bench, FileRequest::Mode mode, const char* title) {
     return {.mode = mode,
@@ -46,54 +49,45 @@ std::string lowerExtension(const std::string& name) {
 
 } // namespace
 
-std::optional<std::string> Eeprom::chooseFile(const FileRequest& request) const {
-    FileChoice choice = bench.platform.dialogs.chooseFile(request);
-    if (choice.extensionDiffers && request.defaultExtension == "asc") {
+std::optional<std::string> Eeprom::saveName(const FileChoice& choice, const std::string& extension) const {
+    bool own = extension == "asc";
+    if (own && choice.extensionDiffers) {
         throw ToolError(unsupported, "Incorrect extension");
     }
-    return choice.name == request.startName ? std::nullopt : std::optional(choice.name);
-}
-
-std::optional<std::string> Eeprom::chooseSaveName(const FileRequest& request) const {
-    while (std::optional<std::string> name = chooseFile(request)) {
-        bool complete = request.defaultExtension == "asc" ? lowerExtension(*name) == ".asc"
-                                                          : !lowerExtension(*name).empty();
-        if (!complete) {
-            *name += "." + request.defaultExtension;
-        }
-        std::error_code ignored;
-        if (!std::filesystem::exists(pathOf(*name), ignored)) {
-            return name;
-        }
-        Answer answer = bench.platform.dialogs.show(
-            {.text = "File already exist:" + *name + "\r\nDo you want to replace it?",
-             .title = saveErrorTitle,
-             .icon = BoxIcon::Question,
-             .buttons = BoxButtons::YesNo});
-        if (answer == Answer::Yes) {
-            return name;
-        }
+    std::string name = choice.name;
+    if (own ? lowerExtension(name) != ".asc" : lowerExtension(name).empty()) {
+        name += "." + extension;
     }
-    return std::nullopt;
+    std::error_code ignored;
+    if (!std::filesystem::exists(pathOf(name), ignored)) {
+        return name;
+    }
+    Answer answer =
+        bench.platform.dialogs.show({.text = "File already exist:" + name + "\r\nDo you want to replace it?",
+                                     .title = saveErrorTitle,
+                                     .icon = BoxIcon::Question,
+                                     .buttons = BoxButtons::YesNo});
+    return answer == Answer::Yes ? std::optional(name) : std::nullopt;
 }
 
 bool Eeprom::loadFile() {
     try {
-        std::optional<std::string> name =
-            chooseFile(imageRequest(bench, FileRequest::Mode::Load, "Load EEPROM File"));
-        if (!name) {
-            return false;
-        }
-        std::string bytes = readFile(*name);
-        if (!running()) {
-            // A run writes on what it began with, whoever loads meanwhile.
-            EEprogData.clear();
-        }
-        WorkSheet.setText({});
-        ImageFile file = readImageFile(bytes);
-        Filepreamble = std::move(file.preamble);
-        takeFile(std::move(file.text), *name);
-        return true;
+        return loadChosen(bench, imageRequest(bench, FileRequest::Mode::Load, "Load EEPROM File"), firstImage,
+                          [this](const FileChoice& choice) {
+                              if (choice.extensionDiffers) {
+                                  throw ToolError(unsupported, "Incorrect extension");
+                              }
+                              std::string bytes = readFile(choice.name);
+                              if (!running()) {
+                                  // A run writes on what it began with, whoever loads meanwhile.
+                                  EEprogData.clear();
+                              }
+                              WorkSheet.setText({});
+                              ImageFile file = readImageFile(bytes);
+                              Filepreamble = std::move(file.preamble);
+                              takeFile(std::move(file.text), choice.name);
+                              return true;
+                          });
     } catch (const ToolError& error) {
         bench.tellFileError(error, loadErrorTitle);
         return false;
@@ -118,17 +112,18 @@ void Eeprom::enableForImage() {
 
 bool Eeprom::saveFile() {
     try {
-        std::optional<std::string> name =
-            chooseSaveName(imageRequest(bench, FileRequest::Mode::Save, "Save EEPROM File"));
-        if (name) {
-            saveUserFile(*name, imageFileBytes(Filepreamble, WorkSheet.text()));
-            setFileTitle(*name);
+        std::string name = saveChosen(
+            bench, imageRequest(bench, FileRequest::Mode::Save, "Save EEPROM File"), firstImage,
+            [this](const std::string&) { return imageFileBytes(Filepreamble, WorkSheet.text()); },
+            [this](const FileChoice& choice) { return saveName(choice, "asc"); });
+        if (!name.empty()) {
+            setFileTitle(name);
         }
         showFile();
         if (!StopButton.visible()) {
             Verify.setEnabled(true);
         }
-        return name.has_value();
+        return !name.empty();
     } catch (const ToolError& error) {
         bool wrongType = error.number() == unsupported;
         bench.tellFileError(error, wrongType ? loadErrorTitle : saveErrorTitle, saveErrorClosing);
@@ -149,11 +144,12 @@ void Eeprom::setFileTitle(const std::string& name) {
 
 void Eeprom::importFile() {
     try {
-        std::optional<std::string> name =
-            chooseFile(foreignRequest(bench, FileRequest::Mode::Load, "Import EEPROM image"));
-        if (name) {
-            takeFile(shownImage(foreignImageDigits(readFile(*name), lowerExtension(*name))), *name);
-        }
+        loadChosen(bench, foreignRequest(bench, FileRequest::Mode::Load, "Import EEPROM image"), firstForeign,
+                   [this](const FileChoice& choice) {
+                       const std::string& name = choice.name;
+                       takeFile(shownImage(foreignImageDigits(readFile(name), lowerExtension(name))), name);
+                       return true;
+                   });
     } catch (const ToolError& error) {
         bench.tellFileError(error, loadErrorTitle);
     }
@@ -161,11 +157,12 @@ void Eeprom::importFile() {
 
 void Eeprom::exportFile() {
     try {
-        std::optional<std::string> name =
-            chooseSaveName(foreignRequest(bench, FileRequest::Mode::Save, "Export EEPROM image"));
-        if (name) {
-            saveUserFile(*name, foreignImageBytes(hexDigits(WorkSheet.text()), lowerExtension(*name)));
-        }
+        saveChosen(
+            bench, foreignRequest(bench, FileRequest::Mode::Save, "Export EEPROM image"), firstForeign,
+            [this](const std::string& name) {
+                return foreignImageBytes(hexDigits(WorkSheet.text()), lowerExtension(name));
+            },
+            [this](const FileChoice& choice) { return saveName(choice, "hex"); });
     } catch (const ToolError& error) {
         bench.tellFileError(error, saveErrorTitle, saveErrorClosing);
     }

@@ -79,9 +79,10 @@ class Frm_GenHeader : public Form {
     void Do_KT3100();
     void Do_KT3101();
 
-    /// The name that the dialog gave, with its extension; nothing if it was cancelled.
-    [[nodiscard]] std::optional<std::string> chooseFile();
-    void save(const std::string& name);
+    [[nodiscard]] FileRequest fileRequest() const;
+    [[nodiscard]] std::string content() const;
+    /// Runs a save, which gives the file's name, and remembers it; a failure is told.
+    void saving(const std::function<std::string()>& save);
     void showLiteralNote();
     void showUnsent();
     void showSaved();

@@ -3,6 +3,7 @@
 #include "headergen/frm_gen_header.h"
 
 #include "host/file_backup.h"
+#include "link/file_dialog.h"
 #include "support/error.h"
 #include "support/file_name.h"
 
@@ -14,8 +15,6 @@ namespace {
 
 constexpr const char* saveErrorTitle = "File save error";
 constexpr const char* extension = "h";
-/// A name field that holds no name.
-constexpr const char* pattern = "*.h";
 
 std::string withExtension(const std::string& name) {
     std::string present = nameOf(pathOf(name).extension());
@@ -27,7 +26,7 @@ std::string withExtension(const std::string& name) {
 
 } // namespace
 
-std::optional<std::string> Frm_GenHeader::chooseFile() {
+FileRequest Frm_GenHeader::fileRequest() const {
     FileRequest request;
     request.mode = FileRequest::Mode::Save;
     request.title = "Save Header File";
@@ -37,36 +36,46 @@ std::optional<std::string> Frm_GenHeader::chooseFile() {
     request.filter = "C header files (*.h)|All files (*.*)|*.*";
     request.defaultExtension = extension;
     request.asksToReplace = false;
-    std::string name = bench.platform.dialogs.chooseFile(request).name;
-    bool cancelled = name == request.startName || pathOf(name).filename() == pattern;
-    return cancelled ? std::nullopt : std::optional(withExtension(name));
+    return request;
 }
 
 void Frm_GenHeader::PB_Save_Click() {
-    while (std::optional<std::string> name = chooseFile()) {
-        if (mayReplace(bench.platform.dialogs, *name)) {
-            save(*name);
-            return;
-        }
-    }
+    auto named = [this](const FileChoice& choice) {
+        std::string name = withExtension(choice.name);
+        return mayReplace(bench.platform.dialogs, name) ? std::optional(name) : std::nullopt;
+    };
+    saving([&] {
+        return saveChosen(
+            bench, fileRequest(), firstHeader(deviceName), [this](const std::string&) { return content(); },
+            named);
+    });
 }
 
 void Frm_GenHeader::PB_SaveAgain_Click() {
     auto saved = bench.savedHeaders.find(deviceName);
     if (saved != bench.savedHeaders.end()) {
-        save(saved->second);
+        saving([this, name = saved->second] {
+            saveUserFile(name, content());
+            fileSaved(bench, firstHeader(deviceName), name);
+            return name;
+        });
     }
 }
 
-void Frm_GenHeader::save(const std::string& name) {
+std::string Frm_GenHeader::content() const {
+    return TB_Header.text() + "\r\n";
+}
+
+void Frm_GenHeader::saving(const std::function<std::string()>& save) {
     try {
-        saveUserFile(name, TB_Header.text() + "\r\n");
+        std::string name = save();
+        if (!name.empty()) {
+            bench.savedHeaders[deviceName] = name;
+            showSaved();
+        }
     } catch (const ToolError& error) {
         bench.tellFileError(error, saveErrorTitle, "Please try again");
-        return;
     }
-    bench.savedHeaders[deviceName] = name;
-    showSaved();
 }
 
 void Frm_GenHeader::showSaved() {

@@ -94,6 +94,10 @@ struct Bench {
     /// The configuration files that the user works with.
     RecentFiles recentFiles;
 
+    /// The file that a dialog of this run loaded or saved last, by the name that a first one of its kind is
+    /// proposed under.
+    std::map<std::string, std::string> usedFiles;
+
     /// Where this run saved the C header of a device last.
     std::map<std::string, std::string> savedHeaders;
 

@@ -2,7 +2,7 @@
 #include "link/plot_file.h"
 
 #include "elements/plot.h"
-#include "link/save_dialog.h"
+#include "link/file_dialog.h"
 #include "support/error.h"
 #include "support/file_name.h"
 
@@ -26,7 +26,7 @@ std::string bytesFor(const Plot& plot, const std::string& name) {
 
 } // namespace
 
-void savePlot(const Bench& bench, const Plot& plot, const std::string& title) {
+void savePlot(Bench& bench, const Plot& plot, const std::string& title, const std::string& firstName) {
     saveByDialog(
         bench,
         {.mode = FileRequest::Mode::Save,
@@ -35,7 +35,7 @@ void savePlot(const Bench& bench, const Plot& plot, const std::string& title) {
          .startName = pattern,
          .filter = "Pictures (*.png)|*.png|Values (*.csv)|*.csv",
          .defaultExtension = "png"},
-        [&plot](const std::string& name) { return bytesFor(plot, name); }, "Please try again");
+        firstName, [&plot](const std::string& name) { return bytesFor(plot, name); }, "Please try again");
 }
 
 } // namespace zor

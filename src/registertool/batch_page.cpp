@@ -2,6 +2,7 @@
 #include "registertool/batch_page.h"
 
 #include "host/file_backup.h"
+#include "link/file_dialog.h"
 #include "link/number_reading.h"
 #include "registertool/cell_values.h"
 #include "registertool/register_lines.h"
@@ -259,29 +260,34 @@ bool BatchPage::rest(const LongAction& busy) {
     return !ended();
 }
 
+std::size_t BatchPage::numberOf(const Batch& batch) const {
+    std::size_t number = 0;
+    while (&batches[number] != &batch) {
+        ++number;
+    }
+    return number;
+}
+
+std::string BatchPage::firstScript(const Batch& batch) const {
+    return "batch-" + std::to_string(numberOf(batch)) + ".txt";
+}
+
 void BatchPage::SaveBatch_Click() {
     Batch& batch = selected();
-    saving(tool.bench, [&] {
-        auto name = chooseTextToSave(tool.bench, "Save " + batch.BatchName.text() + " Script File");
-        if (!name) {
-            return;
-        }
+    saveText(tool.bench, "Save " + batch.BatchName.text() + " Script File", firstScript(batch), [&] {
         std::string script = batch.BatchCommands.text();
         if (!script.empty() && !script.ends_with(textLineEnd)) {
             script += textLineEnd;
         }
-        saveUserFile(*name, std::string(titleMark) + batch.BatchName.text() + textLineEnd + script);
+        return std::string(titleMark) + batch.BatchName.text() + textLineEnd + script;
     });
 }
 
 void BatchPage::LoadBach_Click() {
     Batch& batch = selected();
-    std::size_t number = 0;
-    while (&batches[number] != &batch) {
-        ++number;
-    }
     loading(tool.bench, [&] {
-        auto name = chooseTextToLoad(tool.bench, "Load Script File to Batch#" + std::to_string(number));
+        auto name = chooseTextToLoad(
+            tool.bench, "Load Script File to Batch#" + std::to_string(numberOf(batch)), firstScript(batch));
         if (!name) {
             return;
         }
@@ -296,6 +302,7 @@ void BatchPage::LoadBach_Click() {
             script += *line + textLineEnd;
         }
         batch.BatchCommands.setText(script);
+        fileLoaded(tool.bench, firstScript(batch), *name);
     });
 }
 

@@ -70,6 +70,9 @@ class BatchPage {
 
     /// The batch that LoadBach, SaveBatch and the command window work on.
     [[nodiscard]] Batch& selected();
+    [[nodiscard]] std::size_t numberOf(const Batch& batch) const;
+    /// What a first file of its script is proposed as.
+    [[nodiscard]] std::string firstScript(const Batch& batch) const;
 
   private:
     void wire(Batch& batch);

@@ -2,6 +2,7 @@
 #include "registertool/differences.h"
 
 #include "host/file_backup.h"
+#include "link/file_dialog.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
@@ -115,7 +116,7 @@ void Differences::Show_Click() {
 bool Differences::chooseFile() {
     bool taken = false;
     loading(tool.bench, [&] {
-        auto name = chooseTextToLoad(tool.bench, "Compare with Chip Configuration");
+        auto name = chooseTextToLoad(tool.bench, "Compare with Chip Configuration", firstRegisters);
         if (!name) {
             return;
         }
@@ -128,6 +129,7 @@ bool Differences::chooseFile() {
         }
         fileValues = std::move(values);
         fileName = nameOf(pathOf(*name).filename());
+        fileLoaded(tool.bench, firstRegisters, *name);
         taken = true;
     });
     return taken;
@@ -145,17 +147,17 @@ void Differences::showFile() {
 
 void Differences::SaveListed_Click() {
     saving(tool.bench, [&] {
-        FileChoice choice = tool.bench.platform.dialogs.chooseFile(
-            {.mode = FileRequest::Mode::Save,
-             .title = "Save Listed Registers",
-             .folder = {},
-             .startName = listPattern,
-             .filter = "Configuration (*.txt)|*.txt|Table (*.csv)|*.csv",
-             .defaultExtension = "txt"});
-        if (choice.name != listPattern) {
-            bool isTable = !extensionDiffers(choice.name, "csv") && pathOf(choice.name).has_extension();
-            saveUserFile(choice.name, isTable ? table() : configuration());
-        }
+        saveChosen(tool.bench,
+                   {.mode = FileRequest::Mode::Save,
+                    .title = "Save Listed Registers",
+                    .folder = {},
+                    .startName = listPattern,
+                    .filter = "Configuration (*.txt)|*.txt|Table (*.csv)|*.csv",
+                    .defaultExtension = "txt"},
+                   "listed-registers.txt", [this](const std::string& name) {
+                       bool isTable = !extensionDiffers(name, "csv") && pathOf(name).has_extension();
+                       return isTable ? table() : configuration();
+                   });
     });
 }
 

@@ -56,7 +56,7 @@ ErrorRates::ErrorRates(SPI& ownTool)
     RateKind.onChange = [this] { show(); };
     RateAxis.onChange = [this] { show(); };
     RateLogScale.onChange = [this] { show(); };
-    SaveRates.onClick = [this] { savePlot(tool.bench, RatePlot, "Save Error Rates"); };
+    SaveRates.onClick = [this] { savePlot(tool.bench, RatePlot, "Save Error Rates", "error-rates.png"); };
 }
 
 void ErrorRates::add() {

@@ -3,6 +3,7 @@
 
 #include "host/file_backup.h"
 #include "host/files.h"
+#include "link/file_dialog.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
 #include "support/csv.h"
@@ -84,37 +85,42 @@ RegisterList TableFiles::readList(const std::string& name) const {
 
 void TableFiles::Import_Click() {
     const RegisterStores& stores = tool.bench.platform.registerStores;
-    FileChoice choice = tool.bench.platform.dialogs.chooseFile(
-        {.mode = FileRequest::Mode::Load,
-         .title = importTitle,
-         .folder = {},
-         .startName = tablePattern,
-         .filter = std::string(tables) + (stores.readsOlder() ? olderDatabases : ""),
-         .defaultExtension = "csv"});
-    if (choice.name == tablePattern || !tool.store) {
-        return;
+    const FileRequest request = {.mode = FileRequest::Mode::Load,
+                                 .title = importTitle,
+                                 .folder = {},
+                                 .startName = tablePattern,
+                                 .filter = std::string(tables) + (stores.readsOlder() ? olderDatabases : ""),
+                                 .defaultExtension = "csv"};
+    loadChosen(tool.bench, request, firstImport,
+               [this](const FileChoice& choice) { return takeList(choice.name); });
+}
+
+bool TableFiles::takeList(const std::string& name) {
+    if (!tool.store) {
+        return false;
     }
     RegisterList list;
     try {
-        list = readList(choice.name);
+        list = readList(name);
     } catch (const CsvError& error) {
         tool.bench.platform.dialogs.show({.text = "Line " + std::to_string(error.line) + ", column " +
                                                   std::to_string(error.column) + ": " + error.what() +
                                                   ".\r\nNothing was imported.",
                                           .title = importTitle,
                                           .icon = BoxIcon::Warning});
-        return;
+        return false;
     } catch (const ToolError& error) {
         tool.bench.tellFileError(error, "File open error");
-        return;
+        return false;
     }
     if (!mayReplace(list) || !tool.store) {
-        return;
+        return false;
     }
     tool.store->takeList(list);
     tool.reofferChips();
     tool.report.say(counted(list.registers.size(), "register") + " of " + counted(list.chips.size(), "chip") +
                     " imported");
+    return true;
 }
 
 bool TableFiles::mayReplace(const RegisterList& list) const {
@@ -156,21 +162,25 @@ RegisterList TableFiles::listToExport() const {
 
 void TableFiles::Export_Click() {
     saving(tool.bench, [this] {
-        FileChoice choice = tool.bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                                                    .title = exportTitle,
-                                                                    .folder = {},
-                                                                    .startName = tablePattern,
-                                                                    .filter = tables,
-                                                                    .defaultExtension = "csv"});
-        if (choice.extensionDiffers) {
-            throw ToolError(unsupported, "Incorrect extension");
+        std::size_t chips = 0;
+        std::string name = saveChosen(
+            tool.bench,
+            {.mode = FileRequest::Mode::Save,
+             .title = exportTitle,
+             .folder = {},
+             .startName = tablePattern,
+             .filter = tables,
+             .defaultExtension = "csv"},
+            firstTable,
+            [&](const std::string&) {
+                RegisterList list = listToExport();
+                chips = list.chips.size();
+                return registerTable(list);
+            },
+            onlyOwnExtension);
+        if (!name.empty()) {
+            tool.report.say(counted(chips, "chip") + " exported");
         }
-        if (choice.name == tablePattern) {
-            return;
-        }
-        RegisterList list = listToExport();
-        saveUserFile(choice.name, registerTable(list));
-        tool.report.say(counted(list.chips.size(), "chip") + " exported");
     });
 }
 

@@ -21,6 +21,8 @@ class TableFiles {
 
   private:
     void Import_Click();
+    /// False if the list was not taken; that has been told.
+    bool takeList(const std::string& name);
     void Export_Click();
     [[nodiscard]] RegisterList readList(const std::string& name) const;
     /// Asks about chips that are there already. @return whether the list may be taken

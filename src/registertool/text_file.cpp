@@ -2,6 +2,7 @@
 #include "registertool/text_file.h"
 
 #include "host/files.h"
+#include "link/file_dialog.h"
 #include "platform/register_store.h"
 #include "support/lines.h"
 
@@ -13,28 +14,38 @@ constexpr const char* anyText = "*.txt";
 constexpr const char* loadErrorTitle = "File open error";
 constexpr const char* saveErrorTitle = "File save error";
 
-std::optional<std::string> chooseText(const Bench& bench, FileRequest::Mode mode, const std::string& title) {
-    FileChoice choice =
-        bench.platform.dialogs.chooseFile({.mode = mode,
-                                           .title = title,
-                                           .folder = {},
-                                           .startName = anyText,
-                                           .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
-                                           .defaultExtension = "txt"});
-    if (choice.extensionDiffers) {
-        throw ToolError(unsupported, "Incorrect extension");
-    }
-    return choice.name == anyText ? std::nullopt : std::optional(choice.name);
+FileRequest textRequest(FileRequest::Mode mode, const std::string& title) {
+    return {.mode = mode,
+            .title = title,
+            .folder = {},
+            .startName = anyText,
+            .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
+            .defaultExtension = "txt"};
 }
 
 } // namespace
 
-std::optional<std::string> chooseTextToLoad(const Bench& bench, const std::string& title) {
-    return chooseText(bench, FileRequest::Mode::Load, title);
+std::optional<std::string> onlyOwnExtension(const FileChoice& choice) {
+    if (choice.extensionDiffers) {
+        throw ToolError(unsupported, "Incorrect extension");
+    }
+    return choice.name;
 }
 
-std::optional<std::string> chooseTextToSave(const Bench& bench, const std::string& title) {
-    return chooseText(bench, FileRequest::Mode::Save, title);
+std::optional<std::string> chooseTextToLoad(const Bench& bench, const std::string& title,
+                                            const std::string& firstName) {
+    FileRequest request = textRequest(FileRequest::Mode::Load, title);
+    FileChoice choice = askForFile(bench, request, firstName);
+    return noFileChosen(choice, request) ? std::nullopt : onlyOwnExtension(choice);
+}
+
+void saveText(Bench& bench, const std::string& title, const std::string& firstName,
+              const std::function<std::string()>& text) {
+    saving(bench, [&] {
+        saveChosen(
+            bench, textRequest(FileRequest::Mode::Save, title), firstName,
+            [&](const std::string&) { return text(); }, onlyOwnExtension);
+    });
 }
 
 std::vector<std::string> readTextLines(const std::string& name) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/text_files.h"
 
-#include "host/file_backup.h"
+#include "link/file_dialog.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
 #include "registertool/text_file.h"
@@ -16,6 +16,10 @@ constexpr const char* fifoMark = "#FIFO";
 /// Where a configuration's and a macro row file's own lines begin, behind the chip and the notes.
 constexpr std::size_t firstEntry = 2;
 constexpr std::size_t byteDigits = 2;
+
+const char* firstFifo(FifoPage::Column column) {
+    return column == FifoPage::Column::Hex ? "tx-fifo.txt" : "rx-fifo.txt";
+}
 
 } // namespace
 
@@ -59,11 +63,7 @@ std::string TextFiles::firstLine() const {
 }
 
 void TextFiles::saveRegisters(const std::string& query) {
-    saving(tool.bench, [&] {
-        auto name = chooseTextToSave(tool.bench, "Save Chip Configuration to Text File");
-        if (!name) {
-            return;
-        }
+    saveText(tool.bench, "Save Chip Configuration to Text File", firstRegisters, [&] {
         tool.table.storeTaken();
         std::string text = firstLine() + tool.Notes.text() + textLineEnd;
         std::unique_ptr<RecordSource> rows = tool.store ? tool.store->select(query) : nullptr;
@@ -71,14 +71,16 @@ void TextFiles::saveRegisters(const std::string& query) {
             text += rows->value("Address").value_or(std::string()) + "," +
                     rows->value("HexValue").value_or(std::string()) + textLineEnd;
         }
-        saveUserFile(*name, text);
+        return text;
     });
 }
 
 void TextFiles::LoadSettings_Click() {
     std::vector<std::string> lines;
+    std::optional<std::string> name;
     loading(tool.bench, [&] {
-        if (auto name = chooseTextToLoad(tool.bench, "Load Chip Configuration")) {
+        name = chooseTextToLoad(tool.bench, "Load Chip Configuration", firstRegisters);
+        if (name) {
             try {
                 lines = readTextLines(*name);
             } catch (const ToolError& error) {
@@ -108,6 +110,7 @@ void TextFiles::LoadSettings_Click() {
         }
     }
     tool.editor.findAgain(kept, RegisterEditor::Editor::Follows);
+    fileLoaded(tool.bench, firstRegisters, *name);
     tool.whenFree([this] { tool.whole.UpdateChip_Click(); });
 }
 
@@ -145,22 +148,18 @@ std::optional<std::string> TextFiles::takeUpToMissing(const std::vector<std::str
 }
 
 void TextFiles::SaveGUI_Click() {
-    saving(tool.bench, [&] {
-        auto name = chooseTextToSave(tool.bench, "Save GUI Configuration to Text File");
-        if (!name) {
-            return;
-        }
+    saveText(tool.bench, "Save GUI Configuration to Text File", firstMacroRows, [&] {
         std::string text = firstLine() + tool.GuiNotes.text() + textLineEnd;
         for (const MacroRow& row : tool.macros.rows) {
             text += row.M_Address.text() + textLineEnd;
         }
-        saveUserFile(*name, text);
+        return text;
     });
 }
 
 void TextFiles::LoadGUI_Click() {
     loading(tool.bench, [&] {
-        auto name = chooseTextToLoad(tool.bench, "Load GUI Configuration");
+        auto name = chooseTextToLoad(tool.bench, "Load GUI Configuration", firstMacroRows);
         if (!name) {
             return;
         }
@@ -178,29 +177,28 @@ void TextFiles::LoadGUI_Click() {
             (void)tool.macros.setUp(row, lines[at]);
             ++at;
         }
+        fileLoaded(tool.bench, firstMacroRows, *name);
     });
 }
 
 void TextFiles::saveFifo(FifoPage::Column column, const std::string& title) {
-    saving(tool.bench, [&] {
-        auto name = chooseTextToSave(tool.bench, title);
-        if (!name) {
-            return;
-        }
+    saveText(tool.bench, title, firstFifo(column), [&] {
         int size = column == FifoPage::Column::Hex ? tool.fifo.TxSize : tool.fifo.RxSize;
         std::string text = std::string(fifoMark) + textLineEnd;
         for (int row = 0; row < size; ++row) {
             text +=
                 tool.fifo.value(column, static_cast<std::size_t>(row)).value_or(std::string()) + textLineEnd;
         }
-        saveUserFile(*name, text);
+        return text;
     });
 }
 
 void TextFiles::openFifo(FifoPage::Column column, const std::string& title) {
     std::vector<std::string> lines;
+    std::optional<std::string> name;
     loading(tool.bench, [&] {
-        if (auto name = chooseTextToLoad(tool.bench, title)) {
+        name = chooseTextToLoad(tool.bench, title, firstFifo(column));
+        if (name) {
             lines = readTextLines(*name);
         }
     });
@@ -213,6 +211,7 @@ void TextFiles::openFifo(FifoPage::Column column, const std::string& title) {
     for (std::size_t row = 0; row < static_cast<std::size_t>(size); ++row) {
         tool.fifo.store(column, row, row < given ? lines[row + 1].substr(0, byteDigits) : std::string());
     }
+    fileLoaded(tool.bench, firstFifo(column), *name);
     std::string problem;
     if (given < static_cast<std::size_t>(size)) {
         problem = "Not enough data in the file!";

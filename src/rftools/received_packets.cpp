@@ -2,8 +2,8 @@
 #include "rftools/received_packets.h"
 
 #include "link/connect.h"
+#include "link/file_dialog.h"
 #include "link/plot_file.h"
-#include "link/save_dialog.h"
 #include "support/error.h"
 #include "support/hex_text.h"
 #include "support/numbers.h"
@@ -109,7 +109,9 @@ ReceivedPackets::ReceivedPackets(Form& owner, Bench& ownBench, std::function<std
     CopyPackets.onClick = [this] { bench.platform.surroundings.copyText(tabbed()); };
     SavePackets.onClick = [this] { save(); };
     ClearPackets.onClick = [this] { clear(); };
-    SaveLengths.onClick = [this] { savePlot(bench, PacketLengths, "Save Packet Lengths"); };
+    SaveLengths.onClick = [this] {
+        savePlot(bench, PacketLengths, "Save Packet Lengths", "packet-lengths.png");
+    };
     reader.found = [this](const std::string& payload) { show(log.add(payload, now, offset())); };
     reader.damaged = [this] { show({log.addDamaged(now)}); };
     showFigures();
@@ -258,7 +260,7 @@ void ReceivedPackets::save() {
          .startName = filePattern,
          .filter = "Values (*.csv)|*.csv|All files (*.*)|*.*",
          .defaultExtension = "csv"},
-        [this](const std::string&) { return csv(); }, "Please try again");
+        "packets.csv", [this](const std::string&) { return csv(); }, "Please try again");
 }
 
 } // namespace zor

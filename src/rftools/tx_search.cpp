@@ -114,7 +114,7 @@ void TxSearch::wire() {
     SpanStep.onCommit = [this] { number_LostFocus(SpanStep, stepRange); };
     SpanDwell.onCommit = [this] { number_LostFocus(SpanDwell, dwellRange); };
     tellReadingsOf(bench, {&SpanFrom, &SpanTo, &SpanStep, &SpanDwell});
-    SaveSpectrum.onClick = [this] { savePlot(bench, SearchPlot, "Save Search"); };
+    SaveSpectrum.onClick = [this] { savePlot(bench, SearchPlot, "Save Search", "search.png"); };
     TakeCarrier.onClick = [this] { TakeCarrier_Click(); };
     SaveCarriers.onClick = [this] { save(); };
     Carriers.onPick = [this] { showReadiness(); };

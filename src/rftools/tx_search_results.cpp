@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What a search has found: how far it is, its points and carriers, and where they go.
-#include "link/save_dialog.h"
+#include "link/file_dialog.h"
 #include "panels/common/chip_panel.h"
 #include "rftools/tx_search.h"
 #include "rftools/tx_search_scale.h"
@@ -184,7 +184,7 @@ void TxSearch::save() {
          .startName = filePattern,
          .filter = "Values (*.csv)|*.csv|All files (*.*)|*.*",
          .defaultExtension = "csv"},
-        [this](const std::string&) { return csv(); }, "Please try again");
+        "carriers.csv", [this](const std::string&) { return csv(); }, "Please try again");
 }
 
 } // namespace zor

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "transcript/frm_play.h"
 
-#include "link/save_dialog.h"
+#include "link/file_dialog.h"
 #include "support/file_name.h"
 
 #include <algorithm>
@@ -100,26 +100,26 @@ void FrmPlay::unload() {
 }
 
 void FrmPlay::open() {
-    FileChoice choice =
-        bench.platform.dialogs.chooseFile({.mode = FileRequest::Mode::Load,
-                                           .title = "Play",
-                                           .folder = bench.link.CurrentPath,
-                                           .startName = pattern,
-                                           .filter = "Transcripts (*.bench)|*.bench|All files (*.*)|*.*",
-                                           .defaultExtension = "bench"});
-    if (choice.name == pattern) {
-        return;
-    }
-    try {
-        player.load(choice.name);
-    } catch (const LineFailure& failure) {
-        bench.warn(nameOf(pathOf(choice.name).filename()) + ", line " + std::to_string(failure.line) + ": " +
-                   failure.what());
-        return;
-    } catch (const ToolError& error) {
-        bench.tellFileError(error, "File open error");
-        return;
-    }
+    auto load = [this](const FileChoice& choice) {
+        try {
+            player.load(choice.name);
+            return true;
+        } catch (const LineFailure& failure) {
+            bench.warn(nameOf(pathOf(choice.name).filename()) + ", line " + std::to_string(failure.line) +
+                       ": " + failure.what());
+        } catch (const ToolError& error) {
+            bench.tellFileError(error, "File open error");
+        }
+        return false;
+    };
+    loadChosen(bench,
+               {.mode = FileRequest::Mode::Load,
+                .title = "Play",
+                .folder = bench.link.CurrentPath,
+                .startName = pattern,
+                .filter = "Transcripts (*.bench)|*.bench|All files (*.*)|*.*",
+                .defaultExtension = "bench"},
+               "recording.bench", load);
 }
 
 void FrmPlay::showLines() {
@@ -171,20 +171,16 @@ void FrmPlay::showState() {
 }
 
 void FrmPlay::saveReport() {
-    std::filesystem::path proposal = player.file().stem();
-    proposal += ".xml";
-    std::string name = saveByDialog(bench,
-                                    {.mode = FileRequest::Mode::Save,
-                                     .title = "Save report",
-                                     .folder = player.file().parent_path(),
-                                     .startName = reportPattern,
-                                     .proposal = proposal.string(),
-                                     .filter = "JUnit reports (*.xml)|*.xml|All files (*.*)|*.*",
-                                     .defaultExtension = "xml"},
-                                    [this](const std::string&) { return junitReport(player); });
-    if (!name.empty()) {
-        bench.notice("The report was saved as " + name + ".");
-    }
+    std::filesystem::path report = player.file().stem();
+    report += ".xml";
+    saveByDialog(bench,
+                 {.mode = FileRequest::Mode::Save,
+                  .title = "Save report",
+                  .folder = player.file().parent_path(),
+                  .startName = reportPattern,
+                  .filter = "JUnit reports (*.xml)|*.xml|All files (*.*)|*.*",
+                  .defaultExtension = "xml"},
+                 nameOf(report), [this](const std::string&) { return junitReport(player); });
 }
 
 } // namespace zor::transcript

@@ -3,6 +3,7 @@
 
 #include "host/file_backup.h"
 #include "host/files.h"
+#include "link/file_dialog.h"
 #include "shell/main_window.h"
 
 #include <chrono>
@@ -13,6 +14,7 @@ namespace zor::transcript {
 namespace {
 
 constexpr const char* pattern = "*.bench";
+constexpr const char* firstRecording = "recording.bench";
 constexpr std::chrono::milliseconds flushTime(1000);
 constexpr const char* recordCaption = "Record...";
 constexpr const char* endCaption = "Stop recording";
@@ -74,12 +76,14 @@ void Station::openWindow() {
 }
 
 void Station::record() {
-    FileChoice choice = dialogs.chooseFile({.mode = FileRequest::Mode::Save,
-                                            .title = "Record",
-                                            .folder = main.bench().link.CurrentPath,
-                                            .startName = pattern,
-                                            .filter = "Transcripts (*.bench)|*.bench|All files (*.*)|*.*",
-                                            .defaultExtension = "bench"});
+    FileChoice choice = askForFile(main.bench(),
+                                   {.mode = FileRequest::Mode::Save,
+                                    .title = "Record",
+                                    .folder = main.bench().link.CurrentPath,
+                                    .startName = pattern,
+                                    .filter = "Transcripts (*.bench)|*.bench|All files (*.*)|*.*",
+                                    .defaultExtension = "bench"},
+                                   firstRecording);
     if (choice.name == pattern || recording()) {
         return;
     }
@@ -129,6 +133,7 @@ void Station::endRecording() {
         saveUserFile(recorded, content);
         std::error_code ignored;
         std::filesystem::remove(growing(recorded), ignored);
+        rememberFile(main.bench(), firstRecording, recorded.string());
         main.bench().notice(std::to_string(count) + " gestures were recorded in " +
                             recorded.filename().string() + ".");
     } catch (const ToolError& error) {

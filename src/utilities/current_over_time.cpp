@@ -105,7 +105,7 @@ void CurrentOverTime::wire() {
     MarkA.onCommit = [this] { commitMark(MarkA); };
     MarkB.onCommit = [this] { commitMark(MarkB); };
     tellReadingsOf(bench, {&CursorAt, &MarkA, &MarkB});
-    SavePlot.onClick = [this] { savePlot(bench, CurrentPlot, "Save Current"); };
+    SavePlot.onClick = [this] { savePlot(bench, CurrentPlot, "Save Current", "current.png"); };
     ClearPlot.onClick = [this] { clear(); };
 }
 

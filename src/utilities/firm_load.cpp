@@ -3,6 +3,7 @@
 
 #include "host/files.h"
 #include "link/connect.h"
+#include "link/file_dialog.h"
 #include "support/file_name.h"
 #include "support/wording.h"
 
@@ -97,36 +98,38 @@ void FirmLoad::unload() {
 
 void FirmLoad::loadeefile_Click() {
     try {
-        FileChoice choice = bench.platform.dialogs.chooseFile(
-            {.mode = FileRequest::Mode::Load,
-             .title = "Load EEPROM File",
-             .folder = pathOf(bench.link.CurrentPath) / ".." / "EEPROM_Images",
-             .startName = hexPattern,
-             .filter = "HEX files (*.hex)|*.hex|All files (*.*)|*.*",
-             .defaultExtension = "hex"});
-        if (choice.readOnly) {
-            throw ToolError(unsupported, "Incorrect extension");
-        }
-        if (choice.name == hexPattern) {
-            return;
-        }
-        auto read = std::make_shared<const DownloadImage>(readFile(choice.name));
-        if (read->empty()) {
-            throw emptyFileError();
-        }
-        loaded = std::move(read);
-        FileInfo.setCaption(nameOf(pathOf(choice.name).filename()) + ": " +
-                            counted(loaded->lineCount(), "line") + ", " +
-                            counted(loaded->text().size(), "byte") +
-                            (loaded->losesLastLine() ? "; its last line will not be sent" : ""));
-        FileInfo.setTip(
-            loaded->losesLastLine()
-                ? "The loader takes all lines but the last. An empty line at the file's end makes it "
-                  "take them all."
-                : "");
+        loadChosen(bench,
+                   {.mode = FileRequest::Mode::Load,
+                    .title = "Load EEPROM File",
+                    .folder = pathOf(bench.link.CurrentPath) / ".." / "EEPROM_Images",
+                    .startName = hexPattern,
+                    .filter = "HEX files (*.hex)|*.hex|All files (*.*)|*.*",
+                    .defaultExtension = "hex"},
+                   "firmware.hex", [this](const FileChoice& choice) {
+                       if (choice.readOnly) {
+                           throw ToolError(unsupported, "Incorrect extension");
+                       }
+                       takeFile(choice.name);
+                       return true;
+                   });
     } catch (const ToolError& error) {
         bench.tellFileError(error, openErrorTitle);
     }
+}
+
+void FirmLoad::takeFile(const std::string& name) {
+    auto read = std::make_shared<const DownloadImage>(readFile(name));
+    if (read->empty()) {
+        throw emptyFileError();
+    }
+    loaded = std::move(read);
+    FileInfo.setCaption(nameOf(pathOf(name).filename()) + ": " + counted(loaded->lineCount(), "line") + ", " +
+                        counted(loaded->text().size(), "byte") +
+                        (loaded->losesLastLine() ? "; its last line will not be sent" : ""));
+    FileInfo.setTip(loaded->losesLastLine()
+                        ? "The loader takes all lines but the last. An empty line at the file's end makes it "
+                          "take them all."
+                        : "");
 }
 
 void FirmLoad::selectSpeed(const Speed& speed) {

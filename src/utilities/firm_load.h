@@ -60,6 +60,7 @@ class FirmLoad : public Form {
     static const Speed speedTable[];
 
     void loadeefile_Click();
+    void takeFile(const std::string& name);
     void Prog_Click();
     void StopButton_Click();
     void Timer1_Timer();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/mac_sniffer.h"
 
-#include "link/save_dialog.h"
+#include "link/file_dialog.h"
 
 namespace zor {
 
@@ -114,7 +114,7 @@ void MacSniffer::Save_Click() {
                   .startName = textPattern,
                   .filter = "Text files (*.txt)|*.txt|All files (*.*)|*.*",
                   .defaultExtension = "txt"},
-                 [this](const std::string&) { return Incoming.contents(); });
+                 "received-packets.txt", [this](const std::string&) { return Incoming.contents(); });
 }
 
 } // namespace zor

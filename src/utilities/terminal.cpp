@@ -3,7 +3,7 @@
 
 #include "host/files.h"
 #include "link/connect.h"
-#include "link/save_dialog.h"
+#include "link/file_dialog.h"
 #include "support/lines.h"
 
 #include <optional>
@@ -16,7 +16,16 @@ namespace {
 constexpr std::chrono::milliseconds sendDelay(100);
 /// What the script group adds to the window's height, in twips.
 constexpr Twips scriptHeight = 2200;
-constexpr const char* scriptPattern = "*.txt";
+constexpr const char* firstScript = "terminal-script.txt";
+
+FileRequest textDialog(FileRequest::Mode mode, const std::string& title) {
+    return {.mode = mode,
+            .title = title,
+            .folder = {},
+            .startName = "*.txt",
+            .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
+            .defaultExtension = "txt"};
+}
 
 } // namespace
 
@@ -143,32 +152,23 @@ void Terminal::En_ScriptWindow_Click() {
     setExtent({extent().height + (shown ? scriptHeight : -scriptHeight), extent().width});
 }
 
-FileRequest Terminal::scriptDialog(FileRequest::Mode mode, const std::string& title) const {
-    return {.mode = mode,
-            .title = title,
-            .folder = {},
-            .startName = scriptPattern,
-            .filter = "Text files (*.txt) | *.txt |All files (*.*)| *.*",
-            .defaultExtension = "txt"};
-}
-
 void Terminal::LoadScript_Click() {
     try {
-        FileChoice choice =
-            bench.platform.dialogs.chooseFile(scriptDialog(FileRequest::Mode::Load, "Load Script File"));
-        if (choice.readOnly) {
-            throw ToolError(unsupported, "Incorrect extension");
-        }
-        if (choice.name != scriptPattern) {
-            Script.setText(withLineEnds(readFile(choice.name)));
-        }
+        loadChosen(bench, textDialog(FileRequest::Mode::Load, "Load Script File"), firstScript,
+                   [this](const FileChoice& choice) {
+                       if (choice.readOnly) {
+                           throw ToolError(unsupported, "Incorrect extension");
+                       }
+                       Script.setText(withLineEnds(readFile(choice.name)));
+                       return true;
+                   });
     } catch (const ToolError& error) {
         bench.tellFileError(error, "File open error");
     }
 }
 
 void Terminal::SaveScript_Click() {
-    saveByDialog(bench, scriptDialog(FileRequest::Mode::Save, "Save Script File"),
+    saveByDialog(bench, textDialog(FileRequest::Mode::Save, "Save Script File"), firstScript,
                  [this](const std::string&) { return Script.text(); });
 }
 
@@ -191,11 +191,8 @@ void Terminal::send(const std::string& text) {
 }
 
 void Terminal::SaveLog_Click() {
-    std::string name = saveByDialog(bench, scriptDialog(FileRequest::Mode::Save, "Save Terminal Log"),
-                                    [this](const std::string&) { return Text1.withRemarks(); });
-    if (!name.empty()) {
-        bench.notice("Saved " + name);
-    }
+    saveByDialog(bench, textDialog(FileRequest::Mode::Save, "Save Terminal Log"), "terminal-log.txt",
+                 [this](const std::string&) { return Text1.withRemarks(); });
 }
 
 } // namespace zor

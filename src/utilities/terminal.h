@@ -55,7 +55,6 @@ class Terminal : public Form {
     void SendScript_Click();
     void SaveLog_Click();
     void send(const std::string& text);
-    [[nodiscard]] FileRequest scriptDialog(FileRequest::Mode mode, const std::string& title) const;
 
     Bench& bench;
     Timer CommandSendTimer;

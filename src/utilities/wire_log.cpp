@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "utilities/wire_log.h"
 
-#include "link/save_dialog.h"
+#include "link/file_dialog.h"
 
 #include <algorithm>
 #include <array>
@@ -175,21 +175,17 @@ void WireLog::showCount() {
 }
 
 void WireLog::Save_Click() {
-    std::string name =
-        saveByDialog(bench,
-                     {.mode = FileRequest::Mode::Save,
-                      .title = "Save Wire Log",
-                      .folder = {},
-                      .startName = savePattern,
-                      .filter = "Text files (*.txt)|*.txt|CSV files (*.csv)|*.csv|All files (*.*)|*.*",
-                      .defaultExtension = "txt"},
-                     [this](const std::string& chosen) {
-                         bool table = chosen.size() > 4 && holds(chosen.substr(chosen.size() - 4), ".csv");
-                         return table ? asCsv() : asText();
-                     });
-    if (!name.empty()) {
-        bench.notice("Saved " + name);
-    }
+    saveByDialog(bench,
+                 {.mode = FileRequest::Mode::Save,
+                  .title = "Save Wire Log",
+                  .folder = {},
+                  .startName = savePattern,
+                  .filter = "Text files (*.txt)|*.txt|CSV files (*.csv)|*.csv|All files (*.*)|*.*",
+                  .defaultExtension = "txt"},
+                 "wire-log.txt", [this](const std::string& chosen) {
+                     bool table = chosen.size() > 4 && holds(chosen.substr(chosen.size() - 4), ".csv");
+                     return table ? asCsv() : asText();
+                 });
 }
 
 } // namespace zor

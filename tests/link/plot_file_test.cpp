@@ -17,7 +17,7 @@ class PlotFile : public ::testing::Test {
 
     void save(const std::string& name) {
         bench.dialogs.files.emplace_back((bench.platform.programFolder / name).string());
-        savePlot(bench.shared(), plot, "Save Plot");
+        savePlot(bench.shared(), plot, "Save Plot", "plot.png");
     }
     [[nodiscard]] std::string content(const std::string& name) {
         return readFile(bench.platform.programFolder / name);
@@ -32,6 +32,7 @@ TEST_F(PlotFile, HoldsTheValuesWhereTheNameSaysSo) {
     save("errors.CSV");
     EXPECT_EQ(content("errors.CSV"), "Read,Errors\r\n1,2\r\n2,\r\n");
     EXPECT_EQ(bench.dialogs.fileDialogs.front().title, "Save Plot");
+    EXPECT_EQ(bench.dialogs.fileDialogs.front().proposal, "plot.png");
 }
 
 TEST_F(PlotFile, HoldsThePictureElse) {
@@ -51,7 +52,7 @@ TEST_F(PlotFile, IsNotWrittenWithoutAPicture) {
 
 TEST_F(PlotFile, IsNotWrittenWhenTheDialogIsCancelled) {
     bench.dialogs.files.emplace_back(std::nullopt);
-    savePlot(bench.shared(), plot, "Save Plot");
+    savePlot(bench.shared(), plot, "Save Plot", "plot.png");
     EXPECT_TRUE(bench.dialogs.boxes.empty());
     EXPECT_FALSE(std::filesystem::exists(bench.platform.programFolder / "*.png"));
 }

@@ -5,6 +5,7 @@
 #include "host/files.h"
 #include "link/commands.h"
 #include "link/connect.h"
+#include "link/file_dialog.h"
 #include "panels/common/chip_panel.h"
 #include "support/error.h"
 #include "support/file_name.h"
@@ -72,7 +73,7 @@ void ChipPanel::ConfSave_Click() {
                 saveUserFile(name, content);
                 setUsedFile({name, std::move(content)});
                 bench.recentFiles.use(name);
-                bench.notice("Saved " + name);
+                saySaved(bench, name);
                 return;
             }
         }
@@ -107,7 +108,7 @@ void ChipPanel::takeFile(const std::string& path) {
     // In force; what the board says to the supply does not change that.
     setUsedFile({path, savedConfiguration()});
     bench.recentFiles.use(path);
-    bench.notice("Loaded " + path);
+    sayLoaded(bench, path);
     sendLoadedSupply();
 }
 
