@@ -58,9 +58,8 @@ void MainWindow::linkEntered(LinkState state) {
     showDevice();
     if (state == LinkState::DataMode || state == LinkState::Connected) {
         foot.say("");
-    } else {
-        foot.refresh();
     }
+    foot.refresh();
 }
 
 void MainWindow::showDevice() {
