@@ -6,14 +6,13 @@
 #include <QFile>
 #include <QStandardPaths>
 
-#include <utility>
-
 namespace zor {
 
 namespace {
 
 constexpr int startLimit = 5'000; // ms
 constexpr int endLimit = 1'000;
+constexpr QLatin1String eepromStatement("eeprom");
 
 QString simulatorPath() {
     QDir here(QCoreApplication::applicationDirPath());
@@ -52,6 +51,10 @@ QString DemoBoard::start(const QStringList& arguments) {
     startArguments = arguments;
     started = true;
     terminal = QString::fromLocal8Bit(line.trimmed());
+    if (!carried.isEmpty()) {
+        tell(carried);
+    }
+    hadEeprom = carried == eepromStatement;
     return terminal;
 }
 
@@ -64,15 +67,13 @@ QString DemoBoard::startAgain() {
     if (!process.waitForFinished(endLimit)) {
         stop();
     }
-    hadEeprom = false;
-    QString fresh = start(startArguments);
-    if (!fresh.isEmpty() && !carried.isEmpty()) {
-        tell(carried);
-    }
-    return fresh;
+    return start(startArguments);
 }
 
 void DemoBoard::tell(const QString& statement) {
+    if (process.state() == QProcess::NotRunning) {
+        return;
+    }
     process.write(statement.toLocal8Bit() + '\n');
     // What is sent to the board from now on comes behind it.
     process.waitForBytesWritten(endLimit);
@@ -84,8 +85,9 @@ void DemoBoard::mount(const QString& chip) {
 }
 
 void DemoBoard::mountEeprom() {
-    carried = QStringLiteral("eeprom");
-    process.write(std::exchange(hadEeprom, true) ? "eeprom again\n" : "eeprom\n");
+    carried = QString(eepromStatement);
+    tell(hadEeprom ? eepromStatement + QStringLiteral(" again") : carried);
+    hadEeprom = started;
 }
 
 void DemoBoard::mountRegisters(const QString& registerList) {

@@ -30,7 +30,8 @@ class DemoBoard {
     [[nodiscard]] QString startAgain();
     /// Gives it a statement of the bench ("status 5F").
     void tell(const QString& statement);
-    /// Mounts the radio chip of that name ("kt1100"), as an engineer does before opening its panel.
+    /// Mounts the radio chip of that name ("kt1100"), as an engineer does before opening its panel. A board
+    /// that is not started yet has what was mounted last from its start on.
     void mount(const QString& chip);
     /// Mounts a demonstration board with its EEPROM, which keeps its bytes while others take its place.
     void mountEeprom();

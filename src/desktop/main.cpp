@@ -6,7 +6,7 @@
 #include "desktop/adapters/qt_surroundings.h"
 #include "desktop/adapters/qt_text.h"
 #include "desktop/command_line.h"
-#include "desktop/demo_board.h"
+#include "desktop/demo_port.h"
 #include "desktop/demo_tour.h"
 #include "desktop/desktop_window.h"
 #include "desktop/first_paint.h"
@@ -16,7 +16,6 @@
 #include "desktop/views/pictures.h"
 #include "desktop/widgets/instrument_style.h"
 #include "elements/watched_dialogs.h"
-#include "panels/common/chip_panel.h"
 #include "shell/main_window.h"
 #include "store/sqlite_register_store.h"
 #include "transcript/station.h"
@@ -29,25 +28,6 @@
 
 #include <cstdio>
 #include <memory>
-
-namespace {
-
-/// The simulated board bears the chip whose panel opens, as an engineer would mount it.
-zor::Subscription mountOnOpening(zor::Desk& desk, zor::DemoBoard& board,
-                                 const std::filesystem::path& registers) {
-    return desk.opened.subscribe([&board, registers](zor::Form& form) {
-        if (const auto* panel = dynamic_cast<zor::ChipPanel*>(&form)) {
-            // "KT1100 transmitter control panel"
-            board.mount(zor::toQt(panel->traits().title).section(QLatin1Char(' '), 0, 0).toLower());
-        } else if (form.name() == "eeprom") {
-            board.mountEeprom();
-        } else if (form.name() == "SPI") {
-            board.mountRegisters(zor::toQt(registers.string()));
-        }
-    });
-}
-
-} // namespace
 
 int main(int argc, char** argv) {
     using namespace zor;
@@ -76,30 +56,16 @@ int main(int argc, char** argv) {
     if (!switches.port.isEmpty()) {
         devices.putFirst(fromQt(switches.port));
     }
-    DemoBoard board;
-    std::string demoTerminal;
+    DemoPort demo(devices);
+    demo.board.farEnd = switches.farEnd;
     if (switches.demo) {
-        board.farEnd = switches.farEnd;
         // The tour shows what goes over the wire, and a chip that has something to say.
-        QString terminal =
-            switches.pictures.isEmpty()
-                ? board.start(switches.board)
-                : board.start(switches.board << QStringLiteral("--status") << QStringLiteral("46,C1")
-                                             << QStringLiteral("--irq") << QStringLiteral("low")
-                                             << QStringLiteral("--trace"));
-        if (terminal.isEmpty()) {
+        QStringList ofTheTour{QStringLiteral("--status"), QStringLiteral("46,C1"), QStringLiteral("--irq"),
+                              QStringLiteral("low"), QStringLiteral("--trace")};
+        if (!demo.offer(switches.pictures.isEmpty() ? switches.board : switches.board + ofTheTour)) {
             std::fputs("zor: the simulated board cannot be started\n", stderr);
             return switches.run.file.isEmpty() ? 1 : CommandLine::cannotBeDone;
         }
-        demoTerminal = fromQt(terminal);
-        devices.addDevice(demoTerminal, "LoadBoard");
-        devices.beforeNumbering = [&] {
-            if (board.died()) {
-                std::string fresh = fromQt(board.startAgain());
-                devices.moveDevice(demoTerminal, fresh);
-                demoTerminal = fresh;
-            }
-        };
     }
 
     QtLoop loop;
@@ -125,12 +91,8 @@ int main(int argc, char** argv) {
         .documentFolder = folders.companions / "Documentation",
         .decimalMark = QLocale().decimalPoint() == QLatin1String(",") ? ',' : '.',
     };
-    const std::filesystem::path registers = folders.companions / "Registers" / "registers.txt";
     Desk desk(loop);
-    Subscription mounting;
-    if (switches.demo) {
-        mounting = mountOnOpening(desk, board, registers);
-    }
+    Subscription mounting = demo.mountOnOpening(desk, folders.companions / "Registers" / "registers.txt");
     MainWindow main(platform, desk);
     transcript::Station station(main, watchedDialogs);
     // Pictures and measurements are of the window as it is meant, whatever screen there is.
@@ -139,20 +101,18 @@ int main(int argc, char** argv) {
                                 asMeant ? [] { return std::vector<QRect>(); } : Screens(availableScreens));
     if (!switches.demo) {
         desktopWindow.startPage().offerDemo([&] {
-            QString terminal = board.start();
-            if (terminal.isEmpty()) {
+            if (!demo.offer(switches.board)) {
                 main.bench().notice("The simulated board cannot be started.");
-                return;
+                return false;
             }
-            devices.addDevice(fromQt(terminal), "LoadBoard");
-            mounting = mountOnOpening(desk, board, registers);
             main.linkBar.Connect.click();
+            return true;
         });
     }
     DemoTour tour(main, desktopWindow, QDir(switches.pictures),
                   schemeOf(application.palette()) == Scheme::Dark ? QStringLiteral("dark-")
                                                                   : QStringLiteral("light-"));
-    tour.tellBoard = [&board](const QString& statement) { board.tell(statement); };
+    tour.tellBoard = [&demo](const QString& statement) { demo.board.tell(statement); };
     tour.loadTranscript = [&station](const std::string& file) { station.player().load(file); };
     if (!switches.pictures.isEmpty()) {
         QTimer::singleShot(0, [&] { loop.perform([&] { tour.play(); }); });

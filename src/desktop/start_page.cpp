@@ -198,10 +198,10 @@ QWidget* StartPage::demoGroup() {
     auto* start = new QPushButton(QStringLiteral("Start the &demo"));
     start->setAutoDefault(false);
     connect(start, &QPushButton::clicked, this, [this] {
-        if (auto action = std::exchange(startDemo, nullptr)) {
-            demo->hide();
-            showOffers();
-            action();
+        auto action = std::exchange(startDemo, nullptr);
+        showOffers();
+        if (action && !action()) {
+            offerDemo(std::move(action));
         }
     });
     start->setToolTip(QStringLiteral("Starts a simulated board and connects to it"));
@@ -247,12 +247,12 @@ void StartPage::showFiles() {
 }
 
 void StartPage::showOffers() {
+    demo->setVisible(startDemo && startAdvice(main).offersDemo);
     offers->setVisible(!files->isHidden() || !demo->isHidden());
 }
 
-void StartPage::offerDemo(std::function<void()> start) {
+void StartPage::offerDemo(std::function<bool()> start) {
     startDemo = std::move(start);
-    demo->setVisible(static_cast<bool>(startDemo));
     showOffers();
 }
 
@@ -261,6 +261,7 @@ void StartPage::follow() {
     headline->setText(toQt(advice.headline));
     hint->setText(toQt(advice.hint));
     connectButton->setVisible(advice.offersConnect && main.linkBar.Connect.active());
+    showOffers();
 }
 
 bool StartPage::event(QEvent* event) {

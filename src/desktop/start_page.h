@@ -23,8 +23,9 @@ class StartPage : public QWidget {
   public:
     StartPage(MainWindow& mainForm, QWidget& area);
 
-    /// Puts a simulated board on a port; without it the page offers none.
-    void offerDemo(std::function<void()> start);
+    /// Without it the page offers no simulated board; with it only where the advice is so.
+    /// @param start  puts one on a port and connects to it; tells whether it could. It is done once.
+    void offerDemo(std::function<bool()> start);
     /// In the middle of the area, as far as there is room.
     void fit();
 
@@ -55,7 +56,7 @@ class StartPage : public QWidget {
     /// Demo and files side by side.
     QWidget* offers = nullptr;
     int filesShown = mostFiles;
-    std::function<void()> startDemo;
+    std::function<bool()> startDemo;
     std::vector<Subscription> subscriptions;
 };
 

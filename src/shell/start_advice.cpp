@@ -43,11 +43,13 @@ StartAdvice startAdvice(MainWindow& main) {
     case LinkState::None:
         return {.headline = "No board is connected.",
                 .hint = "Plug a LoadBoard into a USB or serial port, then connect. It is found by itself.",
-                .offersConnect = true};
+                .offersConnect = true,
+                .offersDemo = bar.Connect.active()};
     case LinkState::Lost:
         return {.headline = "The board has gone.",
                 .hint = "Plug it in again, then connect.",
-                .offersConnect = true};
+                .offersConnect = true,
+                .offersDemo = bar.Connect.active()};
     case LinkState::Searching:
         return {.headline = "Searching for boards.", .hint = "Looking at " + bar.CommStatus.text() + "."};
     case LinkState::Choosing:

@@ -19,6 +19,8 @@ struct StartAdvice {
     bool connected = false;
     /// The next thing to do is to connect.
     bool offersConnect = false;
+    /// A simulated board could be connected to now.
+    bool offersDemo = false;
     friend bool operator==(const StartAdvice&, const StartAdvice&) = default;
 };
 

@@ -33,6 +33,9 @@ class ProgramOnBoard : public testing::Test {
         QString terminal = board.start(arguments);
         ASSERT_FALSE(terminal.isEmpty());
         devices.addDevice(terminal.toStdString(), "LoadBoard");
+        startWithoutBoard();
+    }
+    void startWithoutBoard() {
         main = std::make_unique<MainWindow>(platform, desk);
         main->start();
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "program_on_board.h"
 
+#include "desktop/demo_port.h"
+
 namespace zor {
 
 using namespace std::chrono_literals;
@@ -39,24 +41,53 @@ TEST_F(Connection, ABoardIsFoundAndConnectedWithoutAClick) {
     EXPECT_TRUE(dialogs.boxes.empty());
 }
 
-TEST_F(Connection, ConnectStartsABoardThatDiedAnew) {
-    start();
+/// The board that the program itself offers, at its start or later.
+class OfferedBoard : public Connection {
+  protected:
+    OfferedBoard() { demo.board.farEnd = QStringLiteral("lively"); }
+
+    bool searchIsOver() {
+        return wait([this] { return main->linkBar.Connect.enabled(); });
+    }
+    void connect() {
+        loop.perform([this] { main->linkBar.Connect.click(); });
+    }
+    void expectNewAfterItsDeath() {
+        std::string before = devices.path(1);
+        dialogs.boxes.clear();
+        demo.board.tell("quit");
+        ASSERT_TRUE(searchIsOver());
+        connect();
+        ASSERT_TRUE(connected());
+        send("RS\r");
+        EXPECT_EQ(main->bench().link.Last7.substr(2, 2), "OK");
+        EXPECT_EQ(dialogs.boxes.size(), 1U);
+    }
+
+    const QStringList kind{QStringLiteral("--kind"), QStringLiteral("lb2")};
+    DemoPort demo{devices};
+};
+
+TEST_F(OfferedBoard, IsStartedAnewByConnectWhenItDied) {
+    ASSERT_TRUE(demo.offer(kind));
+    startWithoutBoard();
     ASSERT_TRUE(connected());
-    board.mount("kt3100");
-    std::string terminal = devices.path(1);
-    devices.beforeNumbering = [&] {
-        if (board.died()) {
-            std::string fresh = board.startAgain().toStdString();
-            devices.moveDevice(terminal, fresh);
-            terminal = fresh;
-        }
-    };
-    board.tell("quit");
-    ASSERT_TRUE(wait([this] { return main->linkBar.Connect.enabled(); }));
-    dialogs.boxes.clear();
-    loop.perform([this] { main->linkBar.Connect.click(); });
+    demo.board.mount("kt3100");
+    expectNewAfterItsDeath();
+}
+
+TEST_F(OfferedBoard, IsStartedAnewWhereItWasOfferedInTheMidstToo) {
+    startWithoutBoard();
+    Subscription mounting = demo.mountOnOpening(desk, {});
+    ASSERT_TRUE(searchIsOver());
+    EXPECT_EQ(main->linkBar.LoadBoard.text(), "not found");
+    // A chip that is chosen before there is a board waits for it.
+    loop.perform([this] { main->menu.mnuViewTx0.click(); });
+    ASSERT_TRUE(demo.offer(kind));
+    connect();
     ASSERT_TRUE(connected());
-    EXPECT_TRUE(dialogs.boxes.empty());
+    expectNewAfterItsDeath();
+    expectNewAfterItsDeath();
 }
 
 TEST_F(Connection, AnExchangeEndsInThePrompt) {

@@ -18,6 +18,7 @@ TEST(StartAdvice, NamesTheBoardOnceAndSaysWhatToDoNext) {
     EXPECT_EQ(advice.hint, "Choose the chip on it.");
     EXPECT_TRUE(advice.connected);
     EXPECT_FALSE(advice.offersConnect);
+    EXPECT_FALSE(advice.offersDemo);
 }
 
 TEST(StartAdvice, OffersToConnectWhileThereIsNoBoard) {
@@ -25,6 +26,15 @@ TEST(StartAdvice, OffersToConnectWhileThereIsNoBoard) {
     bench.startAndSearch();
     EXPECT_EQ(startAdvice(bench.main()).headline, "No board is connected.");
     EXPECT_TRUE(startAdvice(bench.main()).offersConnect);
+}
+
+TEST(StartAdvice, OffersTheDemoWhereAConnectionCanBeMade) {
+    VirtualBench bench;
+    bench.start();
+    EXPECT_EQ(bench.main().linkState(), LinkState::Searching);
+    EXPECT_FALSE(startAdvice(bench.main()).offersDemo);
+    bench.run(std::chrono::seconds(60));
+    EXPECT_TRUE(startAdvice(bench.main()).offersDemo);
 }
 
 } // namespace zor
