@@ -68,8 +68,9 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm, Screens screens)
     statusBar()->addPermanentWidget(button(main.linkBar.Reconnect));
     setAcceptDrops(true);
     colourArea();
-    new QShortcut(QKeySequence(Qt::Key_F6), this, [this] { changePane(); });
-    // A floating window is a window of its own, where the key counts too.
+    // A floating window is a window of its own, where the keys count too.
+    new QShortcut(
+        QKeySequence(Qt::Key_F6), this, [this] { changePane(); }, Qt::ApplicationShortcut);
     new QShortcut(
         QKeySequence(Qt::SHIFT | Qt::Key_F6), this, [this] { changeFloating(); }, Qt::ApplicationShortcut);
 
@@ -286,7 +287,7 @@ void DesktopWindow::changePane() {
     QWidget* focus = QApplication::focusWidget();
     bool inside = focus != nullptr && mdi->isAncestorOf(focus);
     QMdiSubWindow* inner = mdi->currentSubWindow();
-    if (!inside && inner != nullptr) {
+    if (!inside && inner != nullptr && isActiveWindow()) {
         QWidget* last = inner->focusWidget();
         (last != nullptr ? last : inner)->setFocus(Qt::TabFocusReason);
         return;
@@ -295,6 +296,8 @@ void DesktopWindow::changePane() {
         for (QAction* action : bar->actions()) {
             QWidget* widget = bar->widgetForAction(action);
             if (widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0) {
+                // From a floating window too.
+                activateWindow();
                 widget->setFocus(Qt::TabFocusReason);
                 return;
             }

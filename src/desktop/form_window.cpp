@@ -67,11 +67,7 @@ FormWindow::FormWindow(Form& shownForm, QWidget* content, Frame frame, QMdiArea&
     subscriptions.push_back(form->changed.subscribe([this] { follow(); }));
     subscriptions.push_back(form->raised.subscribe([this] {
         outer->raise();
-        if (auto* window = qobject_cast<QMdiSubWindow*>(outer)) {
-            mdi.setActiveSubWindow(window);
-        } else {
-            outer->activateWindow();
-        }
+        activate();
     }));
 }
 
@@ -216,11 +212,24 @@ void FormWindow::follow() {
     }
     if (opens) {
         tellExtent();
-        if (auto* window = qobject_cast<QMdiSubWindow*>(outer)) {
-            mdi.setActiveSubWindow(window);
+        if (qobject_cast<QMdiSubWindow*>(outer) != nullptr) {
+            activate();
         }
     }
     showFocus();
+}
+
+/// What comes to the front has the keyboard, wherever that was.
+void FormWindow::activate() {
+    auto* window = qobject_cast<QMdiSubWindow*>(outer);
+    if (window == nullptr) {
+        outer->activateWindow();
+        return;
+    }
+    mdi.setActiveSubWindow(window);
+    if (dynamic_cast<FloatingWindow*>(QApplication::activeWindow()) != nullptr) {
+        mdi.window()->activateWindow();
+    }
 }
 
 void FormWindow::tellPlace() {

@@ -50,6 +50,7 @@ class FormWindow : public QObject {
     void makeFloating();
     /// The new shell in the old one's place.
     void changeShell(const std::function<void()>& make);
+    void activate();
     void hearFocus();
     void showFocus();
     void tellPlace();

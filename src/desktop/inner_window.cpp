@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QShortcut>
 #include <QStyle>
 #include <QStyleOption>
 #include <QToolButton>
@@ -134,6 +135,8 @@ FloatingWindow::FloatingWindow(QWidget& mainWindow, QWidget& content)
     layout->setSpacing(0);
     layout->addLayout(row);
     layout->addWidget(&content, 1);
+    // The key that closes an inner window.
+    new QShortcut(QKeySequence(QKeySequence::Close), this, [this] { close(); });
 }
 
 QPoint freePlace(const QSize& size, const QSize& room, const std::vector<Covered>& others) {

@@ -15,6 +15,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
@@ -155,6 +156,114 @@ TEST(Keys, DoWhatThePanelsButtonsDoWhereverTheFocusIs) {
     EXPECT_NE(program.desk.front(), front);
     press(program.window, Qt::Key_F9);
     EXPECT_FALSE(program.main.linkBar.Connect.enabled());
+}
+
+TEST(Keys, CountInAFloatingToolToo) {
+    GuideProgram program;
+    program.main.menu.mnuViewTx0.click();
+    program.main.menu.mnutoolsTerminal.click();
+    QCoreApplication::processEvents();
+    ChipPanel* panel = program.main.bench().openPanel();
+    auto floating = [&]() -> QWidget& {
+        Form& terminal = *program.desk.find("Terminal");
+        FormWindow& window = *program.window.windowOf(terminal);
+        window.setFloating(true);
+        // As somebody comes back to it from the main window.
+        program.window.activateWindow();
+        QCoreApplication::processEvents();
+        window.shell().activateWindow();
+        window.content().findChild<QWidget*>("Text1")->setFocus();
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(window.shell().isActiveWindow());
+        EXPECT_TRUE(terminal.inFront());
+        return window.shell();
+    };
+    press(floating(), Qt::Key_F5);
+    ASSERT_EQ(program.dialogs.boxes.size(), 1U);
+    EXPECT_EQ(program.dialogs.boxes.back().text,
+              "Commport not available, please open commport. Control words were not updated.");
+    press(floating(), Qt::Key_F7);
+    ASSERT_EQ(program.dialogs.boxes.size(), 2U);
+    press(floating(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(program.dialogs.requests, 1);
+    press(floating(), Qt::Key_O, Qt::ControlModifier);
+    EXPECT_EQ(program.dialogs.requests, 2);
+    // A window that a key brings to the front has the keyboard too.
+    press(floating(), Qt::Key_1, Qt::ControlModifier);
+    EXPECT_TRUE(panel->inFront());
+    EXPECT_TRUE(program.window.isActiveWindow());
+    press(floating(), Qt::Key_L, Qt::ControlModifier);
+    EXPECT_NE(program.desk.find("frm_WireLog"), nullptr);
+    program.desk.find("Terminal")->userActivate();
+    press(floating(), Qt::Key_F1);
+    ASSERT_NE(program.desk.find("frm_Guide"), nullptr);
+    EXPECT_EQ(program.top(), "Terminal");
+    press(floating(), Qt::Key_F6);
+    EXPECT_TRUE(program.window.isActiveWindow());
+    EXPECT_FALSE(program.window.area().isAncestorOf(QApplication::focusWidget()));
+    press(floating(), Qt::Key_F9);
+    EXPECT_FALSE(program.main.linkBar.Connect.enabled());
+}
+
+TEST(Keys, CloseTheFloatingWindowInFrontAndNotTheInnerOneBehindIt) {
+    Program program;
+    program.start();
+    program.main.menu.mnuViewTx0.click();
+    program.main.menu.mnutoolsTerminal.click();
+    QCoreApplication::processEvents();
+    QWidget& terminal = [&]() -> QWidget& {
+        FormWindow& window = *program.window.windowOf(*program.desk.find("Terminal"));
+        window.setFloating(true);
+        window.content().findChild<QWidget*>("Text1")->setFocus();
+        return window.shell();
+    }();
+    QCoreApplication::processEvents();
+    QTest::keySequence(&terminal, QKeySequence(QKeySequence::Close));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(program.desk.find("Terminal"), nullptr);
+    EXPECT_NE(program.main.bench().openPanel(), nullptr);
+    EXPECT_TRUE(program.main.bench().openPanel()->isOpen());
+}
+
+TEST(Keys, AreTheTextFieldsOwnInAFloatingTool) {
+    Program program;
+    program.start();
+    program.main.menu.mnuViewTx0.click();
+    ChipPanel* panel = program.main.bench().openPanel();
+    panel->FreqCenter.type("311");
+    program.main.menu.mnutoolsWireLog.click();
+    QCoreApplication::processEvents();
+    FormWindow& window = *program.window.windowOf(*program.desk.find("frm_WireLog"));
+    window.setFloating(true);
+    auto* text = window.content().findChild<QLineEdit*>("Filter");
+    text->setFocus();
+    QCoreApplication::processEvents();
+    QTest::keyClicks(text, "RI");
+    press(window.shell(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(text->text(), "");
+    EXPECT_EQ(panel->FreqCenter.text(), "311");
+}
+
+TEST(Keys, AreNotHeardBehindADialog) {
+    Program program;
+    program.start();
+    program.main.menu.mnuViewTx0.click();
+    program.main.menu.mnutoolsTerminal.click();
+    QCoreApplication::processEvents();
+    program.window.windowOf(*program.desk.find("Terminal"))->setFloating(true);
+    program.main.menu.mnuFilePreferences.click();
+    QCoreApplication::processEvents();
+    Form* dialog = program.desk.modalForm();
+    ASSERT_NE(dialog, nullptr);
+    QWidget& shell = program.window.windowOf(*dialog)->shell();
+    shell.activateWindow();
+    QCoreApplication::processEvents();
+    press(shell, Qt::Key_F5);
+    press(shell, Qt::Key_L, Qt::ControlModifier);
+    press(shell, Qt::Key_F9);
+    EXPECT_TRUE(program.dialogs.boxes.empty());
+    EXPECT_EQ(program.desk.find("frm_WireLog"), nullptr);
+    EXPECT_TRUE(program.main.linkBar.Connect.enabled());
 }
 
 TEST(Keys, StandInTipsAndMenus) {

@@ -55,9 +55,13 @@ class QuietDialogs : public Dialogs {
         boxes.push_back(box);
         return box.buttons == BoxButtons::Ok ? Answer::Ok : Answer::No;
     }
-    FileChoice chooseFile(const FileRequest& request) override { return {.name = request.startName}; }
+    FileChoice chooseFile(const FileRequest& request) override {
+        ++requests;
+        return {.name = request.startName};
+    }
 
     std::vector<Box> boxes;
+    int requests = 0;
 };
 
 class NoSurroundings : public Surroundings {

@@ -133,6 +133,8 @@ void Binding::showState() {
         menuAction->setVisible(bound->shown());
         menuAction->setEnabled(bound->active());
         menuAction->setShortcut(QKeySequence(toQt(bound->shortcut())));
+        // A tool may float, a window of its own, and the keys count there too; a dialog keeps them out.
+        menuAction->setShortcutContext(Qt::ApplicationShortcut);
         return;
     }
     QWidget& own = *widget();

@@ -272,6 +272,7 @@ QWidget* barButton(BarButton& element) {
                      [binding] { binding->gesture([&] { binding->element()->click(); }); });
     if (!element.shortcut().empty()) {
         auto* keys = new QShortcut(QKeySequence(toQt(element.shortcut())), tool);
+        keys->setContext(Qt::ApplicationShortcut);
         QObject::connect(keys, &QShortcut::activated, binding,
                          [binding] { binding->gesture([&] { binding->element()->click(); }); });
     }
