@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -149,6 +150,8 @@ void DesktopWindow::placeDocks() {
         }
         windows.erase(form);
         docks.erase(form);
+        // What comes up inside has the room that the edge took.
+        layout()->activate();
         makeWindow(*form);
         if (FormWindow* inner = windowOf(*form)) {
             inner->follow();

@@ -12,6 +12,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
+#include <algorithm>
+
 namespace zor {
 
 namespace {
@@ -95,6 +97,28 @@ TEST(Docking, AMainWindowWithoutRoomKeepsTheLogInside) {
     EXPECT_EQ(log.Dock.text(), "Bottom");
     program.resizeMain(QSize(1600, 900));
     EXPECT_NE(program.window.dockOf(log), nullptr);
+}
+
+TEST(Docking, ALogThatLosesItsEdgeHasAllOfItsSizeInside) {
+    Docks program;
+    WireLog& log = program.open();
+    QSize own = program.window.windowOf(log)->shell().size();
+    for (const char* edge : {"Right", "Bottom"}) {
+        SCOPED_TRACE(edge);
+        program.choose(log, edge);
+        ASSERT_NE(program.window.dockOf(log), nullptr);
+        program.resizeMain(QSize(1200, 800));
+        FormWindow* inside = program.window.windowOf(log);
+        ASSERT_NE(inside, nullptr);
+        EXPECT_EQ(inside->shell().width(), std::min(own.width(), program.window.area().viewport()->width()));
+        EXPECT_GE(inside->shell().height(), own.height());
+        for (const char* name : {"Dock", "Clear", "Copy", "Save"}) {
+            const auto* widget = inside->content().findChild<QWidget*>(name);
+            EXPECT_EQ(widget->visibleRegion().boundingRect(), widget->rect()) << name;
+        }
+        EXPECT_TRUE(program.window.area().viewport()->rect().contains(inside->shell().geometry()));
+        program.resizeMain(QSize(1800, 1000));
+    }
 }
 
 TEST(Docking, TheWindowBesideTheLogIsTheOneInFront) {
