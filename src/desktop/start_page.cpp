@@ -2,6 +2,7 @@
 #include "desktop/start_page.h"
 
 #include "desktop/adapters/qt_text.h"
+#include "desktop/pick_row.h"
 #include "desktop/views/compose.h"
 #include "desktop/views/pictures.h"
 #include "desktop/widgets/colours.h"
@@ -12,9 +13,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
-#include <QStyleOptionFocusRect>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -27,68 +26,6 @@ namespace {
 constexpr int pageWidth = 920;
 /// Height of the room in which the page offers fewer files.
 constexpr int smallArea = 560;
-
-/// A chip or a file: the whole row is the target, and lights up under the pointer.
-class PickRow : public QPushButton {
-  public:
-    /// @param characters  room for the name
-    PickRow(const QString& fullName, const QString& remarkText, int characters)
-        : name(fullName)
-        , remark(remarkText)
-        , nameCharacters(characters) {
-        setText(fullName);
-        setAccessibleName(fullName + QLatin1Char(' ') + remarkText);
-        setFlat(true);
-        setAutoDefault(false);
-        setCursor(Qt::PointingHandCursor);
-        setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    }
-
-    [[nodiscard]] QSize sizeHint() const override {
-        return {inset * 2 + nameWidth() + fontMetrics().horizontalAdvance(remark),
-                fontMetrics().height() + 14};
-    }
-    [[nodiscard]] QSize minimumSizeHint() const override {
-        // In a narrow window the remark is shortened; the name never is.
-        return {2 * inset + nameWidth(), sizeHint().height()};
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        const RoleColours& colours = roles(palette());
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        bool picked = isEnabled() && (underMouse() || hasFocus());
-        if (picked) {
-            painter.setPen(QPen(hasFocus() ? colours.accent : colours.edge, 1));
-            painter.setBrush(colours.pickedRow);
-            painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-        }
-        QFont bold = font();
-        bold.setBold(true);
-        painter.setFont(bold);
-        // Links are the accent, in the dark a lighter one.
-        painter.setPen(isEnabled() ? colours.logBlue
-                                   : palette().color(QPalette::Disabled, QPalette::ButtonText));
-        painter.drawText(rect().adjusted(inset, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                         painter.fontMetrics().elidedText(name, Qt::ElideMiddle,
-                                                          nameWidth() - fontMetrics().averageCharWidth()));
-        painter.setFont(font());
-        painter.setPen(picked || isEnabled() ? colours.softText
-                                             : palette().color(QPalette::Disabled, QPalette::ButtonText));
-        QRect room = rect().adjusted(inset + nameWidth(), 0, -inset, 0);
-        painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft,
-                         fontMetrics().elidedText(remark, Qt::ElideRight, room.width()));
-    }
-
-  private:
-    static constexpr int inset = 10;
-    [[nodiscard]] int nameWidth() const { return fontMetrics().averageCharWidth() * nameCharacters; }
-
-    QString name;
-    QString remark;
-    int nameCharacters;
-};
 
 constexpr int chipCharacters = 14;
 constexpr int fileCharacters = 22;
@@ -170,8 +107,13 @@ QWidget* StartPage::chipGroups() {
         auto* box = new QGroupBox(QString::fromLatin1(titleOf(chipClass)));
         auto* column = new QVBoxLayout(box);
         column->setSpacing(2);
+        PickColumns columns{chipCharacters, {}, {}};
         for (const PanelChoice* chip : chipsOf(chipClass)) {
-            auto* row = new PickRow(QString::fromLatin1(chip->caption), toQt(bandsOf(*chip)), chipCharacters);
+            columns.names << QString::fromLatin1(chip->caption);
+            columns.remarks << toQt(bandsOf(*chip));
+        }
+        for (const PanelChoice* chip : chipsOf(chipClass)) {
+            auto* row = new PickRow(QString::fromLatin1(chip->caption), toQt(bandsOf(*chip)), columns);
             row->setToolTip(QStringLiteral("Opens the panel of the %1").arg(row->text()));
             MenuEntry& entry = main.menu.*chip->view;
             connect(row, &QPushButton::clicked, this, [&entry] { entry.click(); });
@@ -231,8 +173,13 @@ void StartPage::showFiles() {
     }
     std::vector<LastFile> last =
         lastFiles(main.bench().recentFiles.all(), static_cast<std::size_t>(filesShown));
+    PickColumns columns{fileCharacters, {}, {}};
     for (const LastFile& file : last) {
-        auto* row = new PickRow(toQt(file.name), toQt(file.chip + "  " + file.folder), fileCharacters);
+        columns.names << toQt(file.name);
+        columns.remarks << toQt(file.chip + "  …");
+    }
+    for (const LastFile& file : last) {
+        auto* row = new PickRow(toQt(file.name), toQt(file.chip + "  " + file.folder), columns);
         row->setToolTip(toQt("Opens the panel of the " + file.chip + " with " + file.path));
         row->setEnabled(main.menu.View.active());
         connect(row, &QPushButton::clicked, this,
@@ -276,11 +223,13 @@ bool StartPage::event(QEvent* event) {
 void StartPage::fit() {
     const QWidget& area = *parentWidget();
     constexpr int margin = 24;
+    // A narrow window needs its width.
+    constexpr int sideMargin = 8;
     int rows = area.height() < smallArea ? fewFiles : mostFiles;
     if (std::exchange(filesShown, rows) != rows) {
         showFiles();
     }
-    int width = std::min(pageWidth, area.width() - 2 * margin);
+    int width = std::min(pageWidth, area.width() - 2 * sideMargin);
     width = std::max(width, minimumSizeHint().width());
     // Texts that take another line in a narrow page make it higher.
     int height = std::max(layout()->totalMinimumHeightForWidth(width),

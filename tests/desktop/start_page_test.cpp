@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "views_of_test.h"
 
+#include "desktop/pick_row.h"
 #include "desktop/start_page.h"
 #include "desktop/widgets/colours.h"
 #include "shell/start_advice.h"
@@ -221,6 +222,37 @@ TEST(StartPage, OffersFewerFilesInASmallWindow) {
         EXPECT_EQ(clippedTexts(page), QStringList()) << size.width();
         EXPECT_LE(page.geometry().right(), program.window.area().viewport()->width()) << size.width();
         EXPECT_LE(page.geometry().bottom(), program.window.area().viewport()->height()) << size.width();
+    }
+}
+
+TEST(StartPage, CutsNothingThatThereIsRoomFor) {
+    Program program;
+    program.start();
+    program.window.startPage().offerDemo([] { return true; });
+    const QString name = "KT3101_meter_hall_north_868.300MHz.lrc";
+    program.main.bench().recentFiles.use("/a/long/way/to/the/bench/of/somebody/" + name.toStdString());
+    program.main.bench().recentFiles.use("/a/short.tc");
+    for (QSize size : {QSize(800, 600), QSize(1276, 740), QSize(1900, 1000)}) {
+        SCOPED_TRACE(size.width());
+        program.window.resize(size);
+        comeToRest();
+        deleteWhatHasGone();
+        for (QPushButton* button : program.window.startPage().findChildren<QPushButton*>()) {
+            const auto* row = dynamic_cast<const PickRow*>(button);
+            if (row == nullptr) {
+                continue;
+            }
+            if (row->text().startsWith("KT") && row->text() != name) {
+                EXPECT_EQ(row->shownName(), row->text());
+                EXPECT_TRUE(row->shownRemark().endsWith("MHz") || row->shownRemark().endsWith("low power"))
+                    << qPrintable(row->shownRemark());
+            } else {
+                EXPECT_TRUE(row->shownName() == row->text() || size.width() == 800)
+                    << qPrintable(row->shownName());
+                EXPECT_TRUE(row->shownRemark().startsWith(row->text() == name ? "KT3101" : "KT1100"))
+                    << qPrintable(row->shownRemark());
+            }
+        }
     }
 }
 
