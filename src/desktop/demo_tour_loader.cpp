@@ -58,6 +58,8 @@ void DemoTour::visitLoader() {
                            "answer file \"" + std::string(fileName) + "\"\nclick FirmLoad.loadeefile\n")) {
         player->userClose();
     }
+    // Not the folder of a day.
+    main.bench().notice({});
     tellBoard(QStringLiteral("slow 10"));
     loader->Prog.click();
     const std::string half = std::to_string(records / 2);

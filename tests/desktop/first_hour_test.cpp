@@ -258,4 +258,19 @@ TEST(Tips, SayWhatBelongsToTheMomentBehindTheirOwnText) {
     EXPECT_EQ(program.window.findChild<QWidget*>("LoadBoard")->toolTip(), "Port 1: /dev/ttyUSB0");
 }
 
+TEST(Bars, ABoardsNameHasTheRoomItNeeds) {
+    Program program;
+    program.start();
+    LinkBar& bar = program.main.linkBar;
+    auto* line = program.window.findChild<QLineEdit*>("LoadBoard");
+    ASSERT_NE(line, nullptr);
+    int usual = line->width();
+    bar.LoadBoard.setText("LoadB. Loader: Com16");
+    QCoreApplication::processEvents();
+    EXPECT_GE(line->width(), line->fontMetrics().horizontalAdvance(line->text()));
+    bar.LoadBoard.setText("1.x on Com1");
+    QCoreApplication::processEvents();
+    EXPECT_EQ(line->width(), usual);
+}
+
 } // namespace zor

@@ -6,6 +6,7 @@
 #include "shell/main_window.h"
 
 #include <QEvent>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QPainter>
 #include <QToolBar>
@@ -165,6 +166,18 @@ QWidget* statusField(TextField& element, int columns) {
     return text;
 }
 
+/// The same, wider while its text needs it: a board's name is of no use without its beginning or its port.
+QWidget* boardField(TextField& element, int columns) {
+    auto* line = qobject_cast<QLineEdit*>(statusField(element, columns));
+    auto makeRoom = [line, least = line->width()] {
+        constexpr int margins = 12; // px
+        line->setFixedWidth(std::max(least, line->fontMetrics().horizontalAdvance(line->text()) + margins));
+    };
+    QObject::connect(line, &QLineEdit::textChanged, line, makeRoom);
+    makeRoom();
+    return line;
+}
+
 } // namespace
 
 void addMainBars(QMainWindow& window, MainWindow& main) {
@@ -175,7 +188,7 @@ void addMainBars(QMainWindow& window, MainWindow& main) {
     QToolBar* board =
         addBar(window, link.Toolbar2, "Board",
                {barButton(link.Connect), barButton(link.Disconnect), new LineDot(link.CommStatus),
-                statusField(link.CommStatus, 13), label(link.Text2), statusField(link.LoadBoard, 18),
+                statusField(link.CommStatus, 13), label(link.Text2), boardField(link.LoadBoard, 18),
                 list(link.LoadboardList, 22, WheelUse::NeverChooses)});
     QToolBar* data = addBar(window, link.Toolbar3, "Data",
                             {label(link.Text1), list(link.CB_Mode, 20, WheelUse::NeverChooses)});

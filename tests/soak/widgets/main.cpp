@@ -6,7 +6,7 @@
 #include "desktop/adapters/linux_usb_driver.h"
 #include "desktop/adapters/qt_dialogs.h"
 #include "desktop/adapters/qt_serial_port.h"
-#include "desktop/demo_board.h"
+#include "desktop/demo_port.h"
 #include "desktop/views_of_test.h"
 #include "desktop/widgets/instrument_style.h"
 #include "elements/watched_dialogs.h"
@@ -74,27 +74,19 @@ class Session {
   public:
     explicit Session(const Options& options)
         : log("widgets-" + std::to_string(options.seed) + ".log")
-        , hand(options.seed, QDir(folder.path()), board, [this](const QString& what) { note(what); })
+        , hand(options.seed, QDir(folder.path()), demo.board, [this](const QString& what) { note(what); })
         , end(Clock::now() + std::chrono::seconds(options.seconds)) {
         QStringList arguments = {"--kind",  options.seed % 5 == 4 ? "lb1" : "lb2",
                                  "--chip",  options.seed % 2 == 0 ? "kt1100" : "kt3100",
                                  "--noise", options.seed % 3 == 2 ? "0.002" : "0",
                                  "--seed",  QString::number(options.seed)};
-        board.farEnd = QStringLiteral("lively");
-        terminal = board.start(arguments).toStdString();
-        devices.addDevice(terminal, "LoadBoard");
-        devices.beforeNumbering = [this] {
-            if (board.died()) {
-                std::string fresh = board.startAgain().toStdString();
-                devices.moveDevice(terminal, fresh);
-                terminal = fresh;
-            }
-        };
+        demo.board.farEnd = QStringLiteral("lively");
+        offered = demo.offer(arguments);
     }
 
     /// @return whether all went well
     bool run() {
-        if (terminal.empty()) {
+        if (!offered) {
             wrong("the simulated board cannot be started");
             return false;
         }
@@ -183,8 +175,8 @@ class Session {
             resting = true;
             restsUntil = Clock::now() + restsWithin;
             note("the session is over");
-            board.tell("unmute");
-            board.tell("delay 0");
+            demo.board.tell("unmute");
+            demo.board.tell("delay 0");
         }
         if (Clock::now() > restsUntil) {
             wrong("the program does not come to rest, port held by step " +
@@ -230,8 +222,8 @@ class Session {
                       folder.path().toStdString(),
                       folder.path().toStdString(),
                       startDatabase()};
-    DemoBoard board;
-    std::string terminal;
+    DemoPort demo{devices};
+    bool offered = false;
     Desk desk{loop};
     MainWindow main{platform, desk};
     transcript::Station station{main, watchedDialogs};
