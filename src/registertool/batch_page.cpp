@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/batch_page.h"
 
-#include "host/file_backup.h"
 #include "link/file_dialog.h"
 #include "link/number_reading.h"
 #include "registertool/cell_values.h"

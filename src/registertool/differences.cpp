@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/differences.h"
 
-#include "host/file_backup.h"
 #include "link/file_dialog.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
