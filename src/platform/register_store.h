@@ -21,8 +21,8 @@ namespace zor {
 /// A column's value as text; nothing where the database holds null. A truth value is "True" or "False".
 using StoredValue = std::optional<std::string>;
 
-/// Values of some columns of one row.
-using StoredRow = std::vector<StoredValue>;
+/// Values of some columns of one row, as they stand in the store; they are gone with the row.
+using RowView = std::span<const std::optional<std::string_view>>;
 
 /// A failure of the register database.
 struct StoreError : ToolError {
@@ -77,6 +77,13 @@ class RecordSource {
     /// The row's own number in its table: two sources over one table call a row by the same.
     [[nodiscard]] virtual std::int64_t key() const = 0;
 
+    using TakeRow = std::function<void(std::int64_t key, RowView values)>;
+    /// Hands over these columns of each row of the query, in its order, as the table has them now, without
+    /// keeping them; the store must not be used meanwhile. The source's rows and the place stay, but for a
+    /// source that was still to read which rows there are: these are they. Throws StoreError for a column
+    /// that the table does not have.
+    virtual void readEach(std::span<const std::string_view> columns, const TakeRow& take) const = 0;
+
     /// Begins a row behind the last one; it comes to be when it is saved.
     virtual void addRow() = 0;
     /// Sets a column of the row at the place; it is stored when the row is saved.
@@ -109,9 +116,6 @@ class RegisterStore {
     [[nodiscard]] std::unique_ptr<RecordSource> select(std::string_view sql) {
         return select(sql, Values::AtOnce);
     }
-    /// These columns of each row that a query gives, in the order named; read and let go. Throws StoreError.
-    [[nodiscard]] virtual std::vector<StoredRow> read(std::string_view sql,
-                                                      std::span<const std::string_view> columns) = 0;
 
     /// Puts chips with their registers into the master tables, in place of chips of the same names, all or
     /// nothing. A replaced chip keeps its number and place. Throws StoreError.

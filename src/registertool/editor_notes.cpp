@@ -17,7 +17,8 @@ EditorNotes::EditorNotes(SPI& ownTool)
 }
 
 void EditorNotes::show() {
-    const Setting* setting = tool.table.at(tool.editor.Address.text());
+    const std::string& picked = tool.editor.Address.text();
+    const Setting* setting = picked.empty() ? nullptr : tool.table.at(picked);
     bool hasDefault = setting != nullptr && !setting->DefaultValue.empty();
     DefaultNote.setCaption(hasDefault ? "Default " + setting->DefaultValue : "");
     bool unsent = setting != nullptr && tool.editor.HexValue.background() == editedColour;

@@ -42,71 +42,43 @@ constexpr ColumnOrigin takenColumns[] = {{"Name", "Name"},
 /// What of a row a walk over the chip reads, behind what tells the row from another program's.
 constexpr std::string_view takenByWalk[] = {"Address", "HexValue", "BinaryValue"};
 
-bool holds(const StoredRow& row, const Setting& setting) {
+bool holds(RowView row, const Setting& setting) {
     return row[0] == setting.Address && row[1] == setting.HexValue && row[2] == binaryValue(setting.HexValue);
 }
 
-/// A register as its row of the table has it; the columns' numbers are looked up once for all rows.
-class SettingReader {
-  public:
-    explicit SettingReader(const RecordSource& ownSource)
-        : source(ownSource) {
-        for (std::size_t number = 0; number < bit.size(); ++number) {
-            bit[number] = source.columnNumber("bit" + std::to_string(number));
-        }
-    }
+/// A register's columns in the order in which `takeRow` takes them.
+constexpr std::string_view settingColumnNames[] = {
+    "Name", "Address", "Description", "TestReg",      "RFReg",    "DigitalReg", "MiscReg",
+    "R",    "W",       "bit0",        "bit1",         "bit2",     "bit3",       "bit4",
+    "bit5", "bit6",    "bit7",        "DefaultValue", "HexValue", "BinaryValue"};
 
-    /// Of the row at the source's place.
-    [[nodiscard]] Setting take() const {
-        Setting setting;
-        setting.key = source.key();
-        setting.Name = textOf(Name);
-        setting.Address = textOf(Address);
-        setting.Description = textOf(Description);
-        setting.TestReg = truthOf(TestReg);
-        setting.RFReg = truthOf(RFReg);
-        setting.DigitalReg = truthOf(DigitalReg);
-        setting.MiscReg = truthOf(MiscReg);
-        setting.R = truthOf(R);
-        setting.W = truthOf(W);
-        for (std::size_t number = 0; number < bit.size(); ++number) {
-            setting.bit[number] = textOf(bit[number]);
-        }
-        setting.DefaultValue = textOf(DefaultValue);
-        setting.HexValue = textOf(HexValue);
-        setting.BinaryValue = textOf(BinaryValue);
-        return setting;
+/// Fills a register as its row of the table has it.
+void takeRow(Setting& setting, std::int64_t key, RowView row) {
+    auto next = row.begin();
+    auto text = [&next] { return (next++)->value_or(std::string_view()); };
+    auto truth = [&next] { return *next++ == "True"; };
+    setting.key = key;
+    for (std::string* into : {&setting.Name, &setting.Address, &setting.Description}) {
+        *into = text();
     }
-
-  private:
-    [[nodiscard]] std::string textOf(std::size_t column) const {
-        const StoredValue& value = source.value(column);
-        return value ? *value : std::string();
+    for (bool* into :
+         {&setting.TestReg, &setting.RFReg, &setting.DigitalReg, &setting.MiscReg, &setting.R, &setting.W}) {
+        *into = truth();
     }
-    [[nodiscard]] bool truthOf(std::size_t column) const { return source.value(column) == "True"; }
-
-    const RecordSource& source;
-    std::size_t Name = source.columnNumber("Name");
-    std::size_t Address = source.columnNumber("Address");
-    std::size_t Description = source.columnNumber("Description");
-    std::size_t TestReg = source.columnNumber("TestReg");
-    std::size_t RFReg = source.columnNumber("RFReg");
-    std::size_t DigitalReg = source.columnNumber("DigitalReg");
-    std::size_t MiscReg = source.columnNumber("MiscReg");
-    std::size_t R = source.columnNumber("R");
-    std::size_t W = source.columnNumber("W");
-    std::array<std::size_t, 8> bit{};
-    std::size_t DefaultValue = source.columnNumber("DefaultValue");
-    std::size_t HexValue = source.columnNumber("HexValue");
-    std::size_t BinaryValue = source.columnNumber("BinaryValue");
-};
+    for (std::string& name : setting.bit) {
+        name = text();
+    }
+    for (std::string* into : {&setting.DefaultValue, &setting.HexValue, &setting.BinaryValue}) {
+        *into = text();
+    }
+}
 
 } // namespace
 
 void SettingTable::attach(RegisterStore& store) {
     database = &store;
     Settings = store.select(firstShown, RegisterStore::Values::WhenAsked);
-    whole = store.select(wholeTable);
+    whole = store.select(wholeTable, RegisterStore::Values::WhenAsked);
     reread();
 }
 
@@ -131,12 +103,12 @@ void SettingTable::reread() {
 }
 
 void SettingTable::takeRows() {
-    settings.clear();
-    settings.reserve(whole->count());
-    SettingReader reader(*whole);
-    for (whole->moveFirst(); !whole->pastLast(); whole->moveNext()) {
-        settings.push_back(reader.take());
-    }
+    std::vector<Setting> taken;
+    // The next chip has about as many.
+    taken.reserve(settings.capacity());
+    whole->readEach(settingColumnNames,
+                    [&taken](std::int64_t key, RowView row) { takeRow(taken.emplace_back(), key, row); });
+    settings = std::move(taken);
     ++generationNumber;
 }
 
@@ -201,10 +173,17 @@ void SettingTable::storeTaken() {
     }
     StoreTransaction transaction(*database);
     // Most of what a walk reads stands there already, and looking costs a fraction of writing.
-    const std::vector<StoredRow> held = database->read(wholeTable, takenByWalk);
-    for (std::size_t row : unstored) {
-        if (row >= held.size() || !holds(held[row], settings[row])) {
-            store(row, settings[row].HexValue);
+    std::vector<bool> held(settings.size());
+    auto row = settings.begin();
+    whole->readEach(takenByWalk, [&](std::int64_t key, RowView values) {
+        row = std::ranges::lower_bound(row, settings.end(), key, {}, &Setting::key);
+        if (row != settings.end() && row->key == key) {
+            held[static_cast<std::size_t>(row - settings.begin())] = holds(values, *row);
+        }
+    });
+    for (std::size_t taken : unstored) {
+        if (!held[taken]) {
+            store(taken, settings[taken].HexValue);
         }
     }
     transaction.commit();

@@ -7,8 +7,8 @@ namespace zor::store {
 
 namespace {
 
-constexpr const char* trueText = "True";
-constexpr const char* falseText = "False";
+constexpr std::string_view trueText = "True";
+constexpr std::string_view falseText = "False";
 /// More texts than the product has.
 constexpr std::size_t mostKept = 100;
 
@@ -77,18 +77,23 @@ bool CellReader::next() {
 }
 
 StoredValue CellReader::value(int column, ColumnKind kind) const {
+    auto held = view(column, kind);
+    return held ? StoredValue(*held) : std::nullopt;
+}
+
+std::optional<std::string_view> CellReader::view(int column, ColumnKind kind) const {
+    // There is one thread: the cell is nobody else's while it is asked.
+    sqlite3_value* cell = sqlite3_column_value(statement, column);
+    if (sqlite3_value_type(cell) == SQLITE_NULL) {
+        return std::nullopt;
+    }
     if (kind == ColumnKind::Boolean) {
-        if (sqlite3_column_type(statement, column) == SQLITE_NULL) {
-            return std::nullopt;
-        }
-        return sqlite3_column_int64(statement, column) != 0 ? trueText : falseText;
+        return sqlite3_value_int64(cell) != 0 ? trueText : falseText;
     }
     // As bytes: a text ends where the engine says, not at a NUL in it. An empty text has no bytes either.
-    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, column));
-    if (bytes == nullptr) {
-        return sqlite3_column_type(statement, column) == SQLITE_NULL ? StoredValue() : StoredValue("");
-    }
-    return std::string(bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+    const auto* bytes = static_cast<const char*>(sqlite3_value_blob(cell));
+    return bytes == nullptr ? std::string_view()
+                            : std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(cell)));
 }
 
 void CellReader::demand(int result, int wanted) const {

@@ -14,8 +14,10 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 namespace zor::store {
 
@@ -63,6 +65,8 @@ class CellReader {
     /// The first column.
     [[nodiscard]] std::int64_t key() const { return sqlite3_column_int64(statement, 0); }
     [[nodiscard]] StoredValue value(int column, ColumnKind kind) const;
+    /// The same, until the next row.
+    [[nodiscard]] std::optional<std::string_view> view(int column, ColumnKind kind) const;
 
   private:
     void demand(int result, int wanted) const;

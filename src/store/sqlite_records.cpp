@@ -19,6 +19,10 @@ constexpr std::size_t usualRows = 128;
 constexpr const char* makingFunction = "zor_made";
 constexpr const char* originKind = "ColumnOrigin";
 
+std::string inQuotes(const std::string& name) {
+    return "\"" + name + "\"";
+}
+
 extern "C" void makeValue(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {
     const auto* origin = static_cast<const ColumnOrigin*>(sqlite3_value_pointer(arguments[1], originKind));
     const auto* bytes = static_cast<const char*>(sqlite3_value_blob(arguments[0]));
@@ -28,33 +32,6 @@ extern "C" void makeValue(sqlite3_context* context, int /*count*/, sqlite3_value
 }
 
 } // namespace
-
-std::vector<StoredRow> readColumns(Statements& statements, std::string_view sql,
-                                   std::span<const std::string_view> columns) {
-    Translation translation = translate(sql);
-    std::string wanted;
-    std::vector<ColumnKind> kinds;
-    for (std::string_view name : columns) {
-        const Column* column = translation.selects ? translation.table->column(name) : nullptr;
-        if (column == nullptr) {
-            throw StoreError(notOfThisStore, "\"" + std::string(sql) + "\" gives no " + std::string(name));
-        }
-        wanted += (wanted.empty() ? "\"" : ", \"") + std::string(column->name) + "\"";
-        kinds.push_back(column->kind);
-    }
-    std::vector<StoredRow> rows;
-    throughStore([&] {
-        CellReader reader(statements, theseOnly(translation, wanted), translation.values);
-        while (reader.next()) {
-            StoredRow& row = rows.emplace_back();
-            row.reserve(kinds.size());
-            for (ColumnKind kind : kinds) {
-                row.push_back(reader.value(static_cast<int>(row.size()), kind));
-            }
-        }
-    });
-    return rows;
-}
 
 void offerMaking(SQLite::Database& database) {
     int result = sqlite3_create_function_v2(database.getHandle(), makingFunction, 2, SQLITE_UTF8, nullptr,
@@ -117,6 +94,31 @@ const std::vector<std::int64_t>& SqliteRecords::rowKeys() const {
         keysWait = false;
     }
     return keys;
+}
+
+void SqliteRecords::readEach(std::span<const std::string_view> columns, const TakeRow& take) const {
+    std::string wanted = "rowid";
+    std::vector<ColumnKind> kinds;
+    for (std::string_view name : columns) {
+        const Head& head = heads[columnNumber(name)];
+        wanted += ", " + inQuotes(head.name);
+        kinds.push_back(head.kind);
+    }
+    std::vector<std::int64_t> found;
+    std::vector<std::optional<std::string_view>> row(kinds.size());
+    throughStore([&] {
+        Translation translation = translate(query);
+        CellReader reader(statements, theseOnly(translation, wanted), translation.values);
+        while (reader.next()) {
+            for (std::size_t at = 0; at < row.size(); ++at) {
+                row[at] = reader.view(static_cast<int>(at) + 1, kinds[at]);
+            }
+            take(found.emplace_back(reader.key()), row);
+        }
+    });
+    if (std::exchange(keysWait, false)) {
+        keys = std::move(found);
+    }
 }
 
 void SqliteRecords::readRows(const Translation& translation) {
@@ -210,8 +212,12 @@ void SqliteRecords::addRow() {
 }
 
 void SqliteRecords::addRowsOf(const RecordSource& other, std::span<const ColumnOrigin> columns) {
-    Translation taken = translate(dynamic_cast<const SqliteRecords&>(other).query);
-    auto inQuotes = [](const std::string& name) { return "\"" + name + "\""; };
+    const auto& source = dynamic_cast<const SqliteRecords&>(other);
+    Translation taken = translate(source.query);
+    // Registers mostly stand in the order of their addresses, and to sort whole rows takes a third of all.
+    if (std::ranges::is_sorted(source.rowKeys())) {
+        taken = asStored(std::move(taken));
+    }
     std::string into;
     std::string from;
     std::vector<const ColumnOrigin*> made;
@@ -255,14 +261,14 @@ SQLite::Statement& SqliteRecords::savingStatement(bool adds, const std::vector<C
         saving.statement->reset();
         return *saving.statement;
     }
-    std::string name = "\"" + std::string(table->name) + "\"";
+    std::string name = inQuotes(std::string(table->name));
     std::string columns;
     std::string marks;
     std::string differences;
     saving = {adds, {}, {}};
     for (const Change& change : made) {
         saving.columns.push_back(change.column);
-        std::string column = "\"" + heads[change.column].name + "\"";
+        std::string column = inQuotes(heads[change.column].name);
         std::string mark = "?" + std::to_string(saving.columns.size());
         const char* comma = columns.empty() ? "" : ", ";
         columns += comma + column + (adds ? "" : " = " + mark);
@@ -294,9 +300,11 @@ void SqliteRecords::bindChange(SQLite::Statement& statement, int at, const Chang
 
 void SqliteRecords::save() {
     assert((adding || !pastLast()) && "there is no row to save");
-    demandValues();
     std::vector<Change> made = std::exchange(changes, {});
     bool adds = std::exchange(adding, false);
+    if (adds) {
+        demandValues();
+    }
     if (!made.empty()) {
         throughStore([&] {
             SQLite::Statement& statement = savingStatement(adds, made);
@@ -314,6 +322,10 @@ void SqliteRecords::save() {
         keys.push_back(database.getLastInsertRowid());
         values.resize(keys.size() * heads.size());
         place = keys.size() - 1;
+    }
+    if (valuesWait) {
+        // They come with what was saved.
+        return;
     }
     for (Change& change : made) {
         values[placeOf(place, change.column)] = std::move(change.value);

@@ -14,10 +14,6 @@
 
 namespace zor::store {
 
-/// These columns of each row of a query. Throws StoreError.
-[[nodiscard]] std::vector<StoredRow> readColumns(Statements& statements, std::string_view sql,
-                                                 std::span<const std::string_view> columns);
-
 /// Gives a database what `addRowsOf` needs of it. Throws SQLite::Exception.
 void offerMaking(SQLite::Database& database);
 
@@ -49,6 +45,7 @@ class SqliteRecords : public RecordSource {
 
     [[nodiscard]] const StoredValue& value(std::size_t column) const override;
     [[nodiscard]] std::int64_t key() const override { return rowKeys().at(place); }
+    void readEach(std::span<const std::string_view> columns, const TakeRow& take) const override;
 
     void addRow() override;
     void setValue(std::size_t column, StoredValue value) override;

@@ -51,11 +51,6 @@ class SqliteRegisterStore : public RegisterStore {
         return source;
     }
 
-    std::vector<StoredRow> read(std::string_view sql, std::span<const std::string_view> columns) override {
-        hear(sql);
-        return readColumns(statements, sql, columns);
-    }
-
     void takeList(const RegisterList& list) override {
         StoreTransaction transaction(*this);
         replaceChips(*this, list, [this](int chip) {

@@ -30,6 +30,7 @@ constexpr std::pair<std::string_view, std::int64_t> truths[] = {
     {"False", 0},
 };
 // clang-format on
+constexpr std::string_view orderedBy = " ORDER BY ";
 constexpr std::string_view storedOrder = "rowid";
 constexpr std::string_view allColumns = "SELECT rowid, *";
 
@@ -190,6 +191,13 @@ std::string keysOnly(const Translation& selection) {
     return theseOnly(selection, std::string(storedOrder));
 }
 
+Translation asStored(Translation selection) {
+    // Its values stand in no text: these words are in it once.
+    selection.sql.resize(selection.sql.find(orderedBy) + orderedBy.size());
+    selection.sql += storedOrder;
+    return selection;
+}
+
 std::string theseOnly(const Translation& selection, const std::string& expressions) {
     return "SELECT " + expressions + selection.sql.substr(allColumns.size());
 }
@@ -211,7 +219,7 @@ Translation translate(std::string_view text) {
         if (reader.take("where")) {
             translateCondition(reader, translation);
         }
-        translation.sql += " ORDER BY ";
+        translation.sql += orderedBy;
         if (reader.take("order by")) {
             translation.sql += columnName(reader, *translation.table) + ", ";
         }

@@ -23,6 +23,8 @@ struct Translation {
 
 /// The same rows in the same order, by their keys alone.
 [[nodiscard]] std::string keysOnly(const Translation& selection);
+/// The same rows as they were stored, which costs no sorting.
+[[nodiscard]] Translation asStored(Translation selection);
 /// The same rows in the same order, of each these expressions in the engine's words.
 [[nodiscard]] std::string theseOnly(const Translation& selection, const std::string& expressions);
 

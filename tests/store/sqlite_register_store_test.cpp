@@ -109,6 +109,81 @@ TEST_F(Store, ARowAddedOrChangedIsThereForOthersToReread) {
     EXPECT_EQ(others->value("HexValue"), "5F");
 }
 
+TEST_F(Store, RowsOfAnotherSourceAreAddedInItsOrderWhetherStoredInItOrNot) {
+    auto store = stores.open(file);
+    constexpr ColumnOrigin columns[] = {
+        {"Name", "Name"},
+        {"R", "R"},
+        {"HexValue", "DefaultValue"},
+        {"bit7", "bit7"},
+        {"BinaryValue", "DefaultValue", [](std::string_view text) { return "of " + std::string(text); }}};
+    auto registers =
+        store->select("Select * from Register where ChipID = 1", RegisterStore::Values::WhenAsked);
+    auto settings = store->select("Select * from Setting");
+    settings->addRowsOf(*registers, columns);
+    EXPECT_EQ(names(*settings), "beta Gamma alpha STATUS ");
+    settings->moveTo(0);
+    EXPECT_EQ(settings->value("HexValue"), "80");
+    EXPECT_EQ(settings->value("BinaryValue"), "of 80");
+    EXPECT_EQ(settings->value("R"), "True");
+    EXPECT_EQ(settings->value("bit7"), "b7");
+    store->run("delete * from Setting");
+    registers->setQuery("Select * from Register where ChipID = 1 AND Databits = 8 ORDER BY Address");
+    settings->reread();
+    settings->addRowsOf(*registers, columns);
+    EXPECT_EQ(names(*settings), "Gamma beta alpha ");
+}
+
+TEST_F(Store, EachRowIsHandedOverAsTheTableHasItNow) {
+    auto store = stores.open(file);
+    auto chipRows = store->select("Select * from Chip");
+    auto other = store->select("Select * from Chip");
+    other->setValue("Name", "Other");
+    other->save();
+    constexpr std::string_view columns[] = {"name", "TxFifoAddress", "nFFS_control"};
+    std::string told;
+    auto take = [&told](std::int64_t key, RowView row) {
+        told += std::to_string(key);
+        for (const auto& value : row) {
+            told += " " + std::string(value.value_or("null"));
+        }
+        told += "; ";
+    };
+    chipRows->readEach(columns, take);
+    EXPECT_EQ(told, "1 Other 3E False; 2 Two null True; ");
+    EXPECT_EQ(chipRows->value("Name"), "One") << "the source's own rows stay";
+    constexpr std::string_view unknown[] = {"Nonsense"};
+    EXPECT_THROW(chipRows->readEach(unknown, take), StoreError);
+}
+
+TEST_F(Store, ASourceThatReadsWhenAskedHasTheRowsThatWereHandedOver) {
+    auto store = stores.open(file);
+    auto rows = store->select("Select * from Chip", RegisterStore::Values::WhenAsked);
+    constexpr std::string_view columns[] = {"Name"};
+    std::string told;
+    rows->readEach(columns, [&told](std::int64_t, RowView row) { told += std::string(*row[0]) + " "; });
+    EXPECT_EQ(told, "One Two ");
+    // Numbers of rows go on meaning what they meant when the rows were handed over.
+    store->run("delete * from Chip");
+    EXPECT_EQ(rows->count(), 2U);
+    rows->moveTo(1);
+    EXPECT_EQ(rows->value("Name"), std::nullopt) << "gone meanwhile";
+}
+
+TEST_F(Store, WhatIsSavedBeforeTheValuesAreReadIsAmongThem) {
+    auto store = stores.open(file);
+    auto rows = store->select("Select * from Chip", RegisterStore::Values::WhenAsked);
+    rows->moveTo(1);
+    rows->setValue("Name", "Changed");
+    rows->save();
+    EXPECT_EQ(names(*rows), "One Changed ");
+    rows->setValue("Name", std::nullopt);
+    EXPECT_EQ(names(*store->select("Select * from Chip")), "One Changed ") << "not saved yet";
+    rows->moveTo(0);
+    rows->save();
+    EXPECT_EQ(names(*rows), "null Changed ");
+}
+
 TEST_F(Store, AValueIsNeverPartOfAText) {
     auto store = stores.open(file);
     auto rows = store->select("Select * from Setting order by Name");

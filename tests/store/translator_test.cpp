@@ -32,6 +32,11 @@ TEST_P(Translations, StandAsListed) {
     EXPECT_EQ(found.values, GetParam().values);
 }
 
+TEST(AsStored, HasTheRowsWithoutTheOrder) {
+    EXPECT_EQ(asStored(translate("Select * from Register where Name = 'a ORDER BY b' ORDER BY Address")).sql,
+              R"(SELECT rowid, * FROM "Register" WHERE "Name" = ? ORDER BY rowid)");
+}
+
 TEST_P(UnknownTexts, AreAnError) {
     EXPECT_THROW((void)translate(GetParam()), ToolError);
 }
