@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/air.h"
 
-#include <charconv>
+#include "simulator/command_arguments.h"
+
 #include <utility>
 
 namespace zor::sim {
@@ -16,14 +17,6 @@ constexpr int lastNumber = 99'999;
 constexpr int lowestBeacon = 100'000'000; // Hz
 constexpr int highestBeacon = 1'000'000'000;
 constexpr int fastestBeacon = 1'000'000; // bit/s
-
-std::optional<int> readNumber(std::string_view text, int least, int greatest) {
-    int value = 0;
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    bool good =
-        error == std::errc() && end == text.data() + text.size() && value >= least && value <= greatest;
-    return good ? std::optional(value) : std::nullopt;
-}
 
 std::pair<std::string_view, std::string_view> split(std::string_view text) {
     auto blank = text.find(' ');

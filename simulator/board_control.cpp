@@ -2,13 +2,13 @@
 #include "simulator/board_control.h"
 
 #include "host/files.h"
+#include "simulator/command_arguments.h"
 #include "simulator/loader_firmware.h"
 #include "simulator/register_list_chip.h"
 #include "simulator/trace_text.h"
 #include "support/error.h"
 #include "support/numbers.h"
 
-#include <charconv>
 #include <vector>
 
 namespace zor::sim {
@@ -30,13 +30,6 @@ std::vector<std::string_view> wordsOf(std::string_view text) {
 std::optional<std::uint8_t> readByte(std::string_view text) {
     auto value = readHex(text);
     return value && *value <= 0xFF ? std::optional(static_cast<std::uint8_t>(*value)) : std::nullopt;
-}
-
-std::optional<int> readCount(std::string_view text, int greatest) {
-    int value = 0;
-    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    bool good = error == std::errc() && end == text.data() + text.size() && value >= 0 && value <= greatest;
-    return good ? std::optional(value) : std::nullopt;
 }
 
 // Each takes what stands behind the statement's word and tells whether it could be read.
@@ -86,7 +79,7 @@ bool setSpeaking(Board& board, std::string_view text) {
 }
 
 bool setDelay(Board& board, std::string_view text) {
-    auto value = readCount(text, 3'600'000);
+    auto value = readNumber(text, 0, 3'600'000);
     if (value) {
         board.setDelay(std::chrono::milliseconds(*value));
     }
@@ -113,8 +106,8 @@ bool setCurrent(Board& board, std::string_view text) {
     if (words.size() != 2) {
         return false;
     }
-    auto high = readCount(words[0], 1023);
-    auto low = readCount(words[1], 1023);
+    auto high = readNumber(words[0], 0, 1023);
+    auto low = readNumber(words[1], 0, 1023);
     if (high && low) {
         board.setCurrentCounts(*high, *low);
     }
@@ -123,7 +116,7 @@ bool setCurrent(Board& board, std::string_view text) {
 
 bool setOffset(Board& board, std::string_view text) {
     bool negative = text.starts_with('-');
-    auto value = readCount(text.substr(negative ? 1 : 0), 32);
+    auto value = readNumber(text.substr(negative ? 1 : 0), 0, 32);
     if (value) {
         board.radio().setFrequencyOffset(negative ? -*value : *value);
     }
@@ -178,7 +171,7 @@ bool setEepromBusy(SerialEeprom& chip, std::string_view text) {
         chip.setStuckBusy();
         return true;
     }
-    auto time = readCount(text, 3'600'000);
+    auto time = readNumber(text, 0, 3'600'000);
     if (time) {
         chip.setWriteTime(std::chrono::milliseconds(*time));
     }
@@ -204,7 +197,7 @@ bool setEeprom(Board& board, std::string_view text) {
     if (text.substr(0, blank) == "busy") {
         return setEepromBusy(chip, rest);
     }
-    auto address = readCount(text.substr(0, blank), static_cast<int>(SerialEeprom::byteCount) - 1);
+    auto address = readNumber(text.substr(0, blank), 0, static_cast<int>(SerialEeprom::byteCount) - 1);
     auto bytes = readBytes(rest);
     bool good = address && bytes && !bytes->empty() && *address + bytes->size() <= SerialEeprom::byteCount;
     if (good) {
@@ -214,7 +207,7 @@ bool setEeprom(Board& board, std::string_view text) {
 }
 
 bool setFlowTime(Board& board, std::string_view text) {
-    auto value = readCount(text, 3'600'000);
+    auto value = readNumber(text, 0, 3'600'000);
     if (value) {
         board.setFlowTime(std::chrono::milliseconds(*value));
     }
@@ -222,7 +215,7 @@ bool setFlowTime(Board& board, std::string_view text) {
 }
 
 bool stallAt(Board& board, std::string_view text) {
-    auto value = readCount(text, 1'000'000'000);
+    auto value = readNumber(text, 0, 1'000'000'000);
     if (value) {
         board.stallAt(static_cast<std::size_t>(*value));
     }
@@ -286,7 +279,7 @@ bool setLoop(Board& board, std::string_view text) {
     }
     auto words = wordsOf(text);
     auto rate = words.empty() || words.size() > 2 ? std::nullopt : readNumericPrefix(words[0]);
-    auto seed = words.size() == 2 ? readCount(words[1], 2'000'000'000) : std::optional(1);
+    auto seed = words.size() == 2 ? readNumber(words[1], 0, 2'000'000'000) : std::optional(1);
     bool good = rate && *rate >= 0 && *rate <= 1 && seed;
     if (good) {
         registersOn(board).closeLoop(*rate, static_cast<std::uint32_t>(*seed));

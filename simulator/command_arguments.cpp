@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/command_arguments.h"
 
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -15,8 +16,7 @@ bool isHex(std::string_view text, std::size_t fewest, std::size_t most) {
 }
 
 bool isNumber(std::string_view text, std::size_t least, std::size_t greatest) {
-    bool digits = !text.empty() && text.size() <= 3 &&
-                  std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+    bool digits = !text.empty() && text.size() <= 3 && std::ranges::all_of(text, isDigit);
     return digits && numberOf(text) >= least && numberOf(text) <= greatest;
 }
 
@@ -97,6 +97,14 @@ std::vector<std::size_t> numbersOf(std::string_view list) {
         numbers.push_back(numberOf(field));
     }
     return numbers;
+}
+
+std::optional<int> readNumber(std::string_view text, int least, int greatest) {
+    int value = 0;
+    auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    bool good =
+        error == std::errc() && end == text.data() + text.size() && value >= least && value <= greatest;
+    return good ? std::optional(value) : std::nullopt;
 }
 
 } // namespace zor::sim

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -32,5 +33,8 @@ enum class ArgumentForm {
 [[nodiscard]] std::size_t numberOf(std::string_view decimal);
 [[nodiscard]] std::vector<std::uint8_t> bytesOf(std::string_view list);
 [[nodiscard]] std::vector<std::size_t> numbersOf(std::string_view list);
+
+/// A decimal number from the least to the greatest; nothing for any other text.
+[[nodiscard]] std::optional<int> readNumber(std::string_view text, int least, int greatest);
 
 } // namespace zor::sim

@@ -6,8 +6,8 @@
 #include "link/file_dialog.h"
 #include "support/error.h"
 #include "support/file_name.h"
+#include "support/letters.h"
 
-#include <algorithm>
 #include <filesystem>
 
 namespace zor {
@@ -40,11 +40,7 @@ FileRequest foreignRequest(const Bench& bench, FileRequest::Mode mode, const cha
 }
 
 std::string lowerExtension(const std::string& name) {
-    std::string extension = nameOf(pathOf(name).extension());
-    std::ranges::transform(extension, extension.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return extension;
+    return lowerCase(nameOf(pathOf(name).extension()));
 }
 
 } // namespace

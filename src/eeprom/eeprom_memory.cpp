@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The picture of the memory, the caret that it shares with the text, and how far a run is.
 #include "eeprom/eeprom.h"
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <algorithm>

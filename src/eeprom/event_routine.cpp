@@ -2,6 +2,7 @@
 #include "eeprom/event_routine.h"
 
 #include "eeprom/image.h"
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -10,14 +11,6 @@
 namespace zor {
 
 namespace {
-
-char upper(char character) {
-    return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
-}
-
-bool sameLetter(char a, char b) {
-    return upper(a) == upper(b);
-}
 
 /// 0 for what is no digit.
 unsigned digitValue(char character) {

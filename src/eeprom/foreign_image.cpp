@@ -3,6 +3,7 @@
 
 #include "eeprom/image.h"
 #include "support/error.h"
+#include "support/letters.h"
 #include "support/lines.h"
 #include "support/numbers.h"
 

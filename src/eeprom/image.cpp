@@ -2,6 +2,7 @@
 #include "eeprom/image.h"
 
 #include "support/error.h"
+#include "support/letters.h"
 #include "support/lines.h"
 #include "support/numbers.h"
 
@@ -18,10 +19,6 @@ constexpr std::size_t bytesOfALine = 32;
 constexpr std::size_t fileTail = 5;
 
 } // namespace
-
-bool isHexDigit(char c) {
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
-}
 
 std::string hexDigits(std::string_view text) {
     std::string digits;

@@ -18,7 +18,6 @@ inline constexpr std::size_t eepromPageBytes = 16;
 /// interprets.
 inline constexpr std::string_view customaryPreamble = "\x02 $A00000000,\r\n";
 
-[[nodiscard]] bool isHexDigit(char c);
 /// The hexadecimal digits of a text, in their order and case.
 [[nodiscard]] std::string hexDigits(std::string_view text);
 [[nodiscard]] std::size_t countHexDigits(std::string_view text);

@@ -1,26 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "headergen/c_names.h"
 
+#include "support/letters.h"
+
 #include <algorithm>
 
 namespace zor {
 
 namespace {
 
-// Not the locale's letters: C has no others.
-bool isLetter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
+bool beginsName(char c) {
+    return isLetter(c) || c == '_';
 }
 
 } // namespace
 
 bool isIdentifier(std::string_view text) {
-    return !text.empty() && isLetter(text.front()) &&
-           std::all_of(text.begin(), text.end(), [](char c) { return isLetter(c) || isDigit(c); });
+    return !text.empty() && beginsName(text.front()) &&
+           std::all_of(text.begin(), text.end(), [](char c) { return beginsName(c) || isDigit(c); });
 }
 
 std::string prefixNote(const std::string& prefix) {

@@ -4,10 +4,10 @@
 #include "host/files.h"
 
 #include "support/error.h"
+#include "support/letters.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cerrno>
 #include <cstdio>
 #include <utility>
@@ -118,8 +118,8 @@ std::string neighbourHead(const std::string& name) {
 void clearLeftovers(const std::filesystem::path& folder, const std::string& head) {
     auto isNeighbour = [&head](std::string_view name) {
         return name.size() == head.size() + neighbourSuffix.size() && name.starts_with(head) &&
-               std::all_of(name.begin() + static_cast<std::ptrdiff_t>(head.size()), name.end(),
-                           [](unsigned char c) { return std::isalnum(c) != 0; });
+               std::ranges::all_of(name.substr(head.size()),
+                                   [](char c) { return isLetter(c) || isDigit(c); });
     };
     std::error_code failed;
     std::vector<std::filesystem::path> leftovers;

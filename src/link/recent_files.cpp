@@ -2,9 +2,9 @@
 #include "link/recent_files.h"
 
 #include "support/file_name.h"
+#include "support/letters.h"
 
 #include <algorithm>
-#include <cctype>
 #include <filesystem>
 #include <iterator>
 
@@ -15,9 +15,7 @@ std::string kindOfFile(const std::string& path) {
     if (!extension.empty()) {
         extension.erase(0, 1);
     }
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension;
+    return lowerCase(extension);
 }
 
 void RecentFiles::put(const std::string& path) {

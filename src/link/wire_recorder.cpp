@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "link/wire_recorder.h"
 
+#include "support/lines.h"
 #include "support/vocabulary.h"
 
 #include <algorithm>
@@ -30,13 +31,6 @@ WireEntry::Result resultOf(const WireExchange& exchange) {
         break;
     }
     return WireEntry::Result::PortGone;
-}
-
-std::string_view withoutLineEnd(std::string_view line) {
-    while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) {
-        line.remove_suffix(1);
-    }
-    return line;
 }
 
 } // namespace

@@ -2,9 +2,7 @@
 #include "platform/dialogs.h"
 
 #include "support/file_name.h"
-
-#include <algorithm>
-#include <cctype>
+#include "support/letters.h"
 
 namespace zor {
 
@@ -26,11 +24,7 @@ bool extensionDiffers(const std::string& name, const std::string& defaultExtensi
         return false;
     }
     extension.erase(0, 1);
-    auto sameLetter = [](char a, char b) {
-        return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
-    };
-    return !std::equal(extension.begin(), extension.end(), defaultExtension.begin(), defaultExtension.end(),
-                       sameLetter);
+    return !sameText(extension, defaultExtension);
 }
 
 } // namespace zor

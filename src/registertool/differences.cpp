@@ -7,7 +7,7 @@
 #include "registertool/text_file.h"
 #include "support/csv.h"
 #include "support/file_name.h"
-#include "support/upper_case.h"
+#include "support/letters.h"
 
 #include <algorithm>
 

@@ -4,6 +4,7 @@
 #include "registertool/cell_values.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
+#include "support/wording.h"
 
 #include <algorithm>
 
@@ -13,10 +14,6 @@ namespace {
 
 /// Marks, address, value twice, name, eight bits, description, three flags, default.
 constexpr std::size_t columnCount = 18;
-
-std::string truthText(bool value) {
-    return value ? "True" : "False";
-}
 
 } // namespace
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "registertool/register_lines.h"
 
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -54,7 +55,7 @@ std::string tableReadLine(std::string_view address) {
 
 std::string writeAddress(std::string_view address) {
     char first = address.empty() ? '0' : address.front();
-    unsigned digit = first >= '0' && first <= '9' ? static_cast<unsigned>(first - '0') : 0;
+    unsigned digit = isDigit(first) ? static_cast<unsigned>(first - '0') : 0;
     return hexText(digit + 8) + std::string(address.substr(0, 2).substr(address.empty() ? 0 : 1));
 }
 

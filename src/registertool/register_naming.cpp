@@ -4,6 +4,7 @@
 #include "link/wire_recorder.h"
 #include "registertool/register_lines.h"
 #include "registertool/spi.h"
+#include "support/lines.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -39,13 +40,6 @@ std::string setBits(const Names& names, std::uint32_t value) {
         }
     }
     return text;
-}
-
-std::string_view withoutLineEnd(std::string_view line) {
-    while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) {
-        line.remove_suffix(1);
-    }
-    return line;
 }
 
 /// The last of what a board said, as the tool takes a value from it: 15 characters, also of a shorter answer.

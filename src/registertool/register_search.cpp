@@ -2,20 +2,13 @@
 #include "registertool/register_search.h"
 
 #include "registertool/spi.h"
+#include "support/letters.h"
 
 #include <algorithm>
 
 namespace zor {
 
 namespace {
-
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool sameLetter(char a, char b) {
-    return lower(a) == lower(b);
-}
 
 bool holds(std::string_view text, std::string_view word) {
     return std::search(text.begin(), text.end(), word.begin(), word.end(), sameLetter) != text.end();

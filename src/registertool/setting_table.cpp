@@ -2,7 +2,7 @@
 #include "registertool/setting_table.h"
 
 #include "registertool/register_lines.h"
-#include "support/upper_case.h"
+#include "support/letters.h"
 
 #include <algorithm>
 #include <array>

@@ -5,6 +5,7 @@
 #include "link/number_reading.h"
 #include "panels/receivers/transceiver_panel.h"
 #include "rftools/window_place.h"
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -26,10 +27,6 @@ constexpr std::chrono::milliseconds pollInterval(100);
 std::string frequencyOffset(const Bench& bench) {
     const auto* panel = dynamic_cast<const TransceiverPanel*>(bench.openPanel());
     return panel == nullptr ? std::string() : panel->Foffset.text();
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 } // namespace

@@ -4,8 +4,8 @@
 #include "rftools/beryl_rf_link_test.h"
 #include "rftools/transmit_preview.h"
 #include "support/hex_text.h"
+#include "support/letters.h"
 #include "support/numbers.h"
-#include "support/upper_case.h"
 
 #include <optional>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "rftools/packet_log.h"
 
+#include "support/letters.h"
+
 #include <algorithm>
 
 namespace zor {
@@ -8,10 +10,6 @@ namespace zor {
 namespace {
 
 constexpr std::size_t longestNumber = 9;
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 } // namespace
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "rftools/packet_report.h"
 
+#include "support/letters.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -21,10 +23,6 @@ constexpr std::size_t mirroredLengthDigits = 2;
 constexpr std::size_t mirroredPayloadAt = 29;
 /// A report is complete once so much more than its payload is there.
 constexpr std::size_t mirroredRest = 31;
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 std::optional<std::size_t> readCount(std::string_view digits) {
     while (!digits.empty() && digits.front() == ' ') {

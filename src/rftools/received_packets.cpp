@@ -4,6 +4,7 @@
 #include "link/connect.h"
 #include "link/file_dialog.h"
 #include "link/plot_file.h"
+#include "support/csv.h"
 #include "support/error.h"
 #include "support/hex_text.h"
 #include "support/numbers.h"
@@ -49,20 +50,6 @@ std::string spacedHex(const std::string& payload) {
         spaced += (at == 0 ? "" : " ") + digits.substr(at, 2);
     }
     return spaced;
-}
-
-std::string quoted(const std::string& cell) {
-    if (cell.find_first_of(",\"") == std::string::npos) {
-        return cell;
-    }
-    std::string field = "\"";
-    for (char c : cell) {
-        field += c;
-        if (c == '"') {
-            field += c;
-        }
-    }
-    return field + '"';
 }
 
 std::vector<GridColumn> columns() {
@@ -244,7 +231,7 @@ std::string ReceivedPackets::csv() const {
     std::string lines = "Number,Time,Length,Offset (kHz),Text,Hex\r\n";
     for (std::size_t row = Packets.rowCount(); row-- > 0;) {
         for (std::size_t column = number; column <= hex; ++column) {
-            lines += (column == number ? "" : ",") + quoted(Packets.cell(row, column).text);
+            lines += (column == number ? "" : ",") + csvField(Packets.cell(row, column).text);
         }
         lines += "\r\n";
     }

@@ -3,10 +3,10 @@
 
 #include "elements/range.h"
 #include "panels/common/chip_panel.h"
+#include "support/letters.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace zor {
 
@@ -69,8 +69,7 @@ std::string placeOf(const BitField& field, const ControlWord& word) {
 }
 
 bool isQuantity(const std::string& text) {
-    return !text.empty() && (std::isdigit(static_cast<unsigned char>(text.front())) != 0 ||
-                             text.front() == '-' || text.front() == '+');
+    return !text.empty() && (isDigit(text.front()) || text.front() == '-' || text.front() == '+');
 }
 
 /// What an entry of the list means in the word, its unit with it.

@@ -7,10 +7,10 @@
 #include "shell/panel_registry.h"
 #include "shell/settings.h"
 #include "support/error.h"
+#include "support/letters.h"
 #include "support/record_file.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -29,9 +29,7 @@ std::int32_t processOf(const std::string& name) {
         return 0;
     }
     std::string digits = name.substr(prefix.size(), name.size() - prefix.size() - suffix.size());
-    bool number =
-        !digits.empty() && digits.size() < 10 &&
-        std::all_of(digits.begin(), digits.end(), [](unsigned char c) { return std::isdigit(c) != 0; });
+    bool number = !digits.empty() && digits.size() < 10 && std::ranges::all_of(digits, isDigit);
     return number ? std::stoi(digits) : 0;
 }
 

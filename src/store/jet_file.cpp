@@ -8,6 +8,7 @@
 #include "store/schema.h"
 #include "store/translator.h"
 #include "support/csv.h"
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <mdbtools.h>

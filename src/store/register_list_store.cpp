@@ -2,7 +2,9 @@
 #include "store/register_list_store.h"
 
 #include "store/schema.h"
+#include "support/letters.h"
 #include "support/numbers.h"
+#include "support/wording.h"
 
 #include <algorithm>
 #include <map>
@@ -16,10 +18,6 @@ int idAt(const RecordSource& row) {
     return roundToInt(numericPrefix(row.value("ChipID").value_or(std::string())));
 }
 
-StoredValue truth(bool value) {
-    return value ? "True" : "False";
-}
-
 void put(RecordSource& rows, const ListedChip& chip) {
     rows.setValue("ChipID", std::to_string(chip.id));
     rows.setValue("Name", chip.name);
@@ -28,7 +26,7 @@ void put(RecordSource& rows, const ListedChip& chip) {
     rows.setValue("RxFifoSize", chip.rxFifoSize);
     rows.setValue("TxFifoAddress", chip.txFifoAddress);
     rows.setValue("RxFifoAddress", chip.rxFifoAddress);
-    rows.setValue("nFFS_control", truth(chip.fifoSelectLine));
+    rows.setValue("nFFS_control", truthText(chip.fifoSelectLine));
     rows.save();
 }
 
@@ -38,13 +36,13 @@ void put(RecordSource& rows, const ListedRegister& entry) {
     rows.setValue("Name", entry.name);
     rows.setValue("Address", entry.address);
     rows.setValue("Description", entry.description);
-    rows.setValue("TestReg", truth(entry.test));
-    rows.setValue("RFReg", truth(entry.radio));
-    rows.setValue("DigitalReg", truth(entry.digital));
-    rows.setValue("MiscReg", truth(entry.misc));
-    rows.setValue("StatusReg", truth(entry.status));
-    rows.setValue("R", truth(entry.readable));
-    rows.setValue("W", truth(entry.writable));
+    rows.setValue("TestReg", truthText(entry.test));
+    rows.setValue("RFReg", truthText(entry.radio));
+    rows.setValue("DigitalReg", truthText(entry.digital));
+    rows.setValue("MiscReg", truthText(entry.misc));
+    rows.setValue("StatusReg", truthText(entry.status));
+    rows.setValue("R", truthText(entry.readable));
+    rows.setValue("W", truthText(entry.writable));
     for (std::size_t bit = entry.bitNames.size(); bit-- > 0;) {
         rows.setValue("bit" + std::to_string(bit), entry.bitNames[bit]);
     }

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "store/schema.h"
 
+#include "support/letters.h"
+#include "support/wording.h"
+
 #include <algorithm>
 
 namespace zor::store {
@@ -83,20 +86,12 @@ constexpr Table allTables[] = {
 };
 // clang-format on
 
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 std::string_view declaration(ColumnKind kind) {
     // Names and addresses are ordered and compared without regard to case.
     return kind == Text ? "TEXT COLLATE NOCASE" : "INTEGER";
 }
 
 } // namespace
-
-bool sameText(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, [](char x, char y) { return lower(x) == lower(y); });
-}
 
 const Column* Table::column(std::string_view columnName) const {
     auto place = std::ranges::find_if(
@@ -115,11 +110,11 @@ const Table* table(std::string_view tableName) {
 }
 
 std::string creation(const Table& table) {
-    std::string sql = "CREATE TABLE \"" + std::string(table.name) + "\" (";
+    std::string sql = "CREATE TABLE " + inQuotes(table.name) + " (";
     std::string_view separator;
     for (const Column& column : table.columns) {
         sql += separator;
-        sql += "\"" + std::string(column.name) + "\" " + std::string(declaration(column.kind));
+        sql += inQuotes(column.name).append(" ").append(declaration(column.kind));
         separator = ", ";
     }
     return sql + ")";

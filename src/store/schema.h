@@ -31,7 +31,4 @@ struct Table {
 /// The statement that makes the table.
 [[nodiscard]] std::string creation(const Table& table);
 
-/// Upper and lower case alike, in the letters of identifiers and hexadecimal digits.
-[[nodiscard]] bool sameText(std::string_view a, std::string_view b);
-
 } // namespace zor::store

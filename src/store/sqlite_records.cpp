@@ -2,6 +2,8 @@
 #include "store/sqlite_records.h"
 
 #include "store/sqlite_error.h"
+#include "support/letters.h"
+#include "support/wording.h"
 
 #include <algorithm>
 #include <cassert>
@@ -18,10 +20,6 @@ constexpr std::size_t usualRows = 128;
 /// The function of the engine's that makes a value out of another column's.
 constexpr const char* makingFunction = "zor_made";
 constexpr const char* originKind = "ColumnOrigin";
-
-std::string inQuotes(const std::string& name) {
-    return "\"" + name + "\"";
-}
 
 extern "C" void makeValue(sqlite3_context* context, int /*count*/, sqlite3_value** arguments) {
     const auto* origin = static_cast<const ColumnOrigin*>(sqlite3_value_pointer(arguments[1], originKind));
@@ -224,7 +222,7 @@ void SqliteRecords::addRowsOf(const RecordSource& other, std::span<const ColumnO
     for (const ColumnOrigin& column : columns) {
         const Head& head = heads[columnNumber(column.column)];
         into += (into.empty() ? "" : ", ") + inQuotes(head.name);
-        std::string origin = inQuotes(std::string(column.from));
+        std::string origin = inQuotes(column.from);
         if (column.made != nullptr) {
             made.push_back(&column);
             origin.insert(0, "(").insert(0, makingFunction).append(", ?)");
@@ -235,10 +233,9 @@ void SqliteRecords::addRowsOf(const RecordSource& other, std::span<const ColumnO
         from += (from.empty() ? "" : ", ") + origin;
     }
     throughStore([&] {
-        CellReader insert(statements,
-                          "INSERT INTO " + inQuotes(std::string(table->name)) + " (" + into + ") " +
-                              theseOnly(taken, from),
-                          {});
+        CellReader insert(
+            statements, "INSERT INTO " + inQuotes(table->name) + " (" + into + ") " + theseOnly(taken, from),
+            {});
         int at = 0;
         for (const ColumnOrigin* column : made) {
             insert.bindPointer(++at, column, originKind);
@@ -261,7 +258,7 @@ SQLite::Statement& SqliteRecords::savingStatement(bool adds, const std::vector<C
         saving.statement->reset();
         return *saving.statement;
     }
-    std::string name = inQuotes(std::string(table->name));
+    std::string name = inQuotes(table->name);
     std::string columns;
     std::string marks;
     std::string differences;

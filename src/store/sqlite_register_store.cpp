@@ -8,6 +8,7 @@
 #include "store/sqlite_records.h"
 #include "store/translator.h"
 #include "support/file_name.h"
+#include "support/letters.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

@@ -2,6 +2,8 @@
 #include "store/translator.h"
 
 #include "platform/register_store.h"
+#include "support/letters.h"
+#include "support/wording.h"
 
 #include <charconv>
 #include <optional>
@@ -39,7 +41,7 @@ bool blank(char c) {
 }
 
 bool partOfName(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+    return isLetter(c) || isDigit(c) || c == '_';
 }
 
 /// Walks through a text word by word.
@@ -138,10 +140,6 @@ const Word* takeOneOf(Reader& reader, const Word (&words)[count]) {
         }
     }
     return nullptr;
-}
-
-std::string inQuotes(std::string_view name) {
-    return "\"" + std::string(name) + "\"";
 }
 
 std::string columnName(Reader& reader, const Table& table) {

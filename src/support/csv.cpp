@@ -80,10 +80,7 @@ class CsvReader {
 
 } // namespace
 
-std::string csvField(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos) {
-        return text;
-    }
+std::string csvQuoted(const std::string& text) {
     std::string field = "\"";
     for (char c : text) {
         field += c;
@@ -92,6 +89,10 @@ std::string csvField(const std::string& text) {
         }
     }
     return field + '"';
+}
+
+std::string csvField(const std::string& text) {
+    return text.find_first_of(",\"\r\n") == std::string::npos ? text : csvQuoted(text);
 }
 
 std::string csvLine(const std::vector<std::string>& fields) {

@@ -14,6 +14,8 @@ namespace zor {
 
 /// A field as it stands in a file.
 [[nodiscard]] std::string csvField(const std::string& text);
+/// The same in quotation marks whatever it holds.
+[[nodiscard]] std::string csvQuoted(const std::string& text);
 /// A row with its line end, CR LF.
 [[nodiscard]] std::string csvLine(const std::vector<std::string>& fields);
 

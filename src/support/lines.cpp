@@ -19,4 +19,8 @@ std::string withLineEnds(std::string_view bytes) {
     return text;
 }
 
+std::string_view withoutLineEnd(std::string_view line) {
+    return line.substr(0, line.find_last_not_of("\r\n") + 1);
+}
+
 } // namespace zor

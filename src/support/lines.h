@@ -9,4 +9,7 @@ namespace zor {
 /// A text's lines, each ended by CR LF, the last one too, whatever ended them (CR LF, or either alone).
 [[nodiscard]] std::string withLineEnds(std::string_view bytes);
 
+/// A line without the CR and LF at its end, however many.
+[[nodiscard]] std::string_view withoutLineEnd(std::string_view line);
+
 } // namespace zor

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "support/markdown.h"
 
+#include "support/letters.h"
+
 #include <algorithm>
-#include <cctype>
 
 namespace zor {
 
@@ -59,9 +60,10 @@ std::vector<std::string> headingsOf(std::string_view markdown, int level) {
 
 std::string anchorOf(std::string_view heading) {
     std::string anchor;
-    for (unsigned char c : heading) {
-        if (std::isalnum(c) != 0 || c == '-' || c == '_' || c >= 0x80) {
-            anchor += static_cast<char>(std::tolower(c));
+    for (char c : heading) {
+        bool ascii = static_cast<unsigned char>(c) < 0x80;
+        if (isLetter(c) || isDigit(c) || c == '-' || c == '_' || !ascii) {
+            anchor += lower(c);
         } else if (c == ' ') {
             anchor += '-';
         }
@@ -86,13 +88,13 @@ std::vector<std::string> linkedDocuments(std::string_view markdown) {
 std::string readableText(std::string_view markdown) {
     constexpr std::string_view marks = "*`#|[]()";
     std::string text;
-    for (unsigned char c : withoutTargets(markdown)) {
-        if (std::isspace(c) != 0) {
+    for (char c : withoutTargets(markdown)) {
+        if (isSpace(c)) {
             if (!text.empty() && text.back() != ' ') {
                 text += ' ';
             }
-        } else if (marks.find(static_cast<char>(c)) == std::string_view::npos) {
-            text += static_cast<char>(std::tolower(c));
+        } else if (marks.find(c) == std::string_view::npos) {
+            text += lower(c);
         }
     }
     return text;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/numbers.h"
 
+#include "support/letters.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -10,10 +12,6 @@
 namespace zor {
 
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 int hexDigit(char c) {
     if (isDigit(c)) {

@@ -2,7 +2,9 @@
 #include "support/register_table.h"
 
 #include "support/csv.h"
+#include "support/letters.h"
 #include "support/numbers.h"
+#include "support/wording.h"
 
 #include <algorithm>
 #include <charconv>
@@ -43,14 +45,6 @@ constexpr Flag flags[] = {
     {16, &ListedRegister::writable},
 };
 
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool sameWord(std::string_view a, std::string_view b) {
-    return std::ranges::equal(a, b, {}, lower, lower);
-}
-
 std::string withoutOuterBlanks(std::string_view text) {
     while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) {
         text.remove_prefix(1);
@@ -59,10 +53,6 @@ std::string withoutOuterBlanks(std::string_view text) {
         text.remove_suffix(1);
     }
     return std::string(text);
-}
-
-std::string inQuotes(const std::string& text) {
-    return "\"" + text + "\"";
 }
 
 /// A line of the table, its fields found by the columns' numbers.
@@ -84,12 +74,12 @@ class TableRow {
     [[nodiscard]] bool truth(std::size_t column) const {
         std::string word = text(column);
         for (std::string_view yes : {"True", "1", "Yes", "-1"}) {
-            if (sameWord(word, yes)) {
+            if (sameText(word, yes)) {
                 return true;
             }
         }
         for (std::string_view no : {"", "False", "0", "No"}) {
-            if (sameWord(word, no)) {
+            if (sameText(word, no)) {
                 return false;
             }
         }
@@ -140,7 +130,7 @@ std::vector<std::size_t> placesOf(const CsvRow& heads) {
     for (std::size_t place = 0; place < heads.fields.size(); ++place) {
         std::string name = withoutOuterBlanks(heads.fields[place]);
         const auto* column = std::ranges::find_if(
-            columns, [&name](std::string_view candidate) { return sameWord(candidate, name); });
+            columns, [&name](std::string_view candidate) { return sameText(candidate, name); });
         if (column == std::end(columns)) {
             throw CsvError(heads.line, place + 1, inQuotes(name) + " is no column of the registers' table");
         }
@@ -153,7 +143,7 @@ std::vector<std::size_t> placesOf(const CsvRow& heads) {
     for (std::size_t column : needed) {
         if (places[column] == nowhere) {
             throw CsvError(heads.line, heads.fields.size() + 1,
-                           "the column " + inQuotes(std::string(columns[column])) + " is missing");
+                           "the column " + inQuotes(columns[column]) + " is missing");
         }
     }
     return places;
@@ -203,10 +193,6 @@ ListedRegister registerOf(const TableRow& row, int chip) {
     }
     entry.defaultValue = row.hex(defaultColumn, static_cast<std::size_t>(entry.bits) / 4);
     return entry;
-}
-
-std::string truthText(bool value) {
-    return value ? "True" : "False";
 }
 
 std::vector<std::string> fieldsOf(const ListedChip& chip) {

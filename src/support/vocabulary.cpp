@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "support/vocabulary.h"
 
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 
 namespace zor {
 
@@ -85,12 +85,11 @@ constexpr std::array<Command, 39> commands = {{
 }};
 
 bool isHex(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](unsigned char c) { return std::isxdigit(c) != 0; });
+    return std::ranges::all_of(text, isHexDigit);
 }
 
 bool isDecimal(std::string_view text) {
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return !text.empty() && std::ranges::all_of(text, isDigit);
 }
 
 std::string_view withoutBlanksInFront(std::string_view text) {
@@ -117,14 +116,11 @@ bool hasForm(std::string_view text, Argument argument) {
     case Argument::Word:
         return text.size() == 4 && isHex(text);
     case Argument::Bytes:
-        return !text.empty() && std::all_of(text.begin(), text.end(), [](unsigned char c) {
-            return c == ',' || std::isxdigit(c) != 0;
-        });
+        return !text.empty() && std::ranges::all_of(text, [](char c) { return c == ',' || isHexDigit(c); });
     case Argument::Count:
         return isDecimal(text);
     case Argument::Codes:
-        return !text.empty() && std::all_of(text.begin(), text.end(),
-                                            [](char c) { return c == ',' || (c >= '0' && c <= '9'); });
+        return !text.empty() && std::ranges::all_of(text, [](char c) { return c == ',' || isDigit(c); });
     }
     return false;
 }

@@ -17,4 +17,13 @@ namespace zor {
     return std::string(name).append("(").append(std::to_string(index)).append(")");
 }
 
+[[nodiscard]] inline std::string inQuotes(std::string_view text) {
+    return std::string("\"").append(text).append("\"");
+}
+
+/// A truth value as databases and their tables write it.
+[[nodiscard]] inline std::string truthText(bool value) {
+    return value ? "True" : "False";
+}
+
 } // namespace zor

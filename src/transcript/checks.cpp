@@ -3,6 +3,7 @@
 
 #include "link/connect.h"
 #include "shell/main_window.h"
+#include "support/letters.h"
 
 #include <algorithm>
 #include <charconv>
@@ -32,8 +33,7 @@ std::string boxShown(const Box& box) {
 }
 
 bool isNumber(const std::string& text) {
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+    return !text.empty() && std::ranges::all_of(text, isDigit);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "elements/form.h"
 #include "elements/grid.h"
 #include "shell/main_window.h"
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -147,8 +148,7 @@ EventLoop::Duration Arguments::time(std::size_t position) const {
     const std::string& digits = text(position);
     std::size_t point = digits.find('.');
     std::string fraction = point == std::string::npos ? "" : digits.substr(point + 1);
-    bool decimal = !fraction.empty() && fraction.size() <= 3 &&
-                   std::ranges::all_of(fraction, [](char c) { return c >= '0' && c <= '9'; });
+    bool decimal = !fraction.empty() && fraction.size() <= 3 && std::ranges::all_of(fraction, isDigit);
     if (!decimal) {
         return milliseconds(position);
     }

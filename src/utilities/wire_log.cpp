@@ -2,6 +2,7 @@
 #include "utilities/wire_log.h"
 
 #include "link/file_dialog.h"
+#include "support/letters.h"
 
 #include <algorithm>
 #include <array>
@@ -34,8 +35,7 @@ std::vector<GridColumn> columns() {
 }
 
 bool holds(std::string_view text, std::string_view part) {
-    auto same = [](unsigned char a, unsigned char b) { return std::tolower(a) == std::tolower(b); };
-    return std::search(text.begin(), text.end(), part.begin(), part.end(), same) != text.end();
+    return std::search(text.begin(), text.end(), part.begin(), part.end(), sameLetter) != text.end();
 }
 
 } // namespace

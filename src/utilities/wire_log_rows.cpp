@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // An exchange as a row of the log, and the rows as text and as comma separated values.
+#include "support/csv.h"
+#include "support/lines.h"
 #include "support/local_time.h"
 #include "support/numbers.h"
 #include "utilities/wire_log.h"
@@ -69,22 +71,6 @@ std::string shownAnswer(const WireEntry& entry) {
     return printable(answer);
 }
 
-std::string quoted(const std::string& cell) {
-    std::string text = "\"";
-    for (char c : cell) {
-        text += c;
-        if (c == '"') {
-            text += c;
-        }
-    }
-    return text + '"';
-}
-
-std::string withoutLineEnd(const std::string& line) {
-    std::size_t last = line.find_last_not_of("\r\n");
-    return last == std::string::npos ? std::string() : line.substr(0, last + 1);
-}
-
 } // namespace
 
 std::string printable(std::string_view bytes) {
@@ -131,12 +117,12 @@ std::string WireLog::asText() const {
 std::string WireLog::asCsv() const {
     std::string text;
     for (std::size_t column = 0; column < Log.columns().size(); ++column) {
-        text += (column == 0 ? "" : ",") + quoted(column == 0 ? "Sign" : Log.columns()[column].caption);
+        text += (column == 0 ? "" : ",") + csvQuoted(column == 0 ? "Sign" : Log.columns()[column].caption);
     }
     text += "\r\n";
     for (std::size_t row = 0; row < Log.rowCount(); ++row) {
         for (std::size_t column = 0; column < Log.columns().size(); ++column) {
-            text += (column == 0 ? "" : ",") + quoted(Log.cell(row, column).text);
+            text += (column == 0 ? "" : ",") + csvQuoted(Log.cell(row, column).text);
         }
         text += "\r\n";
     }

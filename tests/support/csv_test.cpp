@@ -64,4 +64,11 @@ TEST(Csv, NamesLineAndColumnOfWhatItCannotRead) {
     EXPECT_EQ(failureOf("a,\"b\nc\",d\n"), "none");
 }
 
+TEST(CsvFields, StandInQuotationMarksWhereTheyMustOrWhereAllDo) {
+    EXPECT_EQ(csvField("plain"), "plain");
+    EXPECT_EQ(csvField("a,b"), "\"a,b\"");
+    EXPECT_EQ(csvQuoted("plain"), "\"plain\"");
+    EXPECT_EQ(csvQuoted("say \"on\""), "\"say \"\"on\"\"\"");
+}
+
 } // namespace zor

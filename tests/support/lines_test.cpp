@@ -13,4 +13,11 @@ TEST(Lines, AreEndedAlikeWhateverEndedThem) {
     EXPECT_EQ(withLineEnds(""), "");
 }
 
+TEST(Lines, LoseTheirEndHoweverItIsWritten) {
+    EXPECT_EQ(withoutLineEnd("S2A7D0\r"), "S2A7D0");
+    EXPECT_EQ(withoutLineEnd("one\rtwo\r\n\n"), "one\rtwo");
+    EXPECT_EQ(withoutLineEnd("\r\n"), "");
+    EXPECT_EQ(withoutLineEnd(""), "");
+}
+
 } // namespace zor

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/adapters/serial_devices.h"
 
+#include "support/letters.h"
+
 #include <algorithm>
 #include <fstream>
 #include <tuple>
@@ -38,7 +40,7 @@ Group groupOf(const std::string& name) {
 
 /// "tty7": there are dozens of them, and no serial line is among them.
 bool isConsole(const std::string& name) {
-    return name.starts_with("tty") && name.size() > 3 && name[3] >= '0' && name[3] <= '9';
+    return name.starts_with("tty") && name.size() > 3 && isDigit(name[3]);
 }
 
 /// The kernel makes ttyS0 to ttyS3 whether there is a chip or not; type 0 is "no chip found".

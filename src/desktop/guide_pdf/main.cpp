@@ -3,6 +3,8 @@
 // of the program. The same texts and pictures give the same bytes.
 #include "support/markdown.h"
 
+#include "support/letters.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -109,7 +111,7 @@ void fixDate(QByteArray& pdf) {
     for (qsizetype i = 0; at + i < pdf.size() && pdf[at + i] != ')'; ++i) {
         if (i < moment.size()) {
             pdf[at + i] = moment[i];
-        } else if (pdf[at + i] >= '0' && pdf[at + i] <= '9') {
+        } else if (zor::isDigit(pdf[at + i])) {
             pdf[at + i] = '0';
         } else if (pdf[at + i] == '-') {
             pdf[at + i] = '+';

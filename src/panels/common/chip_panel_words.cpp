@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A panel's words: whose settings they hold, what a line with one means, and all of them as text.
 #include "panels/common/chip_panel.h"
+#include "support/letters.h"
 #include "support/vocabulary.h"
 
 #include <algorithm>
-#include <cctype>
 #include <string>
 #include <utility>
 
@@ -58,10 +58,7 @@ std::string ChipPanel::wordLines() const {
 }
 
 std::string ChipPanel::wordArray() const {
-    std::string name = chip();
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    std::string text = "static const unsigned short " + name + "_words[] = {\r\n";
+    std::string text = "static const unsigned short " + lowerCase(chip()) + "_words[] = {\r\n";
     for (const ControlWord* word : allWords) {
         bool oneByte = word->size() == ControlWord::Size::OneByte;
         std::string digits(
