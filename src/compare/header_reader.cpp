@@ -2,6 +2,7 @@
 #include "compare/header_reader.h"
 
 #include "headergen/c_names.h"
+#include "support/lines.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -17,12 +18,8 @@ constexpr std::string_view titleMark = "*** Device: ";
 constexpr std::string_view revisionMark = " rev:";
 constexpr std::string_view commandEnd = "_CMD";
 
-std::string_view trimmed(std::string_view text) {
-    std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(blanks) + 1 - first);
+std::string_view withoutBlanks(std::string_view text) {
+    return trimmed(text, blanks);
 }
 
 /// A line of C as the preprocessor sees it: without comments, continued lines in one.
@@ -118,12 +115,12 @@ class Lines {
 
 /// An integer constant of C: hexadecimal, binary, octal or decimal, with its suffixes.
 std::optional<std::uint32_t> readConstant(std::string_view text) {
-    text = trimmed(text);
+    text = withoutBlanks(text);
     while (!text.empty() && (text.back() == ';' || text.back() == ',')) {
-        text = trimmed(text.substr(0, text.size() - 1));
+        text = withoutBlanks(text.substr(0, text.size() - 1));
     }
     while (text.size() > 2 && text.front() == '(' && text.back() == ')') {
-        text = trimmed(text.substr(1, text.size() - 2));
+        text = withoutBlanks(text.substr(1, text.size() - 2));
     }
     while (!text.empty() && std::string_view("uUlL").find(text.back()) != std::string_view::npos) {
         text.remove_suffix(1);
@@ -193,11 +190,11 @@ class HeaderReader {
         }
         std::string_view said = std::string_view(line.raw).substr(mark + titleMark.size());
         // Tabs and the closing stars end the line; an editor may have made blanks of the tabs.
-        said = trimmed(said.substr(0, std::min(said.find('\t'), said.find("***"))));
+        said = withoutBlanks(said.substr(0, std::min(said.find('\t'), said.find("***"))));
         std::size_t revision = said.find(revisionMark);
         takeDevice(said.substr(0, revision), line.number);
         if (revision != std::string_view::npos) {
-            content.revision = trimmed(said.substr(revision + revisionMark.size()));
+            content.revision = withoutBlanks(said.substr(revision + revisionMark.size()));
         }
     }
 
@@ -217,15 +214,15 @@ class HeaderReader {
     }
 
     void takeCode(const SourceLine& line) {
-        std::string_view body = trimmed(line.code);
+        std::string_view body = withoutBlanks(line.code);
         bool defines = body.starts_with('#');
         if (defines) {
             constexpr std::string_view define = "define";
-            body = trimmed(body.substr(1));
+            body = withoutBlanks(body.substr(1));
             if (!body.starts_with(define)) {
                 return;
             }
-            body = trimmed(body.substr(define.size()));
+            body = withoutBlanks(body.substr(define.size()));
             if (takeDevice(body, line.number)) {
                 return;
             }
@@ -247,9 +244,9 @@ class HeaderReader {
     }
 
     void takeMacro(const std::string& command, std::string_view prefix, std::string_view rest, int line) {
-        rest = trimmed(rest);
+        rest = withoutBlanks(rest);
         if (!rest.empty() && (rest.front() == '=' || rest.front() == ':')) {
-            rest = trimmed(rest.substr(1));
+            rest = withoutBlanks(rest.substr(1));
         }
         std::optional<std::uint32_t> value = readConstant(rest);
         if (!value) {
@@ -287,7 +284,7 @@ HeaderContent readHeader(std::string_view text, const HeaderVocabulary& vocabula
 
 std::optional<WrittenWord> readWrittenWord(std::string_view text) {
     WrittenWord word;
-    text = trimmed(text);
+    text = withoutBlanks(text);
     if (text.size() > 2 && (text.front() == 'S' || text.front() == 's') &&
         (text[1] == '1' || text[1] == '2')) {
         word.bits = text[1] == '1' ? 8 : 16;

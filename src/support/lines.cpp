@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "support/lines.h"
 
+#include <algorithm>
+
 namespace zor {
 
 std::string withLineEnds(std::string_view bytes) {
@@ -21,6 +23,11 @@ std::string withLineEnds(std::string_view bytes) {
 
 std::string_view withoutLineEnd(std::string_view line) {
     return line.substr(0, line.find_last_not_of("\r\n") + 1);
+}
+
+std::string_view trimmed(std::string_view text, std::string_view around) {
+    text.remove_prefix(std::min(text.find_first_not_of(around), text.size()));
+    return text.substr(0, text.find_last_not_of(around) + 1);
 }
 
 } // namespace zor

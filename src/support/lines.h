@@ -12,4 +12,7 @@ namespace zor {
 /// A line without the CR and LF at its end, however many.
 [[nodiscard]] std::string_view withoutLineEnd(std::string_view line);
 
+/// A text without what stands around it: blanks and tabs, if nothing else is named.
+[[nodiscard]] std::string_view trimmed(std::string_view text, std::string_view around = " \t");
+
 } // namespace zor

@@ -2,6 +2,7 @@
 #include "support/record_file.h"
 
 #include "support/error.h"
+#include "support/lines.h"
 #include "support/numbers.h"
 
 #include <charconv>
@@ -10,19 +11,7 @@
 
 namespace zor {
 
-namespace {
-
-std::string_view trimmed(std::string_view value) {
-    while (!value.empty() && (value.front() == ' ' || value.front() == '\t')) {
-        value.remove_prefix(1);
-    }
-    while (!value.empty() && (value.back() == ' ' || value.back() == '\t')) {
-        value.remove_suffix(1);
-    }
-    return value;
-}
-
-} // namespace
+namespace {} // namespace
 
 void RecordWriter::line(std::string_view value) {
     content += value;

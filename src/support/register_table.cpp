@@ -3,6 +3,7 @@
 
 #include "support/csv.h"
 #include "support/letters.h"
+#include "support/lines.h"
 #include "support/numbers.h"
 #include "support/wording.h"
 
@@ -45,16 +46,6 @@ constexpr Flag flags[] = {
     {16, &ListedRegister::writable},
 };
 
-std::string withoutOuterBlanks(std::string_view text) {
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t')) {
-        text.remove_prefix(1);
-    }
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t')) {
-        text.remove_suffix(1);
-    }
-    return std::string(text);
-}
-
 /// A line of the table, its fields found by the columns' numbers.
 class TableRow {
   public:
@@ -64,7 +55,7 @@ class TableRow {
 
     [[nodiscard]] std::string text(std::size_t column) const {
         std::size_t place = places[column];
-        return place < row.fields.size() ? withoutOuterBlanks(row.fields[place]) : std::string();
+        return place < row.fields.size() ? std::string(trimmed(row.fields[place])) : std::string();
     }
 
     [[noreturn]] void fail(std::size_t column, const std::string& what) const {
@@ -128,7 +119,7 @@ std::vector<std::size_t> placesOf(const CsvRow& heads) {
     constexpr std::size_t nowhere = static_cast<std::size_t>(-1) / 2;
     std::vector<std::size_t> places(columnCount, nowhere);
     for (std::size_t place = 0; place < heads.fields.size(); ++place) {
-        std::string name = withoutOuterBlanks(heads.fields[place]);
+        std::string name(trimmed(heads.fields[place]));
         const auto* column = std::ranges::find_if(
             columns, [&name](std::string_view candidate) { return sameText(candidate, name); });
         if (column == std::end(columns)) {

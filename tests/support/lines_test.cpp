@@ -20,4 +20,12 @@ TEST(Lines, LoseTheirEndHoweverItIsWritten) {
     EXPECT_EQ(withoutLineEnd(""), "");
 }
 
+TEST(Lines, LoseWhatStandsAroundThem) {
+    EXPECT_EQ(trimmed(" \t one two\t "), "one two");
+    EXPECT_EQ(trimmed("\r\none\r\n"), "\r\none\r\n");
+    EXPECT_EQ(trimmed("\r\none\r\n", "\r\n"), "one");
+    EXPECT_EQ(trimmed(" \t "), "");
+    EXPECT_EQ(trimmed(""), "");
+}
+
 } // namespace zor
