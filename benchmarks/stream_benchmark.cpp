@@ -152,10 +152,10 @@ void LastMinutesOfPackets(benchmark::State& state) {
     }
 }
 
-BENCHMARK_TEMPLATE(FirstMinutesOfPackets, Transceiver)->Iterations(minutesTimed)->Repetitions(3);
-BENCHMARK_TEMPLATE(LastMinutesOfPackets, Transceiver)->Iterations(minutesTimed)->Repetitions(3);
-BENCHMARK_TEMPLATE(FirstMinutesOfPackets, Receiver)->Iterations(minutesTimed)->Repetitions(3);
-BENCHMARK_TEMPLATE(LastMinutesOfPackets, Receiver)->Iterations(minutesTimed)->Repetitions(3);
+BENCHMARK_TEMPLATE(FirstMinutesOfPackets, Transceiver)->Iterations(minutesTimed);
+BENCHMARK_TEMPLATE(LastMinutesOfPackets, Transceiver)->Iterations(minutesTimed);
+BENCHMARK_TEMPLATE(FirstMinutesOfPackets, Receiver)->Iterations(minutesTimed);
+BENCHMARK_TEMPLATE(LastMinutesOfPackets, Receiver)->Iterations(minutesTimed);
 
 } // namespace
 
