@@ -22,8 +22,8 @@ constexpr std::string_view nibbles[] = {"0000", "0001", "0010", "0011", "0100", 
 // clang-format on
 
 std::string_view nibble(std::string_view hex, std::size_t position) {
-    auto value = position < hex.size() ? readHex(hex.substr(position, 1)) : std::nullopt;
-    return value ? nibbles[*value] : "....";
+    int value = position < hex.size() ? hexDigit(hex[position]) : -1;
+    return value < 0 ? std::string_view("....") : nibbles[value];
 }
 
 std::string bytePart(std::string_view last15, std::size_t place) {

@@ -13,9 +13,20 @@ namespace zor {
     return c >= '0' && c <= '9';
 }
 
+/// What a hexadecimal digit is worth, in either case; -1 for any other byte.
+[[nodiscard]] constexpr int hexDigit(char c) {
+    if (isDigit(c)) {
+        return c - '0';
+    }
+    if (c >= 'A' && c <= 'F') {
+        return c - 'A' + 10;
+    }
+    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+}
+
 /// In either case.
 [[nodiscard]] constexpr bool isHexDigit(char c) {
-    return isDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    return hexDigit(c) >= 0;
 }
 
 [[nodiscard]] constexpr bool isLetter(char c) {

@@ -13,19 +13,6 @@ namespace zor {
 
 namespace {
 
-int hexDigit(char c) {
-    if (isDigit(c)) {
-        return c - '0';
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    if (c >= 'a' && c <= 'f') {
-        return c - 'a' + 10;
-    }
-    return -1;
-}
-
 double hexPrefix(std::string_view digits) {
     double value = 0;
     for (char c : digits) {

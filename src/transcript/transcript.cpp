@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "transcript/transcript.h"
 
+#include "support/letters.h"
 #include "support/numbers.h"
 
 #include <array>
@@ -16,16 +17,6 @@ constexpr std::array<std::pair<char, char>, 5> escapes = {
 
 bool blank(char c) {
     return c == ' ' || c == '\t';
-}
-
-int hexDigit(char c) {
-    if (c >= '0' && c <= '9') {
-        return c - '0';
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
 }
 
 /// Reads what stands behind a backslash.

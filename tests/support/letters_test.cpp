@@ -29,6 +29,18 @@ TEST(Letters, AreThoseOfAsciiAlone) {
     EXPECT_EQ(bytesThat(isSpace), "\t\n\v\f\r ");
 }
 
+TEST(Letters, HexadecimalDigitsAreWorthTheSameInEitherCase) {
+    const std::string upperDigits = "0123456789ABCDEF";
+    for (int value = 0; value < 16; ++value) {
+        char digit = upperDigits[static_cast<std::size_t>(value)];
+        EXPECT_EQ(hexDigit(digit), value);
+        EXPECT_EQ(hexDigit(lower(digit)), value);
+    }
+    for (char other : {'G', 'g', '@', '`', '/', ':', '\0', '\xE4'}) {
+        EXPECT_EQ(hexDigit(other), -1) << other;
+    }
+}
+
 TEST(Letters, OfAnotherLanguageStayAsTheyAreInEveryLocale) {
     const std::string umlauts = "\xC3\x84\xC3\xA4 \xC4 \xE4";
     for (const char* locale : {"C", "C.UTF-8", "de_DE.ISO-8859-1", "tr_TR.UTF-8"}) {
