@@ -16,10 +16,12 @@ constexpr std::size_t keptAnswer = 4096;
 
 /// A rolling tail: the newest characters, at most so many.
 void push(std::string& tail, char c, std::size_t length) {
-    if (tail.size() >= length) {
-        tail.erase(0, tail.size() - length + 1);
+    if (tail.size() < length) {
+        tail += c;
+        return;
     }
-    tail += c;
+    std::shift_left(tail.begin(), tail.end(), 1);
+    tail.back() = c;
 }
 
 /// What a received character looks like in a window; a line feed does not show.

@@ -45,8 +45,8 @@ std::string setBits(const Names& names, std::uint32_t value) {
 /// The last of what a board said, as the tool takes a value from it: 15 characters, also of a shorter answer.
 std::string endOf(std::string_view answer) {
     constexpr std::size_t kept = 15;
-    std::string padded = std::string(kept, ' ') + std::string(answer);
-    return padded.substr(padded.size() - kept);
+    std::string_view end = answer.substr(answer.size() - std::min(answer.size(), kept));
+    return std::string(kept - end.size(), ' ').append(end);
 }
 
 } // namespace

@@ -16,9 +16,10 @@ void RunReport::begin() {
     begun = tool.bench.platform.loop.now();
 }
 
-void RunReport::at(const std::string& what, std::size_t done, std::size_t total) {
+void RunReport::at(std::string what, std::size_t done, std::size_t total) {
     underWay = true;
-    show(what + " " + std::to_string(done) + " of " + std::to_string(total));
+    what.append(" ").append(std::to_string(done)).append(" of ").append(std::to_string(total));
+    show(std::move(what));
 }
 
 void RunReport::end(const std::string& outcome, const std::string& remark) {
@@ -51,8 +52,11 @@ void RunReport::endScript(const std::string& outcome) {
     show(outcome);
 }
 
-void RunReport::show(const std::string& text) {
-    Doing.setCaption(script + (script.empty() || text.empty() ? "" : ", ") + text);
+void RunReport::show(std::string text) {
+    if (!script.empty()) {
+        text.insert(0, text.empty() ? script : script + ", ");
+    }
+    Doing.setCaption(std::move(text));
 }
 
 } // namespace zor

@@ -22,7 +22,7 @@ class RunReport {
     /// An action has begun; its time counts from here.
     void begin();
     /// What it is at: "reading the receive FIFO, byte", 41, 64.
-    void at(const std::string& what, std::size_t done, std::size_t total);
+    void at(std::string what, std::size_t done, std::size_t total);
     /// What came of it: "46 registers read", with the time that it took.
     /// @param remark  what else there is to say; may be empty
     void end(const std::string& outcome, const std::string& remark = {});
@@ -36,7 +36,7 @@ class RunReport {
     void endScript(const std::string& outcome);
 
   private:
-    void show(const std::string& text);
+    void show(std::string text);
 
     SPI& tool;
     std::string script;

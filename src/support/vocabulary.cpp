@@ -126,8 +126,12 @@ bool hasForm(std::string_view text, Argument argument) {
 }
 
 const Command* find(std::string_view line) {
+    if (line.empty()) {
+        return nullptr;
+    }
     auto row = std::find_if(commands.begin(), commands.end(), [line](const Command& command) {
-        return line.starts_with(command.word) &&
+        // Most rows differ in their first letter; every exchange is looked up.
+        return line.front() == command.word.front() && line.starts_with(command.word) &&
                hasForm(withoutBlanksInFront(line.substr(command.word.size())), command.argument);
     });
     return row == commands.end() ? nullptr : &*row;

@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace zor {
 
@@ -27,20 +28,23 @@ EventLoop::Duration QtLoop::now() const {
 
 EventLoop::TimerId QtLoop::startTimer(Duration interval, Repeat repeat, std::function<void()> callback) {
     auto rounded = std::max(std::chrono::ceil<milliseconds>(interval), milliseconds(repeat == Repeat::Every));
-    Duration due = now() + rounded;
     TimerId id = ++lastId;
-    timers.emplace(Key(due, id), Entry{rounded, repeat, std::move(callback)});
-    dueTimes.emplace(id, due);
+    put({now() + rounded, id, rounded, repeat, std::move(callback)});
     arm();
     return id;
 }
 
 void QtLoop::stopTimer(TimerId timer) {
-    auto due = dueTimes.find(timer);
-    if (due != dueTimes.end()) {
-        timers.erase(Key(due->second, timer));
-        dueTimes.erase(due);
+    auto running = std::ranges::find(timers, timer, &Entry::id);
+    if (running != timers.end()) {
+        timers.erase(running);
     }
+}
+
+void QtLoop::put(Entry entry) {
+    auto order = [](const Entry& timer) { return std::pair(timer.due, timer.id); };
+    auto place = std::ranges::upper_bound(timers, order(entry), {}, order);
+    timers.insert(place, std::move(entry));
 }
 
 void QtLoop::runOnce() {
@@ -72,7 +76,7 @@ void QtLoop::arm() {
     if (timers.empty()) {
         return;
     }
-    Duration due = timers.begin()->first.first;
+    Duration due = timers.front().due;
     // Woken too early it finds nothing that is due and goes on; so a timer that each exchange stops and
     // starts again costs the toolkit nothing.
     if (!wake.isActive() || due < wakeDue) {
@@ -82,21 +86,17 @@ void QtLoop::arm() {
 }
 
 void QtLoop::fireNext() {
-    if (timers.empty() || timers.begin()->first.first > now()) {
+    if (timers.empty() || timers.front().due > now()) {
         arm();
         return;
     }
-    auto node = timers.extract(timers.begin());
-    auto [due, id] = node.key();
-    auto callback = node.mapped().callback;
-    if (node.mapped().repeat == Repeat::Every) {
+    Entry fired = std::move(timers.front());
+    timers.erase(timers.begin());
+    auto callback = fired.callback;
+    if (fired.repeat == Repeat::Every) {
         // Late ticks are left out rather than made up for: after a long stop there would be a burst of them.
-        due = std::max(due + node.mapped().interval, now());
-        node.key() = Key(due, id);
-        timers.insert(std::move(node));
-        dueTimes[id] = due;
-    } else {
-        dueTimes.erase(id);
+        fired.due = std::max(fired.due + fired.interval, now());
+        put(std::move(fired));
     }
     // The callback may wait in a loop of its own, in which the other timers, and this one, must go on.
     arm();

@@ -8,9 +8,6 @@
 #include <QTimer>
 
 #include <functional>
-#include <map>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace zor {
@@ -34,14 +31,15 @@ class QtLoop : public EventLoop {
     void afterEvent(std::function<void()> action);
 
   private:
-    /// Due time, then order of start.
-    using Key = std::pair<Duration, TimerId>;
     struct Entry {
+        Duration due;
+        TimerId id;
         Duration interval;
         Repeat repeat;
         std::function<void()> callback;
     };
 
+    void put(Entry entry);
     void arm();
     void fireNext();
     /// @return whether there was any
@@ -55,8 +53,8 @@ class QtLoop : public EventLoop {
     /// Lets the toolkit's own loops, such as an open dialog's, run what waits behind an event.
     QObject turns;
     std::vector<std::function<void()>> behind;
-    std::map<Key, Entry> timers;
-    std::unordered_map<TimerId, Duration> dueTimes;
+    /// By due time, then by order of start. They are few, and every exchange stops one and starts it again.
+    std::vector<Entry> timers;
     TimerId lastId = 0;
 };
 

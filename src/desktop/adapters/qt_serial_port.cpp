@@ -258,8 +258,10 @@ void QtSerialPort::afterEvent(std::function<void()> action) {
 }
 
 void QtSerialPort::takeIncoming() {
-    QByteArray bytes = port.readAll();
-    incoming.insert(incoming.end(), bytes.begin(), bytes.end());
+    std::array<char, 256> block{};
+    for (qint64 count = 0; (count = port.read(block.data(), block.size())) > 0;) {
+        incoming.insert(incoming.end(), block.begin(), block.begin() + count);
+    }
     reportLineErrors();
     // The toolkit tells of nothing new while this call runs, so it must end before a character is handed on.
     askDelivery();
