@@ -29,7 +29,7 @@ void BareExchange(benchmark::State& state) {
         line.exchange("S2A7D0\r");
     }
 }
-BENCHMARK(BareExchange)->UseRealTime();
+BENCHMARK(BareExchange)->UseRealTime()->Apply(manyShortRepetitions);
 
 void ChannelExchange(benchmark::State& state) {
     OnProcessor first(0);
@@ -38,7 +38,7 @@ void ChannelExchange(benchmark::State& state) {
         bench.connect().Send_To_LoadBoard("S2A7D0\r");
     }
 }
-BENCHMARK(ChannelExchange)->UseRealTime();
+BENCHMARK(ChannelExchange)->UseRealTime()->Apply(manyShortRepetitions);
 
 void BareUpdate(benchmark::State& state) {
     OnProcessor first(0);
@@ -49,7 +49,7 @@ void BareUpdate(benchmark::State& state) {
         }
     }
 }
-BENCHMARK(BareUpdate)->UseRealTime();
+BENCHMARK(BareUpdate)->UseRealTime()->Apply(manyShortRepetitions);
 
 void PanelUpdate(benchmark::State& state) {
     OnProcessor first(0);
@@ -59,7 +59,7 @@ void PanelUpdate(benchmark::State& state) {
         panel.Update.click();
     }
 }
-BENCHMARK(PanelUpdate)->UseRealTime();
+BENCHMARK(PanelUpdate)->UseRealTime()->Apply(manyShortRepetitions);
 
 } // namespace
 

@@ -101,12 +101,12 @@ void bareLines(benchmark::State& state, std::string (*lineOf)(int number)) {
 void BareTableReads(benchmark::State& state) {
     bareLines(state, [](int number) { return tableReadLine(addressOf(number)); });
 }
-BENCHMARK(BareTableReads)->UseRealTime();
+BENCHMARK(BareTableReads)->UseRealTime()->Apply(manyShortRepetitions);
 
 void BareTableWrites(benchmark::State& state) {
     bareLines(state, [](int number) { return writeLine(addressOf(number), "5F"); });
 }
-BENCHMARK(BareTableWrites)->UseRealTime();
+BENCHMARK(BareTableWrites)->UseRealTime()->Apply(manyShortRepetitions);
 
 void TableRefresh(benchmark::State& state) {
     OnProcessor first(0);
@@ -115,7 +115,7 @@ void TableRefresh(benchmark::State& state) {
         bench.tool().whole.RefreshTable.click();
     }
 }
-BENCHMARK(TableRefresh)->UseRealTime();
+BENCHMARK(TableRefresh)->UseRealTime()->Apply(manyShortRepetitions);
 
 void ChipUpdate(benchmark::State& state) {
     OnProcessor first(0);
@@ -124,7 +124,7 @@ void ChipUpdate(benchmark::State& state) {
         bench.tool().whole.UpdateChip.click();
     }
 }
-BENCHMARK(ChipUpdate)->UseRealTime();
+BENCHMARK(ChipUpdate)->UseRealTime()->Apply(manyShortRepetitions);
 
 void TableLineTime(benchmark::State& state) {
     // "S2 0A00" and its CR out; four digits, a separator and the prompt back.
@@ -181,7 +181,7 @@ void BareInserts(benchmark::State& state) {
         transaction.commit();
     }
 }
-BENCHMARK(BareInserts)->UseRealTime();
+BENCHMARK(BareInserts)->UseRealTime()->Apply(manyShortRepetitions);
 
 void ChipChoice(benchmark::State& state) {
     ToolOnTerminal bench(registerCount);
@@ -189,7 +189,7 @@ void ChipChoice(benchmark::State& state) {
         bench.tool().ChipSelect.choosePosition(0);
     }
 }
-BENCHMARK(ChipChoice)->UseRealTime();
+BENCHMARK(ChipChoice)->UseRealTime()->Apply(manyShortRepetitions);
 
 /// What one register of a chip costs.
 void choiceEach(benchmark::State& state, int registers) {
