@@ -4,6 +4,7 @@
 // inserts of the same rows in one transaction.
 #include "answering_terminal.h"
 #include "bench_on_terminal.h"
+#include "in_turns.h"
 #include "ratio.h"
 
 #include "desktop/adapters/qt_text.h"
@@ -87,44 +88,34 @@ class ToolOnTerminal {
     ToolAt bench;
 };
 
-void bareLines(benchmark::State& state, std::string (*lineOf)(int number)) {
+/// A walk over the whole table against the bare exchanges of its lines.
+void walkInTurns(benchmark::State& state, std::string (*lineOf)(int number), Button WholeTable::*walk) {
     OnProcessor first(0);
-    AnsweringTerminal terminal;
-    BareLine line(terminal.path());
-    for (auto _ : state) {
-        for (int number = 0; number < registerCount; ++number) {
-            line.exchange(lineOf(number));
-        }
-    }
+    AnsweringTerminal bareTerminal;
+    BareLine line(bareTerminal.path());
+    ToolOnTerminal bench(registerCount);
+    Button& button = bench.tool().whole.*walk;
+    takeTurns(
+        state, 1,
+        [&] {
+            for (int number = 0; number < registerCount; ++number) {
+                line.exchange(lineOf(number));
+            }
+        },
+        [&] { button.click(); });
 }
-
-void BareTableReads(benchmark::State& state) {
-    bareLines(state, [](int number) { return tableReadLine(addressOf(number)); });
-}
-BENCHMARK(BareTableReads)->UseRealTime()->Apply(manyShortRepetitions);
-
-void BareTableWrites(benchmark::State& state) {
-    bareLines(state, [](int number) { return writeLine(addressOf(number), "5F"); });
-}
-BENCHMARK(BareTableWrites)->UseRealTime()->Apply(manyShortRepetitions);
 
 void TableRefresh(benchmark::State& state) {
-    OnProcessor first(0);
-    ToolOnTerminal bench(registerCount);
-    for (auto _ : state) {
-        bench.tool().whole.RefreshTable.click();
-    }
+    walkInTurns(
+        state, [](int number) { return tableReadLine(addressOf(number)); }, &WholeTable::RefreshTable);
 }
-BENCHMARK(TableRefresh)->UseRealTime()->Apply(manyShortRepetitions);
+BENCHMARK(TableRefresh)->Apply(manyRepetitions);
 
 void ChipUpdate(benchmark::State& state) {
-    OnProcessor first(0);
-    ToolOnTerminal bench(registerCount);
-    for (auto _ : state) {
-        bench.tool().whole.UpdateChip.click();
-    }
+    walkInTurns(
+        state, [](int number) { return writeLine(addressOf(number), "5F"); }, &WholeTable::UpdateChip);
 }
-BENCHMARK(ChipUpdate)->UseRealTime()->Apply(manyShortRepetitions);
+BENCHMARK(ChipUpdate)->Apply(manyRepetitions);
 
 void TableLineTime(benchmark::State& state) {
     // "S2 0A00" and its CR out; four digits, a separator and the prompt back.
@@ -152,7 +143,7 @@ void PacedTableRefresh(benchmark::State& state) {
 }
 BENCHMARK(PacedTableRefresh)->UseRealTime()->Iterations(1);
 
-void BareInserts(benchmark::State& state) {
+void ChipChoice(benchmark::State& state) {
     QTemporaryDir folder;
     std::filesystem::path file = std::filesystem::path(folder.path().toStdString()) / "ZOR.db";
     store::SqliteRegisterStores().create(file);
@@ -165,7 +156,7 @@ void BareInserts(benchmark::State& state) {
                   "StatusReg, R, W,"
                   " bit7, bit6, bit5, bit4, bit3, bit2, bit1, bit0, DefaultValue, HexValue, BinaryValue)"
                   " VALUES (?, ?, ?, 0, 1, 0, 0, 0, 1, 1, ?, ?, ?, ?, ?, ?, ?, ?, '5F', '5F', '0101 1111')");
-    for (auto _ : state) {
+    auto bareInserts = [&] {
         SQLite::Transaction transaction(database);
         database.exec("DELETE FROM Setting");
         for (const ListedRegister& entry : list.registers) {
@@ -179,17 +170,11 @@ void BareInserts(benchmark::State& state) {
             insert.exec();
         }
         transaction.commit();
-    }
-}
-BENCHMARK(BareInserts)->UseRealTime()->Apply(manyShortRepetitions);
-
-void ChipChoice(benchmark::State& state) {
+    };
     ToolOnTerminal bench(registerCount);
-    for (auto _ : state) {
-        bench.tool().ChipSelect.choosePosition(0);
-    }
+    takeTurns(state, 1, bareInserts, [&] { bench.tool().ChipSelect.choosePosition(0); });
 }
-BENCHMARK(ChipChoice)->UseRealTime()->Apply(manyShortRepetitions);
+BENCHMARK(ChipChoice)->Apply(manyRepetitions);
 
 /// What one register of a chip costs.
 void choiceEach(benchmark::State& state, int registers) {
