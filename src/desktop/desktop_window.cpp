@@ -84,6 +84,7 @@ DesktopWindow::DesktopWindow(MainWindow& mainForm, Screens screens)
         QCoreApplication::exit();
     }));
     follow();
+    showStartPageSoon();
 }
 
 DesktopWindow::~DesktopWindow() {

@@ -43,6 +43,18 @@ StartPage::StartPage(MainWindow& mainForm, QWidget& area)
     , main(mainForm) {
     setObjectName(QStringLiteral("StartPage"));
     setAccessibleName(QStringLiteral("Start page"));
+    hide();
+}
+
+void StartPage::setVisible(bool visible) {
+    // At the start the splash lies over it, and many a workspace never shows it.
+    if (visible && layout() == nullptr) {
+        build();
+    }
+    QWidget::setVisible(visible);
+}
+
+void StartPage::build() {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2 * spaceBetween);
@@ -194,6 +206,9 @@ void StartPage::showFiles() {
 }
 
 void StartPage::showOffers() {
+    if (offers == nullptr) {
+        return;
+    }
     demo->setVisible(startDemo && startAdvice(main).offersDemo);
     offers->setVisible(!files->isHidden() || !demo->isHidden());
 }
@@ -213,7 +228,7 @@ void StartPage::follow() {
 
 bool StartPage::event(QEvent* event) {
     bool used = QWidget::event(event);
-    if (event->type() == QEvent::LayoutRequest) {
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
         // What came or went wants another size.
         fit();
     }
@@ -221,6 +236,10 @@ bool StartPage::event(QEvent* event) {
 }
 
 void StartPage::fit() {
+    if (isHidden()) {
+        // Laying it out costs as much as opening the window does, most often behind the splash.
+        return;
+    }
     const QWidget& area = *parentWidget();
     constexpr int margin = 24;
     // A narrow window needs its width.

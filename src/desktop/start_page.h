@@ -28,6 +28,8 @@ class StartPage : public QWidget {
     void offerDemo(std::function<bool()> start);
     /// In the middle of the area, as far as there is room.
     void fit();
+    /// The first time it fills the page.
+    void setVisible(bool visible) override;
 
     /// So many of the last files are offered where there is room, and so many in a small window.
     static constexpr int mostFiles = 4;
@@ -37,6 +39,7 @@ class StartPage : public QWidget {
     bool event(QEvent* event) override;
 
   private:
+    void build();
     QWidget* header();
     QWidget* boardGroup();
     QWidget* chipGroups();

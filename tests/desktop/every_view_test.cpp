@@ -90,6 +90,12 @@ TEST_P(EveryView, IsWalkedWithTheTabKeyAlone) {
 TEST(DesktopWindow, ShowsEveryElementOfTheMainForm) {
     Program program;
     program.start();
+    // A menu gets its entries when it comes into sight: that of a chip's last files with the first of them.
+    for (Element* element : program.main.elements()) {
+        if (auto* entry = dynamic_cast<MenuEntry*>(element); entry != nullptr && !entry->children().empty()) {
+            entry->setVisible(true);
+        }
+    }
     EXPECT_EQ(unseenElements(program.main, program.window), QStringList());
     EXPECT_EQ(wronglyHidden(program.window), QStringList());
 }

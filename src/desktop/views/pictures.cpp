@@ -5,6 +5,7 @@
 #include "desktop/widgets/colours.h"
 #include "platform/dialogs.h"
 
+#include <QIconEngine>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -55,12 +56,11 @@ void drawSign(QPainter& painter, const QRectF& box, const QColor& data, const QC
 }
 
 /// A tile with one bit of the sign: a slow wave, then a fast one. All eight would be a blur in 16 pixels.
-QPixmap iconTile(int side) {
-    QPixmap tile(side, side);
-    tile.fill(Qt::transparent);
-    QPainter painter(&tile);
+void paintTile(QPainter& painter, const QRectF& place) {
+    painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(side / 64.0, side / 64.0);
+    painter.translate(place.topLeft());
+    painter.scale(place.width() / 64, place.height() / 64);
     const RoleColours& colours = roles(Scheme::Light);
     painter.setPen(Qt::NoPen);
     painter.setBrush(colours.accent);
@@ -78,8 +78,34 @@ QPixmap iconTile(int side) {
     painter.drawPath(wave);
     painter.setPen(QPen(colours.lit, 4, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     painter.drawPolyline(QPolygonF({{8, 17}, {32, 17}, {32, 11}, {56, 11}}));
-    return tile;
+    painter.restore();
 }
+
+/// Draws the tile in whatever size is asked for, when it is.
+class TileEngine : public QIconEngine {
+  public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        paintTile(*painter, rect);
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override {
+        QPixmap tile(size);
+        tile.fill(Qt::transparent);
+        QPainter painter(&tile);
+        paintTile(painter, tile.rect());
+        return tile;
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new TileEngine(*this); }
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
+    /// What is handed to the window manager: larger ones it has from the installed program's entry, and
+    /// drawing them would cost the start more than all its menus.
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+        QList<QSize> sizes;
+        for (int side : {16, 24, 32, 48, 64}) {
+            sizes.append({side, side});
+        }
+        return sizes;
+    }
+};
 
 class IconView : public QWidget {
   public:
@@ -88,7 +114,7 @@ class IconView : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        productIcon().paint(&painter, rect());
+        paintTile(painter, rect());
     }
 };
 
@@ -193,11 +219,7 @@ class DataFilterView : public QWidget {
 } // namespace
 
 QIcon productIcon() {
-    QIcon icon;
-    for (int side : {16, 24, 32, 48, 64, 128, 256}) {
-        icon.addPixmap(iconTile(side));
-    }
-    return icon;
+    return QIcon(new TileEngine);
 }
 
 QWidget* iconPicture(Element& element, int height) {

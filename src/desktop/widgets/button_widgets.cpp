@@ -120,14 +120,8 @@ QColor toneColour(const QPalette& palette, Tone tone) {
 void fillMenu(QMenu& menu, const MenuEntry& parent);
 
 void addEntry(QWidget& owner, MenuEntry& entry) {
-    QAction* action = nullptr;
-    if (!entry.children().empty()) {
-        auto* menu = new QMenu(&owner);
-        fillMenu(*menu, entry);
-        action = menu->menuAction();
-    } else {
-        action = new QAction(&owner);
-    }
+    QMenu* menu = entry.children().empty() ? nullptr : new QMenu(&owner);
+    QAction* action = menu == nullptr ? new QAction(&owner) : menu->menuAction();
     if (entry.beginsSection()) {
         auto* line = new QAction(&owner);
         line->setSeparator(true);
@@ -137,8 +131,12 @@ void addEntry(QWidget& owner, MenuEntry& entry) {
     auto* binding = new Binding(entry, *action);
     QObject::connect(action, &QAction::triggered, binding,
                      [binding] { binding->gesture([&] { binding->element()->click(); }); });
-    binding->onDraw([binding, action] {
+    binding->onDraw([binding, action, menu] {
         const auto& held = *elementOf<MenuEntry>(*binding);
+        // Nobody opens a hidden menu, and there are many: one of the last files for each chip.
+        if (menu != nullptr && menu->actions().isEmpty() && held.shown()) {
+            fillMenu(*menu, held);
+        }
         QString caption = toQt(held.caption());
         bool onBar = held.container() == nullptr && !caption.contains(QLatin1Char('&'));
         action->setText(onBar ? QLatin1Char('&') + caption : caption);
