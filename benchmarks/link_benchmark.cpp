@@ -31,8 +31,6 @@ namespace zor::benchmarks {
 
 namespace {
 
-using Seconds = std::chrono::duration<double>;
-
 constexpr Seconds toggleTime{0.050};
 /// Of the silence behind a packet that ends it.
 constexpr Seconds readTimeout{0.050};

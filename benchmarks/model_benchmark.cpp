@@ -3,6 +3,7 @@
 // number texts.
 #include "answering_terminal.h"
 #include "bench_on_terminal.h"
+#include "in_turns.h"
 #include "ratio.h"
 
 #include "support/numbers.h"
@@ -15,29 +16,28 @@ namespace {
 
 const DeclareRatio commitRatio("CommittedFrequency", "BareFrequency", 25);
 
-void BareFrequency(benchmark::State& state) {
-    FrequencyScale scale;
-    std::size_t turn = 0;
-    for (auto _ : state) {
-        double megahertz = numericPrefix(typedFrequencies[turn++ % typedFrequencies.size()]);
-        double shown = centreFrequency(frequencyParameter(megahertz, scale), scale);
-        benchmark::DoNotOptimize(numberText(shown));
-        benchmark::DoNotOptimize(shownNumber(shown, 4).text);
-    }
-}
-BENCHMARK(BareFrequency)->UseRealTime();
-
 void CommittedFrequency(benchmark::State& state) {
+    constexpr int timesATurn = 1000;
     AnsweringTerminal terminal;
     BenchOnTerminal bench(terminal.path());
     OpalV2& panel = bench.panel();
-    std::size_t turn = 0;
-    for (auto _ : state) {
-        panel.FreqCenter.type(typedFrequencies[turn++ % typedFrequencies.size()]);
-        benchmark::DoNotOptimize(panel.Freqw.text());
-    }
+    FrequencyScale scale;
+    std::size_t bareTurn = 0;
+    std::size_t ownTurn = 0;
+    takeTurns(
+        state, timesATurn,
+        [&] {
+            double megahertz = numericPrefix(typedFrequencies[bareTurn++ % typedFrequencies.size()]);
+            double shown = centreFrequency(frequencyParameter(megahertz, scale), scale);
+            benchmark::DoNotOptimize(numberText(shown));
+            benchmark::DoNotOptimize(shownNumber(shown, 4).text);
+        },
+        [&] {
+            panel.FreqCenter.type(typedFrequencies[ownTurn++ % typedFrequencies.size()]);
+            benchmark::DoNotOptimize(panel.Freqw.text());
+        });
 }
-BENCHMARK(CommittedFrequency)->UseRealTime();
+BENCHMARK(CommittedFrequency)->UseManualTime();
 
 } // namespace
 

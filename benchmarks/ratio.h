@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <chrono>
 #include <string>
 #include <vector>
 
 namespace zor::benchmarks {
+
+using Seconds = std::chrono::duration<double>;
 
 /// A measurement against its yardstick of the same run: the product's way, the bare way, and how many times
 /// as long the first may take. Of two that are measured in turns the yardstick is a name alone.
