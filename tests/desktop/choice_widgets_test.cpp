@@ -88,6 +88,34 @@ TEST_F(ChoiceWidgets, AListShowsATextThatNoEntryHas) {
     EXPECT_EQ(combo.currentIndex(), -1);
 }
 
+TEST_F(ChoiceWidgets, AListIsAsWideAsTheToolkitsOwnWithNoDropDownMade) {
+    auto& element = add<ListBox>("Cxtal", std::vector<std::string>{}, "");
+    auto& combo = show<QComboBox>(list(element, 0));
+    QComboBox toolkits;
+    toolkits.setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    auto expectSameHint = [&](const char* when) {
+        EXPECT_EQ(combo.sizeHint(), toolkits.sizeHint()) << when;
+        EXPECT_EQ(combo.minimumSizeHint(), combo.sizeHint()) << when;
+    };
+    expectSameHint("empty, of its own least width");
+    element.setEntries({"8.5 pF", "16.0 pF"});
+    toolkits.addItems({"8.5 pF", "16.0 pF"});
+    expectSameHint("filled");
+    element.setEntries({"8.5 pF", "16.0 pF", "as measured on the board"});
+    toolkits.addItem("as measured on the board");
+    expectSameHint("with a longer entry");
+    element.setEntries({"8.5 pF"});
+    toolkits.clear();
+    toolkits.addItem("8.5 pF");
+    expectSameHint("with fewer entries");
+    EXPECT_TRUE(combo.findChildren<QAbstractItemView*>().isEmpty());
+    QFont large = combo.font();
+    large.setPointSizeF(large.pointSizeF() * 2);
+    combo.setFont(large);
+    toolkits.setFont(large);
+    expectSameHint("in larger letters");
+}
+
 TEST_F(ChoiceWidgets, ALockedListOpensNoPopUpAndKeepsItsText) {
     auto& element = add<ListBox>("LoadboardList", std::vector<std::string>{"One", "Two"}, "One");
     auto& combo = show<QComboBox>(list(element));

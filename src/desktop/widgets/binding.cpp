@@ -100,19 +100,26 @@ void Binding::letGo() {
 
 void Binding::onDraw(std::function<void()> drawingAction) {
     draw = std::move(drawingAction);
-    redraw();
+    // What every element has is shown already.
+    drawBy(draw);
 }
 
 void Binding::redraw() {
+    drawBy([this] {
+        showState();
+        if (draw) {
+            draw();
+        }
+    });
+}
+
+void Binding::drawBy(const std::function<void()>& drawingAction) {
     // Showing a value may make the widget tell of it, and that must not come back here.
     if (!isLive() || drawing) {
         return;
     }
     drawing = true;
-    showState();
-    if (draw) {
-        draw();
-    }
+    drawingAction();
     drawing = false;
 }
 
@@ -132,9 +139,12 @@ void Binding::showState() {
     if (auto* menuAction = qobject_cast<QAction*>(&target)) {
         menuAction->setVisible(bound->shown());
         menuAction->setEnabled(bound->active());
-        menuAction->setShortcut(QKeySequence(toQt(bound->shortcut())));
-        // A tool may float, a window of its own, and the keys count there too; a dialog keeps them out.
-        menuAction->setShortcutContext(Qt::ApplicationShortcut);
+        if (bound->shortcut() != shownShortcut) {
+            shownShortcut = bound->shortcut();
+            menuAction->setShortcut(QKeySequence(toQt(shownShortcut)));
+            // A tool may float, a window of its own, and the keys count there too; a dialog keeps them out.
+            menuAction->setShortcutContext(Qt::ApplicationShortcut);
+        }
         return;
     }
     QWidget& own = *widget();

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <type_traits>
 #include <typeindex>
 #include <typeinfo>
@@ -80,6 +81,7 @@ class Binding : public QObject {
     [[nodiscard]] bool isLive() const { return bound != nullptr && isWhole(); }
     void subscribe(Element& source);
     void letGo();
+    void drawBy(const std::function<void()>& drawingAction);
     void showState();
     void showBackground();
     void clearBackground();
@@ -92,6 +94,7 @@ class Binding : public QObject {
     std::function<void()> draw;
     QString reason;
     std::optional<Colour> shownBackground;
+    std::string shownShortcut;
     bool backgroundIsShown = true;
     bool visibilityIsShown = true;
     bool drawing = false;

@@ -83,15 +83,34 @@ class ListView : public QComboBox {
     WheelUse wheel = WheelUse::ChoosesWithFocus;
     int columns = 4;
 
+    /// As wide as its widest entry. The toolkit's own hint follows the entries only with the drop-down window
+    /// made beforehand, which costs half of what the whole list does and is hardly ever opened.
     [[nodiscard]] QSize sizeHint() const override {
-        QSize hint = QComboBox::sizeHint();
-        int arrow = hint.height() + 8;
-        // A text that is no entry's, from a file say, may be of any length; it is cut to the room that is
-        // there.
-        int text = fontMetrics().horizontalAdvance(QLatin1Char('0')) * columns;
-        return {std::max(hint.width(), text + arrow), hint.height()};
+        if (!hint.isValid()) {
+            QFontMetrics metrics = fontMetrics();
+            constexpr int emptyWidth = 7;     // letters
+            constexpr int arrowRoom = 14 + 2; // px, however small the letters
+            int widest = count() == 0 ? emptyWidth * metrics.horizontalAdvance(QLatin1Char('x')) : 0;
+            for (int entry = 0; entry < count(); ++entry) {
+                widest = std::max(widest, metrics.boundingRect(itemText(entry)).width());
+            }
+            QStyleOptionComboBox look;
+            initStyleOption(&look);
+            QSize text(widest, std::max(metrics.height() + 2, arrowRoom));
+            hint = style()->sizeFromContents(QStyle::CT_ComboBox, &look, text, this);
+            int arrow = hint.height() + 8;
+            // A text that is no entry's, from a file say, may be of any length; it is cut to the room that is
+            // there.
+            int told = metrics.horizontalAdvance(QLatin1Char('0')) * columns;
+            hint.setWidth(std::max(hint.width(), told + arrow));
+        }
+        return hint;
     }
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+    void measureAnew() {
+        hint = {};
+        updateGeometry();
+    }
 
     void showPopup() override {
         if (!locked) {
@@ -100,6 +119,12 @@ class ListView : public QComboBox {
     }
 
   protected:
+    void changeEvent(QEvent* event) override {
+        QComboBox::changeEvent(event);
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+            measureAnew();
+        }
+    }
     void paintEvent(QPaintEvent*) override {
         QStylePainter painter(this);
         QStyleOptionComboBox look;
@@ -117,6 +142,9 @@ class ListView : public QComboBox {
             event->ignore();
         }
     }
+
+  private:
+    mutable QSize hint;
 };
 
 /// A slider that the wheel moves while it has the focus alone.
@@ -149,6 +177,7 @@ void drawList(ListView& view, const ListBox& held) {
     if (!same) {
         view.clear();
         view.addItems(entries);
+        view.measureAnew();
     }
     for (int i = 0; i < view.count() && i < static_cast<int>(held.entryTips().size()); ++i) {
         view.setItemData(i, toQt(held.entryTips()[static_cast<std::size_t>(i)]), Qt::ToolTipRole);
@@ -158,7 +187,6 @@ void drawList(ListView& view, const ListBox& held) {
     view.shownText = toQt(held.text());
     // A text that is no entry's is known to nobody else; else what the list is for can be said.
     view.setAccessibleDescription(view.currentText() == view.shownText ? QString() : view.shownText);
-    view.updateGeometry();
     view.update();
 }
 
@@ -218,7 +246,6 @@ QWidget* list(ListBox& element, int columns, WheelUse wheel) {
     view->wheel = wheel;
     // The toolkit would give it the focus at the first notch of a wheel over it.
     view->setFocusPolicy(Qt::StrongFocus);
-    view->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     view->setMaxVisibleItems(20);
     auto* binding = new Binding(element, *view);
     binding->followFocus();
