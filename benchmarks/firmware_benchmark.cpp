@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A firmware file of 1 MB made ready for its download, against the mere reading of the file.
+#include "in_turns.h"
 #include "ratio.h"
 
 #include "host/files.h"
@@ -35,22 +36,17 @@ class FirmwareFile {
     QTemporaryDir folder;
 };
 
-void FirmwareFileRead(benchmark::State& state) {
-    FirmwareFile file;
-    for (auto _ : state) {
-        benchmark::DoNotOptimize(readFile(file.path()));
-    }
-}
-BENCHMARK(FirmwareFileRead)->UseRealTime();
-
 void FirmwareLoaded(benchmark::State& state) {
+    constexpr int timesATurn = 5;
     FirmwareFile file;
-    for (auto _ : state) {
-        DownloadImage image(readFile(file.path()));
-        benchmark::DoNotOptimize(image.linesToSend());
-    }
+    takeTurns(
+        state, timesATurn, [&] { benchmark::DoNotOptimize(readFile(file.path())); },
+        [&] {
+            DownloadImage image(readFile(file.path()));
+            benchmark::DoNotOptimize(image.linesToSend());
+        });
 }
-BENCHMARK(FirmwareLoaded)->UseRealTime();
+BENCHMARK(FirmwareLoaded)->UseManualTime();
 
 } // namespace
 

@@ -17,17 +17,20 @@ DownloadImage::DownloadImage(std::string_view file) {
     }
     content.reserve(file.size() + file.size() / 16 + 3);
     content = "L";
-    while (!file.empty()) {
-        std::size_t end = std::min(file.find('\n'), file.size());
-        std::string_view line = file.substr(0, end);
-        if (line.ends_with('\r')) {
-            line.remove_suffix(1);
-        }
-        lastLine = lines == 0 ? 0 : content.size();
-        content.append(line).append(lineEnd);
+    // Most files end their lines as the loader wants them; what stands so already is copied in one piece.
+    std::size_t copied = 0;
+    for (std::size_t begin = 0; begin < file.size();) {
+        std::size_t end = std::min(file.find('\n', begin), file.size());
+        bool returns = end > begin && file[end - 1] == '\r';
+        lastLine = lines == 0 ? 0 : content.size() + begin - copied;
         ++lines;
-        file.remove_prefix(std::min(end + 1, file.size()));
+        if (!returns || end == file.size()) {
+            content.append(file.substr(copied, end - copied - (returns ? 1 : 0))).append(lineEnd);
+            copied = std::min(end + 1, file.size());
+        }
+        begin = end + 1;
     }
+    content.append(file.substr(copied));
 }
 
 std::string LineCutter::cut(const std::string& text) {

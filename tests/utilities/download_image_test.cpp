@@ -22,6 +22,11 @@ TEST(DownloadImage, PutsTheLoadCommandInFrontAndEndsEveryLine) {
         {"a\r\n\r\n", "La\r\n\r\n", 2},
         {"a\rb\n", "La\rb\r\n", 1},
         {"a\r\r\n", "La\r\r\n", 1},
+        {"a\r", "La\r\n", 1},
+        {"\r", "L\r\n", 1},
+        {"a\r\nb\r", "La\r\nb\r\n", 2},
+        {"a\r\nb\nc\r\nd\r\n", "La\r\nb\r\nc\r\nd\r\n", 4},
+        {"\r\n\n\r\n", "L\r\n\r\n\r\n", 3},
     };
     for (const Row& row : rows) {
         DownloadImage image(row.file);
@@ -39,8 +44,9 @@ TEST(DownloadImage, LeavesOutTheLastLineUnlessItIsTheOnlyOne) {
         bool loses;
     };
     const Row rows[] = {
-        {"abc", 1, 6, false},  {"abc\nd", 1, 6, true},       {"abc\n\n", 1, 6, false},
-        {"\n\n", 1, 3, false}, {"abc\nd\nef\n", 2, 9, true}, {"abc\nd\n\n", 2, 9, false},
+        {"abc", 1, 6, false},     {"abc\nd", 1, 6, true},          {"abc\n\n", 1, 6, false},
+        {"\n\n", 1, 3, false},    {"abc\nd\nef\n", 2, 9, true},    {"abc\nd\n\n", 2, 9, false},
+        {"abc\r\nd", 1, 6, true}, {"a\nb\r\nc\r\nd", 3, 10, true}, {"a\r\nb\n\r\n", 2, 7, false},
     };
     for (const Row& row : rows) {
         DownloadImage image(row.file);
